@@ -1,0 +1,35 @@
+# What every target of ours is compiled with, and the one way to declare a library.
+
+if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+  set(CMAKE_BUILD_TYPE Release CACHE STRING "" FORCE)
+endif()
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+endif()
+
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+find_package(Threads REQUIRED)
+
+add_library(quorvane_options INTERFACE)
+target_compile_features(quorvane_options INTERFACE cxx_std_20)
+set_target_properties(quorvane_options PROPERTIES INTERFACE_POSITION_INDEPENDENT_CODE ON)
+# Results must be the same on every machine with the same exp: no contraction of a*b+c into one rounding.
+target_compile_options(quorvane_options INTERFACE
+  -ffp-contract=off -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+  $<$<BOOL:${QUORVANE_WERROR}>:-Werror>)
+if(QUORVANE_SANITIZE)
+  target_compile_options(quorvane_options INTERFACE
+    -fsanitize=${QUORVANE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -g)
+  target_link_options(quorvane_options INTERFACE -fsanitize=${QUORVANE_SANITIZE})
+endif()
+
+# quorvane_library(NAME SOURCES... [LINK libraries...])
+# A static library of one folder. Its headers stand in NAME/include, which only those who link it can see.
+function(quorvane_library name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_include_directories(${name} PUBLIC include PRIVATE src)
+  target_link_libraries(${name} PUBLIC ${arg_LINK} PRIVATE quorvane_options)
+endfunction()

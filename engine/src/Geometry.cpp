@@ -1,0 +1,60 @@
+#include "Neighbourhood.h"
+#include "engine/f_LMlattice.h"
+#include "engine/f_ran0.h"
+
+namespace quorvane {
+
+int fn_neighbi(int i, int dir) {
+  switch (dir) {
+    case 1:
+    case 5:
+    case 7:
+      return i + 1;
+    case 3:
+    case 6:
+    case 8:
+      return i - 1;
+    default:
+      return i;
+  }
+}
+
+int fn_neighbj(int j, int dir) {
+  switch (dir) {
+    case 2:
+    case 5:
+    case 6:
+      return j + 1;
+    case 4:
+    case 7:
+    case 8:
+      return j - 1;
+    default:
+      return j;
+  }
+}
+
+int fn_pbc(int x, int n) {
+  const int remainder = x % n;
+  return remainder < 0 ? remainder + n : remainder;
+}
+
+int fNumNeighbourSitesOfType(int i, int j, int imax, int jmax, int type, const Lattice& lattice) {
+  return countNeighbours(neighboursOf(i, j, imax, jmax, lattice), [=](int n) { return n == type; });
+}
+
+int fUps(int i, int j, int imax, int jmax, const Lattice& lattice) {
+  return countNeighbours(neighboursOf(i, j, imax, jmax, lattice),
+                         [](int n) { return n == 2 || n == 5 || n == 11; });
+}
+
+int fDenses(int i, int j, int imax, int jmax, const Lattice& lattice) {
+  return fNumNeighbourSitesOfType(i, j, imax, jmax, 0, lattice);
+}
+
+void fModelInit(int numTypes, int imax, int jmax, Lattice& lattice) {
+  for (int i = 0; i < imax; ++i)
+    for (int j = 0; j < jmax; ++j) lattice[i][j] = fRandInt(numTypes) - 1;
+}
+
+}  // namespace quorvane

@@ -1,0 +1,133 @@
+#include <cstdint>
+#include <limits>
+
+#include "engine/f_LMlattice.h"
+#include "engine/f_ran0.h"
+#include "model/LatticeModel.h"
+
+namespace quorvane {
+namespace {
+
+using Counter = std::int32_t;
+constexpr Counter kLargestCount = std::numeric_limits<Counter>::max();
+
+/// How far the wait after a sweep counts at a speed.
+std::int64_t waitBound(std::int32_t speed) {
+  // The largest count is never exceeded, so a speed of 0 waits as speeds 1 to 4 do: until it changes.
+  if (speed == 0) return kLargestCount;
+  constexpr std::int64_t countsAtSpeedOne = 10'000'000'000;
+  return (countsAtSpeedOne / speed) ^ 10;
+}
+
+}  // namespace
+
+LatticeModel::~LatticeModel() { endRunLoops(); }
+
+void LatticeModel::runLatticeModel() {
+  varMyState = kRunning;
+  sweepWhileRunning();
+}
+
+void LatticeModel::runLatticeModelInBackground() {
+  joinFinishedLoops();
+  varMyState = kRunning;
+  BackgroundLoop& loop = backgroundLoops_.emplace_back();
+  try {
+    loop.thread = std::thread([this, &loop] {
+      sweepWhileRunning();
+      loop.finished = true;
+    });
+  } catch (...) {
+    backgroundLoops_.pop_back();
+    stopLatticeModel();
+    throw;
+  }
+}
+
+void LatticeModel::stopLatticeModel() { varMyState = kStopped; }
+
+void LatticeModel::endRunLoops() {
+  if (backgroundLoops_.empty()) return;
+  stopLatticeModel();
+  setSimulationSpeed(std::numeric_limits<std::int32_t>::max());
+  for (BackgroundLoop& loop : backgroundLoops_) loop.thread.join();
+  backgroundLoops_.clear();
+}
+
+void LatticeModel::joinFinishedLoops() {
+  backgroundLoops_.remove_if([](BackgroundLoop& loop) {
+    if (!loop.finished) return false;
+    loop.thread.join();
+    return true;
+  });
+}
+
+void LatticeModel::sweepWhileRunning() {
+  while (varMyState == kRunning) {
+    sweepWithHistory();
+    requestRedrawFromRunLoop();
+    waitAfterSweep();
+  }
+}
+
+void LatticeModel::runSweeps(std::int64_t count) {
+  varMyState = kRunning;
+  for (; count > 0 && varMyState == kRunning; --count) sweepWithHistory();
+  if (varMyState == kRunning) stopLatticeModel();
+}
+
+void LatticeModel::sweepWithHistory() {
+  sweep();
+  updateHistory();
+  sweepsDone_ = sweepsDone_ + 1;
+}
+
+void LatticeModel::sweep() {
+  // One attempt more than there are sites.
+  for (int k = 0; k <= varImax * varJmax; ++k) {
+    if (varMyState != kRunning) return;
+    attempt();
+  }
+}
+
+void LatticeModel::attempt() {
+  const int imax = varImax, jmax = varJmax;
+  const int i = fRandInt(imax) - 1;
+  const int j = fRandInt(jmax) - 1;
+  if (imax < 1 || jmax < 1) return;  // No lattice yet, so no site to try.
+  fModelCycle(i, j, imax, jmax, varSiteValues, varNumSiteTypes, varNumRules, varRuleType, varRuleDisabled,
+              varRuleIgnoreEnergy, varRuleEndPoints, varRuleParameter, varRuleFacNumAndType,
+              varAccessibleRulesForSiteID, varAccessibleRulesForSiteIDCount, varPixelImmobile, varSiteField,
+              varSiteMasqueradeAs, varInteractionConstants);
+}
+
+void LatticeModel::updateHistory() {
+  for (int type = 0; type < varNumSiteTypes; ++type) updateHistoryOf(type);
+}
+
+void LatticeModel::updateHistoryOf(int type) {
+  const int imax = varImax, jmax = varJmax;
+  const double persistence = varHistoryPersistenceConst[type];
+  double max = 0.0;
+  for (int i = 0; i < imax; ++i) {
+    const auto& sites = varSiteValues[i];
+    auto& traces = varMobileHistory[type][i];
+    for (int j = 0; j < jmax; ++j) {
+      const double decayed = traces[j] * persistence;
+      const double trace = sites[j] == type ? 1.0 + decayed : decayed;
+      traces[j] = trace;
+      max = trace > max ? trace : max;
+    }
+  }
+  varMobileHistoryMax[type] = 1.0 > max ? 1.0 : max;
+}
+
+void LatticeModel::waitAfterSweep() const {
+  // A volatile counter cannot be optimised away. It stays at its largest value instead of running over, so
+  // that a bound it can never exceed keeps it waiting, and a new speed still ends the wait at the next pass.
+  volatile Counter count = 0;
+  while (count <= waitBound(varDelayAfterCycle))
+    if (count < kLargestCount) count = count + 1;
+}
+
+}  // namespace quorvane

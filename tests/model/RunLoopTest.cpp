@@ -1,0 +1,278 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdint>
+#include <limits>
+#include <thread>
+
+#include "Draws.h"
+#include "TestModel.h"
+
+namespace quorvane {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+constexpr int kFastest = 1'000'000'000;
+constexpr int kSlowest = 5;
+
+/// A rule that turns every site of type 0 into type 1 at its first attempt.
+void addCertainFlip(LatticeModel& model) {
+  model.makeNewRule("flip", kIrreversibleFlip, 0, 1);
+  model.setRuleParam(0, 1.0);
+  model.setRuleIgnoreEnergy(0, 1);
+}
+
+TEST(RunLoop, ASweepMakesOneAttemptMoreThanThereAreSites) {
+  auto model = makeModel(1, 7, 5);
+  model->varMyState = kRunning;
+  Draws draws;
+  model->sweep();
+  EXPECT_EQ(draws.sinceLast(), 2 * (7 * 5 + 1)) << "two draws for each site tried, no rule to draw";
+}
+
+TEST(RunLoop, ALatticeOfOneSiteMakesTwoAttempts) {
+  auto model = makeModel(1, 1, 1);
+  model->varMyState = kRunning;
+  Draws draws;
+  model->sweep();
+  EXPECT_EQ(draws.sinceLast(), 4);
+}
+
+TEST(RunLoop, AnAttemptIsMadeAtTheDrawnColumnThenTheDrawnRow) {
+  auto model = makeModel(2, 3, 200);
+  fillLattice(*model, 0);
+  addCertainFlip(*model);
+  model->varMyState = kRunning;
+  Draws draws;
+  model->sweep();
+  bool expected[3][200] = {};
+  for (int k = 0; k <= 3 * 200; ++k) {
+    const int i = draws.whole(3) - 1;
+    const int j = draws.whole(200) - 1;
+    if (expected[i][j]) continue;  // Type 1 has no rule, so nothing more is drawn there.
+    expected[i][j] = true;
+    draws.real();  // the rule
+    draws.real();  // the acceptance
+  }
+  for (int i = 0; i < 3; ++i)
+    for (int j = 0; j < 200; ++j) ASSERT_EQ(model->getSiteValue(i, j), expected[i][j] ? 1 : 0);
+}
+
+TEST(RunLoop, ASweepOutsideTheRunningStateAttemptsNothing) {
+  for (const int state : {kNotInitialised, kStopped, kPausedForPainting}) {
+    auto model = makeModel(2, 5, 5);
+    model->varMyState = state;
+    Draws draws;
+    model->sweep();
+    EXPECT_EQ(draws.sinceLast(), 0);
+  }
+}
+
+TEST(RunLoop, WithoutALatticeAndEvenWithARuleNothingIsTried) {
+  auto model = std::make_unique<TestModel>();
+  addCertainFlip(*model);
+  model->varMyState = kRunning;
+  Draws draws;
+  model->sweep();
+  EXPECT_EQ(draws.sinceLast(), 2);
+  EXPECT_EQ(model->getSiteValue(0, 0), 0);
+}
+
+TEST(RunLoop, RunsSetTheStateAndStopEndsThem) {
+  auto model = makeModel(2, 10, 10);
+  model->setSimulationSpeed(kFastest);
+  std::thread loop([&] { model->runLatticeModel(); });
+  EXPECT_TRUE(waitUntil([&] { return model->sweepsDone() > 3; }));
+  EXPECT_EQ(model->varMyState, kRunning);
+  model->stopLatticeModel();
+  EXPECT_EQ(model->varMyState, kStopped);
+  loop.join();
+  EXPECT_EQ(model->varMyState, kStopped);
+}
+
+TEST(RunLoop, EverySweepAsksForOneRedrawFromTheLoop) {
+  auto model = makeModel(2, 10, 10);
+  model->setSimulationSpeed(kFastest);
+  model->redraws = 0;
+  model->runLatticeModelInBackground();
+  EXPECT_TRUE(waitUntil([&] { return model->redrawsFromRunLoop > 10; }));
+  model->endRunLoops();
+  EXPECT_EQ(model->redrawsFromRunLoop, model->sweepsDone());
+  EXPECT_EQ(model->redraws, 0);
+}
+
+TEST(RunLoop, AModelWithoutRulesStillSweepsAndKeepsItsTraces) {
+  auto model = makeModel(2, 4, 4);
+  fillLattice(*model, 1);
+  model->reinitHistory(1);
+  model->setPixelPersistence(1, 0.5);
+  Draws draws;
+  model->runSweeps(3);
+  EXPECT_EQ(model->sweepsDone(), 3);
+  EXPECT_EQ(draws.sinceLast(), 3 * 2 * (4 * 4 + 1));
+  EXPECT_EQ(model->varMobileHistoryMax[1], 1.875);
+}
+
+TEST(RunLoop, StoppingDuringASweepLeavesTheRestButStillUpdatesTheTrace) {
+  auto model = makeModel(2, 256, 256);
+  model->setSimulationSpeed(kFastest);
+  model->setPixelPersistence(0, 0.5);
+  model->runLatticeModelInBackground();
+  EXPECT_TRUE(waitUntil([&] { return model->sweepsDone() >= 1; }));
+  model->stopLatticeModel();
+  const auto sweepsAtStop = model->sweepsDone();
+  model->endRunLoops();
+  EXPECT_LE(model->sweepsDone(), sweepsAtStop + 1);
+  EXPECT_EQ(model->redrawsFromRunLoop, model->sweepsDone());
+}
+
+TEST(RunLoop, StoppingAndRestartingKeepsTheTraces) {
+  auto model = makeModel(1, 3, 3);
+  model->setPixelPersistence(0, 0.5);
+  model->runSweeps(1);
+  EXPECT_EQ(model->varMobileHistory[0][1][1], 1.5);
+  model->runSweeps(1);
+  EXPECT_EQ(model->varMobileHistory[0][1][1], 1.75);
+  model->reinitHistory(0);
+  EXPECT_EQ(model->varMobileHistory[0][1][1], 1.0);
+}
+
+TEST(RunLoop, RunningStoppingAndRunningAgainWorks) {
+  auto model = makeModel(2, 20, 20);
+  model->setSimulationSpeed(kFastest);
+  for (int round = 0; round < 50; ++round) {
+    const auto before = model->sweepsDone();
+    model->runLatticeModelInBackground();
+    ASSERT_TRUE(waitUntil([&] { return model->sweepsDone() > before; }));
+    model->stopLatticeModel();
+  }
+  model->endRunLoops();
+  EXPECT_EQ(model->varMyState, kStopped);
+}
+
+TEST(RunLoop, AStopRightAfterTheStartIsNeverOvertaken) {
+  auto model = makeModel(2, 20, 20);
+  model->setSimulationSpeed(kFastest);
+  for (int round = 0; round < 50; ++round) {
+    model->runLatticeModelInBackground();
+    EXPECT_EQ(model->varMyState, kRunning);
+    model->stopLatticeModel();
+    const auto later = Clock::now() + std::chrono::milliseconds(5);
+    ASSERT_TRUE(waitUntil([&] { return model->varMyState != kStopped || Clock::now() > later; }));
+    ASSERT_EQ(model->varMyState, kStopped);
+  }
+}
+
+TEST(RunLoop, TwoLoopsAtOnceBothSweepAndBothEnd) {
+  auto model = makeModel(3, 64, 64);
+  addCertainFlip(*model);
+  model->makeNewRule("back", kIrreversibleFlip, 1, 0);
+  model->setRuleParam(1, 0.5);
+  model->makeNewRule("swap", kSwap, kAnyPixelType, kAnyPixelType);
+  model->setRuleParam(2, 1.0);
+  model->setSimulationSpeed(kFastest);
+  model->runLatticeModelInBackground();
+  model->runLatticeModelInBackground();
+  EXPECT_TRUE(waitUntil([&] { return model->sweepsDone() > 50; }));
+  model->stopLatticeModel();
+  model->endRunLoops();
+  for (int i = 0; i < 64; ++i)
+    for (int j = 0; j < 64; ++j) {
+      ASSERT_GE(model->getSiteValue(i, j), 0);
+      ASSERT_LT(model->getSiteValue(i, j), 3);
+    }
+}
+
+TEST(RunLoop, AnOldLoopGoesOnWhenTheStateIsRunningAgainBeforeItLooked) {
+  auto model = makeModel(1, 2, 2);
+  model->setSimulationSpeed(kSlowest);
+  model->runLatticeModelInBackground();
+  ASSERT_TRUE(waitUntil([&] { return model->sweepsDone() == 1; })) << "now in its wait";
+  model->varMyState = kPausedForPainting;
+  model->runLatticeModelInBackground();
+  ASSERT_TRUE(waitUntil([&] { return model->sweepsDone() == 2; })) << "the second loop's first sweep";
+  model->setSimulationSpeed(kFastest);
+  EXPECT_TRUE(waitUntil([&] { return model->sweepsDone() > 10; }));
+}
+
+TEST(RunLoop, QuittingAtTheSlowestSpeedTakesNoLongerThanASweep) {
+  for (const int speed : {kSlowest, 1, 4, 0}) {
+    auto model = makeModel(2, 16, 16);
+    model->setSimulationSpeed(speed);
+    model->runLatticeModelInBackground();
+    ASSERT_TRUE(waitUntil([&] { return model->sweepsDone() == 1; }));
+    const auto start = Clock::now();
+    model.reset();
+    EXPECT_LT(Clock::now() - start, std::chrono::seconds(2)) << "speed " << speed;
+  }
+}
+
+TEST(RunLoop, QuittingRightAfterTheStartEnds) {
+  for (int round = 0; round < 100; ++round) {
+    auto model = makeModel(1, 2, 2);
+    model->setSimulationSpeed(kSlowest);
+    model->runLatticeModelInBackground();
+  }
+}
+
+TEST(RunLoop, ANewSpeedTakesEffectWithinTheWait) {
+  auto model = makeModel(1, 2, 2);
+  model->setSimulationSpeed(kSlowest);
+  model->runLatticeModelInBackground();
+  ASSERT_TRUE(waitUntil([&] { return model->sweepsDone() == 1; }));
+  model->setSimulationSpeed(kFastest);
+  EXPECT_TRUE(waitUntil([&] { return model->sweepsDone() > 5; }));
+}
+
+TEST(RunLoop, ASpeedBelowFiveWaitsUntilTheSpeedChanges) {
+  auto model = makeModel(1, 1, 1);
+  model->setSimulationSpeed(4);
+  model->runLatticeModelInBackground();
+  ASSERT_TRUE(waitUntil([&] { return model->sweepsDone() == 1; }));
+  EXPECT_FALSE(waitUntil([&] { return model->sweepsDone() > 1; }, std::chrono::seconds(1)));
+  model->setSimulationSpeed(-1);
+  EXPECT_TRUE(waitUntil([&] { return model->sweepsDone() > 5; })) << "a negative speed gives no wait";
+}
+
+TEST(RunLoop, TheWaitIsARealCountThatShrinksWithTheSpeed) {
+  // Counts to 10^10 / speed: a tenth of the speed makes the wait ten times as long, give or take the noise.
+  const auto timeOfSweeps = [](int speed, int sweeps) {
+    auto model = makeModel(1, 1, 1);
+    model->setSimulationSpeed(speed);
+    const auto start = Clock::now();
+    model->runLatticeModelInBackground();
+    EXPECT_TRUE(waitUntil([&] { return model->sweepsDone() > sweeps; }));
+    return std::chrono::duration<double>(Clock::now() - start).count();
+  };
+  const double fast = timeOfSweeps(100'000, 10);
+  const double slow = timeOfSweeps(10'000, 10);
+  EXPECT_GT(fast, 0.0005) << "a million passes cannot take less";
+  EXPECT_GT(slow, 3 * fast);
+}
+
+TEST(RunLoop, RunningSweepsMakesExactlyAsManyAndEndsStopped) {
+  auto model = makeModel(2, 9, 9);
+  model->runSweeps(17);
+  EXPECT_EQ(model->sweepsDone(), 17);
+  EXPECT_EQ(model->varMyState, kStopped);
+  EXPECT_EQ(model->redrawsFromRunLoop, 0);
+  model->runSweeps(0);
+  EXPECT_EQ(model->sweepsDone(), 17);
+}
+
+TEST(RunLoop, RunningSweepsEqualsTheLoopsOwn) {
+  // Both make the same number of draws a sweep, so a loop stopped in its wait stands where runSweeps would.
+  auto model = makeModel(2, 30, 30);
+  model->setSimulationSpeed(kSlowest);
+  Draws draws;
+  model->runLatticeModelInBackground();
+  ASSERT_TRUE(waitUntil([&] { return model->redrawsFromRunLoop == 1; }));
+  model->endRunLoops();
+  const int ofLoop = draws.sinceLast();
+  model->runSweeps(1);
+  EXPECT_EQ(ofLoop, 2 * (30 * 30 + 1));
+  EXPECT_EQ(draws.sinceLast(), ofLoop);
+}
+
+}  // namespace
+}  // namespace quorvane

@@ -1,0 +1,135 @@
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "TestModel.h"
+
+// These are run under the thread sanitizer as well, which must report nothing.
+namespace quorvane {
+namespace {
+
+constexpr int kAny = kAnyPixelType;
+constexpr int kFastest = 1'000'000'000;
+
+/// One edit that a person could make while a run goes on.
+void editAtRandom(LatticeModel& model, std::mt19937& random) {
+  const auto below = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
+  const int numTypes = model.getNumPixelTypes();
+  const int numRules = model.getNumRules();
+  const auto end = [&] { return below(numTypes + 1) - 1; };
+  switch (below(13)) {
+    case 0:
+      model.makeNewRule("rule", below(4), end(), end());
+      break;
+    case 1:
+      if (numRules > 0) model.delRule(below(numRules));
+      break;
+    case 2:
+      if (numTypes < kMaxPixelTypes && below(20) == 0) model.addPixelType();
+      break;
+    case 3:
+      model.setSiteValue(below(model.getIMax()), below(model.getJMax()), below(numTypes));
+      break;
+    case 4:
+      model.setPixelColor(below(numTypes), 0.5, 0.25, 0.125);
+      break;
+    case 5:
+      model.setPixelPersistence(below(numTypes), 0.9);
+      break;
+    case 6:
+      model.setPixelImmobile(below(numTypes), below(2));
+      break;
+    case 7:
+      model.setPixelMasqueradeAs(below(numTypes), end());
+      break;
+    case 8:
+      model.setPixelField(below(numTypes), below(3) - 1.0);
+      break;
+    case 9:
+      if (numRules > 0) model.setRuleDisabled(below(numRules), below(2));
+      break;
+    case 10:
+      if (numRules > 0) model.setRuleParam(below(numRules), below(11) / 10.0);
+      break;
+    case 11:
+      if (numRules > 0) {
+        model.setRuleFacNum(below(numRules), below(9));
+        model.setRuleFacPixel(below(numRules), end());
+      }
+      break;
+    default:
+      if (numRules > 0) {
+        const int rule = below(numRules);
+        if (model.getRuleType(rule) == kPixelPixelInteraction) {
+          model.setInteractionParams(rule, below(21) / 10.0 - 1.0);
+          if (below(2) == 0) model.disableInteraction(rule);
+          if (below(2) == 0) model.enableInteraction(rule);
+        }
+      }
+  }
+}
+
+/// Reads what a frame or a save reads; the sum keeps the reads from being left out.
+double readEverything(const LatticeModel& model) {
+  double sum = model.getWidth() + model.getHeight();
+  for (int t = 0; t < model.getNumPixelTypes(); ++t) {
+    sum += model.varMobileHistoryMax[t] + model.getPixelAlpha(t) + model.getPixelColorR(t);
+    for (int i = 0; i < model.getIMax(); ++i)
+      for (int j = 0; j < model.getJMax(); ++j)
+        sum += model.varMobileHistory[t][i][j] + model.getSiteValue(i, j);
+  }
+  return sum;
+}
+
+TEST(SharedUse, EditingPaintingAndReadingWhileTwoLoopsRunKeepsTheModelWhole) {
+  auto model = makeModel(3, 16, 16);
+  model->setSimulationSpeed(kFastest);
+  model->makeNewRule("swap", kSwap, kAny, kAny);
+  model->setRuleParam(0, 1.0);
+  model->makeNewRule("flip", kReversibleFlip, kAny, kAny);
+  model->setRuleParam(1, 1.0);
+  model->runLatticeModelInBackground();
+  model->runLatticeModelInBackground();
+  std::mt19937 random(1);
+  double sum = 0.0;
+  int edits = 0;
+  // Edits go on for as long as the loops need for their sweeps, so that both really are at work at once.
+  EXPECT_TRUE(waitUntil([&] {
+    editAtRandom(*model, random);
+    if (++edits % 100 == 0) sum += readEverything(*model);
+    if (edits % 500 == 0) {
+      model->stopLatticeModel();
+      model->runLatticeModelInBackground();
+    }
+    return model->sweepsDone() >= 2000 && edits >= 20000;
+  }));
+  model->endRunLoops();
+  EXPECT_GT(sum, 0.0);
+  for (int i = 0; i < 16; ++i)
+    for (int j = 0; j < 16; ++j) {
+      ASSERT_GE(model->getSiteValue(i, j), 0);
+      ASSERT_LT(model->getSiteValue(i, j), kMaxPixelTypes);
+    }
+}
+
+TEST(SharedUse, RemakingAtOtherSizesWhileARunGoesOnKeepsTheModelWhole) {
+  auto model = makeModel(3, 16, 16);
+  model->setSimulationSpeed(kFastest);
+  model->makeNewRule("swap", kSwap, kAny, kAny);
+  model->setRuleParam(0, 1.0);
+  model->makeNewRule("pair", kPixelPixelInteraction, 0, 1);
+  model->setInteractionParams(1, 1.0);
+  std::mt19937 random(2);
+  for (int round = 0; round < 200; ++round) {
+    model->runLatticeModelInBackground();
+    const int imax = 1 + static_cast<int>(random() % 40);
+    const int jmax = 1 + static_cast<int>(random() % 40);
+    model->initializeLatticeModel(-1, imax, jmax);
+    EXPECT_EQ(model->varMyState, kStopped);
+  }
+  model->endRunLoops();
+  EXPECT_LE(model->getIMax(), 40);
+}
+
+}  // namespace
+}  // namespace quorvane

@@ -1,0 +1,15 @@
+// A plain field that two threads share, which a race detector must report: shows that the silence of the
+// other tests under the thread sanitizer means something.
+#include <thread>
+
+int main() {
+  struct {
+    int runState = 0;
+  } model;
+  std::thread loop([&] {
+    for (int k = 0; k < 1000; ++k) model.runState = k;
+  });
+  for (int k = 0; k < 1000; ++k) model.runState = -k;
+  loop.join();
+  return model.runState == 5000 ? 1 : 0;
+}
