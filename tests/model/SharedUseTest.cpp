@@ -95,13 +95,14 @@ TEST(SharedUse, EditingPaintingAndReadingWhileTwoLoopsRunKeepsTheModelWhole) {
   int edits = 0;
   // Edits go on for as long as the loops need for their sweeps, so that both really are at work at once.
   EXPECT_TRUE(waitUntil([&] {
-    editAtRandom(*model, random);
-    if (++edits % 100 == 0) sum += readEverything(*model);
-    if (edits % 500 == 0) {
+    for (int k = 0; k < 50; ++k) editAtRandom(*model, random);
+    edits += 50;
+    if (edits % 500 == 0) sum += readEverything(*model);
+    if (edits % 1000 == 0) {
       model->stopLatticeModel();
       model->runLatticeModelInBackground();
     }
-    return model->sweepsDone() >= 2000 && edits >= 20000;
+    return model->sweepsDone() >= 500 && edits >= 5000;
   }));
   model->endRunLoops();
   EXPECT_GT(sum, 0.0);

@@ -20,7 +20,10 @@ class Relaxed {
     value_.store(value, std::memory_order_relaxed);
     return *this;
   }
-  Relaxed& operator=(const Relaxed& other) noexcept { return *this = other.load(); }
+  Relaxed& operator=(const Relaxed& other) noexcept {
+    if (this != &other) *this = other.load();
+    return *this;
+  }
 
   operator T() const noexcept { return load(); }
   T load() const noexcept { return value_.load(std::memory_order_relaxed); }

@@ -82,11 +82,12 @@ struct ModelState {
   Relaxed<double> varK, varKP, varS, varB, varEquilAtt, varJ;
   Relaxed<std::int32_t> varFacNum;
 
+  ModelState(const ModelState&) = delete;
+  ModelState& operator=(const ModelState&) = delete;
+
  protected:
   ModelState() = default;
   ~ModelState() = default;
-  ModelState(const ModelState&) = delete;
-  ModelState& operator=(const ModelState&) = delete;
 };
 
 }  // namespace quorvane
