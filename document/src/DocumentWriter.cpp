@@ -1,0 +1,99 @@
+#include <algorithm>
+#include <charconv>
+
+#include "Ascii.h"
+#include "document/AtomicFile.h"
+#include "document/ModelDocument.h"
+
+namespace quorvane {
+namespace {
+
+/// Appends values to a text, each on its own line.
+class LineWriter {
+ public:
+  explicit LineWriter(std::size_t expectedSize) { text_.reserve(expectedSize); }
+
+  void name(const std::string& name) { text_.append(name).push_back('\n'); }
+  void whole(int value) {
+    char digits[16];
+    endLine(digits, std::to_chars(std::begin(digits), std::end(digits), value).ptr);
+  }
+  void real(double value) {
+    // The largest double has 309 digits before the point.
+    char digits[352];
+    constexpr int decimals = 10;
+    endLine(
+        digits,
+        std::to_chars(std::begin(digits), std::end(digits), value, std::chars_format::fixed, decimals).ptr);
+  }
+
+  std::string take() { return std::move(text_); }
+
+ private:
+  void endLine(char* begin, char* end) {
+    text_.append(begin, end);
+    text_.push_back('\n');
+  }
+
+  std::string text_;
+};
+
+void writeLattice(LineWriter& out, const LatticeModel& model, int imax, int jmax) {
+  for (int i = 0; i < imax; ++i)
+    for (int j = 0; j < jmax; ++j) out.whole(model.getSiteValue(i, j));
+}
+
+void writePixelType(LineWriter& out, const LatticeModel& model, int t) {
+  out.name(model.getPixelName(t));
+  out.whole(model.getPixelImmobile(t));
+  out.whole(model.getPixelMasqueradeAs(t));
+  out.real(model.getPixelColorR(t));
+  out.real(model.getPixelColorG(t));
+  out.real(model.getPixelColorB(t));
+  out.real(model.getPixelPersistence(t));
+  out.real(model.getPixelAlpha(t));
+  out.real(model.getPixelField(t));
+}
+
+void writeRule(LineWriter& out, const LatticeModel& model, int r) {
+  out.name(model.getRuleName(r));
+  out.whole(model.getRuleDisabled(r));
+  out.whole(model.getRuleIgnoreEnergy(r));
+  out.whole(model.getRuleType(r));
+  out.whole(model.getRulePixelA(r));
+  out.whole(model.getRulePixelB(r));
+  out.real(model.getRuleParam(r));
+  out.whole(model.getRuleFacNum(r));
+  out.whole(model.getRuleFacPixel(r));
+}
+
+std::string describeNonAscii(std::string_view text, std::size_t position) {
+  const auto line = 1 + std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(position), '\n');
+  return "a name has a character outside ASCII (line " + std::to_string(line) + " of the document)";
+}
+
+}  // namespace
+
+std::string writeDocument(const LatticeModel& model) {
+  constexpr std::size_t sizeOfBlocks = 8192;
+  const int imax = model.getIMax(), jmax = model.getJMax();
+  LineWriter out(static_cast<std::size_t>(imax * jmax * 2) + sizeOfBlocks);
+  out.whole(imax);
+  out.whole(jmax);
+  out.whole(model.getNumPixelTypes());
+  writeLattice(out, model, imax, jmax);
+  for (int t = 0; t < model.getNumPixelTypes(); ++t) writePixelType(out, model, t);
+  out.whole(model.getNumRules());
+  for (int r = 0; r < model.getNumRules(); ++r) writeRule(out, model, r);
+  return out.take();
+}
+
+SaveResult saveDocument(const LatticeModel& model, const std::filesystem::path& path) {
+  const std::string text = writeDocument(model);
+  if (const auto position = findNonAscii(text); position != std::string::npos)
+    return {false, describeNonAscii(text, position)};
+  if (const auto error = writeFileAtomically(path, text)) return {false, error.message()};
+  return {true, {}};
+}
+
+}  // namespace quorvane

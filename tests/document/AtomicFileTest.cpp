@@ -1,0 +1,174 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <fstream>
+
+#include "DocumentSupport.h"
+#include "document/AtomicFile.h"
+
+namespace quorvane {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+void put(const fs::path& file, const std::string& content) { std::ofstream(file) << content; }
+
+mode_t permissionsOf(const fs::path& file) {
+  struct stat status;
+  EXPECT_EQ(::stat(file.c_str(), &status), 0);
+  return status.st_mode & 07777;
+}
+
+/// Files may not grow beyond some bytes while it lives.
+class FileSizeLimit {
+ public:
+  explicit FileSizeLimit(rlim_t bytes) {
+    ::getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit limit{bytes, before_.rlim_max};
+    handler_ = std::signal(SIGXFSZ, SIG_IGN);
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FileSizeLimit() {
+    ::setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, handler_);
+  }
+
+ private:
+  rlimit before_;
+  void (*handler_)(int);
+};
+
+TEST(AtomicFile, WritesANewFileWithTheUsualPermissions) {
+  const TemporaryFolder folder;
+  const mode_t umaskBefore = ::umask(022);
+  EXPECT_FALSE(writeFileAtomically(folder / "new", "content"));
+  ::umask(umaskBefore);
+  EXPECT_EQ(contentOf(folder / "new"), "content");
+  EXPECT_EQ(permissionsOf(folder / "new"), 0644);
+  EXPECT_THAT(namesIn(folder.path()), ElementsAre("new"));
+}
+
+TEST(AtomicFile, WritesAnEmptyFile) {
+  const TemporaryFolder folder;
+  put(folder / "file", "old");
+  EXPECT_FALSE(writeFileAtomically(folder / "file", ""));
+  EXPECT_EQ(fs::file_size(folder / "file"), 0u);
+}
+
+TEST(AtomicFile, ReplacesAnExistingFileAndKeepsItsPermissions) {
+  const TemporaryFolder folder;
+  put(folder / "file", "a longer content than the new one");
+  ASSERT_EQ(::chmod((folder / "file").c_str(), 0640), 0);
+  EXPECT_FALSE(writeFileAtomically(folder / "file", "new"));
+  EXPECT_EQ(contentOf(folder / "file"), "new");
+  EXPECT_EQ(permissionsOf(folder / "file"), 0640);
+  EXPECT_THAT(namesIn(folder.path()), ElementsAre("file"));
+}
+
+TEST(AtomicFile, NeverShowsAReaderOfTheOldFileTheNewContent) {
+  const TemporaryFolder folder;
+  put(folder / "file", "old");
+  std::ifstream reader(folder / "file");
+  EXPECT_FALSE(writeFileAtomically(folder / "file", "new"));
+  std::string seen;
+  reader >> seen;
+  EXPECT_EQ(seen, "old");
+}
+
+TEST(AtomicFile, FollowsSymbolicLinksAndKeepsThem) {
+  const TemporaryFolder folder;
+  fs::create_directory(folder / "elsewhere");
+  put(folder / "elsewhere/file", "old");
+  fs::create_symlink("elsewhere/file", folder / "second");
+  fs::create_symlink("second", folder / "first");
+  EXPECT_FALSE(writeFileAtomically(folder / "first", "new"));
+  EXPECT_TRUE(fs::is_symlink(folder / "first"));
+  EXPECT_TRUE(fs::is_symlink(folder / "second"));
+  EXPECT_EQ(contentOf(folder / "elsewhere/file"), "new");
+  EXPECT_THAT(namesIn(folder / "elsewhere"), ElementsAre("file"));
+}
+
+TEST(AtomicFile, CreatesTheMissingTargetOfALink) {
+  const TemporaryFolder folder;
+  fs::create_symlink(folder / "target", folder / "link");
+  EXPECT_FALSE(writeFileAtomically(folder / "link", "new"));
+  EXPECT_TRUE(fs::is_symlink(folder / "link"));
+  EXPECT_EQ(contentOf(folder / "target"), "new");
+}
+
+TEST(AtomicFile, FailsOnLinksThatLeadInACircle) {
+  const TemporaryFolder folder;
+  fs::create_symlink("b", folder / "a");
+  fs::create_symlink("a", folder / "b");
+  EXPECT_TRUE(writeFileAtomically(folder / "a", "new"));
+  EXPECT_THAT(namesIn(folder.path()), ElementsAre("a", "b"));
+}
+
+TEST(AtomicFile, FailsWhereTheFolderDoesNotExistOrIsAFile) {
+  const TemporaryFolder folder;
+  put(folder / "file", "old");
+  EXPECT_EQ(writeFileAtomically(folder / "missing/file", "new"), std::errc::no_such_file_or_directory);
+  EXPECT_EQ(writeFileAtomically(folder / "file/file", "new"), std::errc::not_a_directory);
+  EXPECT_THAT(namesIn(folder.path()), ElementsAre("file"));
+  EXPECT_EQ(contentOf(folder / "file"), "old");
+}
+
+TEST(AtomicFile, FailsOnAFolder) {
+  const TemporaryFolder folder;
+  fs::create_directory(folder / "target");
+  EXPECT_EQ(writeFileAtomically(folder / "target", "new"), std::errc::is_a_directory);
+  EXPECT_TRUE(fs::is_directory(folder / "target"));
+  EXPECT_THAT(namesIn(folder.path()), ElementsAre("target"));
+  EXPECT_TRUE(writeFileAtomically("", "new"));
+}
+
+TEST(AtomicFile, LeavesEverythingAsItWasWhenTheDiskRefusesTheContent) {
+  const TemporaryFolder folder;
+  put(folder / "file", "old");
+  const std::string content(100000, 'x');
+  std::error_code error;
+  {
+    const FileSizeLimit limit(5000);
+    error = writeFileAtomically(folder / "file", content);
+  }
+  EXPECT_EQ(error, std::errc::file_too_large);
+  EXPECT_EQ(contentOf(folder / "file"), "old");
+  EXPECT_THAT(namesIn(folder.path()), ElementsAre("file"));
+}
+
+TEST(AtomicFile, WritesToADeviceItself) {
+  EXPECT_FALSE(writeFileAtomically("/dev/null", "content"));
+  EXPECT_TRUE(fs::is_character_file("/dev/null"));
+  EXPECT_EQ(writeFileAtomically("/dev/full", "content"), std::errc::no_space_on_device);
+  EXPECT_TRUE(fs::is_character_file("/dev/full"));
+}
+
+TEST(AtomicFile, TakesNamesAsLongAsTheFileSystemDoes) {
+  const TemporaryFolder folder;
+  EXPECT_FALSE(writeFileAtomically(folder / std::string(255, 'n'), "content"));
+  EXPECT_TRUE(writeFileAtomically(folder / std::string(256, 'n'), "content"));
+  EXPECT_THAT(namesIn(folder.path()), ElementsAre(std::string(255, 'n')));
+}
+
+TEST(AtomicFile, CheckSaysWhetherAWriteWouldFailAndLeavesNoTrace) {
+  const TemporaryFolder folder;
+  put(folder / "file", "old");
+  EXPECT_FALSE(checkFileCanBeWritten(folder / "file"));
+  EXPECT_FALSE(checkFileCanBeWritten(folder / "new"));
+  EXPECT_FALSE(checkFileCanBeWritten("/dev/null"));
+  EXPECT_TRUE(checkFileCanBeWritten(folder.path()));
+  EXPECT_TRUE(checkFileCanBeWritten(folder / "missing/file"));
+  EXPECT_TRUE(checkFileCanBeWritten(folder / "file/file"));
+  EXPECT_TRUE(checkFileCanBeWritten(""));
+  EXPECT_EQ(contentOf(folder / "file"), "old");
+  EXPECT_THAT(namesIn(folder.path()), ElementsAre("file"));
+}
+
+}  // namespace
+}  // namespace quorvane
