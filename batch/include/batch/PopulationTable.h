@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "model/LatticeModel.h"
+
+namespace quorvane {
+
+/// How many sites each pixel type holds, as a CSV table that grows with the run. Lines end with a line feed;
+/// the first one is `sweep` and the types' names, quoted as RFC 4180 says.
+class PopulationTable {
+ public:
+  explicit PopulationTable(const LatticeModel& model);
+
+  void addRow(const LatticeModel& model, std::int64_t sweep);
+  const std::string& csv() const { return csv_; }
+
+ private:
+  std::string csv_;
+};
+
+}  // namespace quorvane

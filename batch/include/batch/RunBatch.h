@@ -1,0 +1,17 @@
+#pragma once
+
+#include <iosfwd>
+
+#include "batch/CommandLine.h"
+
+namespace quorvane {
+
+/// Opens the document, makes the sweeps and writes what was asked for. Draws are those of a fresh start of
+/// the process only if nothing has drawn before.
+///
+/// A failure writes one line "quorvane-batch: FILE: why" to err, with "line N: " before the why where a line
+/// of the document is at fault. Nothing runs if the document is not whole or an output cannot be written, and
+/// no output is ever half written.
+ExitStatus runBatch(const BatchOptions& options, std::ostream& err);
+
+}  // namespace quorvane

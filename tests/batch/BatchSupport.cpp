@@ -1,0 +1,82 @@
+#include "BatchSupport.h"
+
+#include <fcntl.h>
+#include <png.h>
+#include <pty.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <stdexcept>
+
+#include "DocumentSupport.h"
+
+namespace quorvane {
+namespace {
+
+[[noreturn]] void becomeBatchProgram(const std::vector<std::string>& arguments) {
+  std::vector<char*> argv = {const_cast<char*>("quorvane-batch")};
+  for (const std::string& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
+  argv.push_back(nullptr);
+  ::execv(QUORVANE_BATCH, argv.data());
+  ::_exit(127);
+}
+
+int waitFor(pid_t process) {
+  int status = 0;
+  if (::waitpid(process, &status, 0) != process || !WIFEXITED(status)) return -1;
+  return WEXITSTATUS(status);
+}
+
+void redirect(int stream, const std::filesystem::path& file) {
+  const int fd = ::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+  ::dup2(fd, stream);
+}
+
+}  // namespace
+
+Finished runBatchProgram(const std::vector<std::string>& arguments) {
+  const TemporaryFolder folder;
+  const auto out = folder / "out", err = folder / "err";
+  const pid_t process = ::fork();
+  if (process < 0) throw std::runtime_error("no process");
+  if (process == 0) {
+    redirect(STDOUT_FILENO, out);
+    redirect(STDERR_FILENO, err);
+    becomeBatchProgram(arguments);
+  }
+  const int status = waitFor(process);
+  return {status, contentOf(out), contentOf(err)};
+}
+
+Finished runBatchProgramOnTerminal(const std::vector<std::string>& arguments) {
+  int terminal = -1;
+  const pid_t process = ::forkpty(&terminal, nullptr, nullptr, nullptr);
+  if (process < 0) throw std::runtime_error("no terminal");
+  if (process == 0) becomeBatchProgram(arguments);
+  Finished finished;
+  char block[4096];
+  for (ssize_t size; (size = ::read(terminal, block, sizeof block)) > 0;)
+    finished.out.append(block, static_cast<std::size_t>(size));
+  finished.status = waitFor(process);
+  ::close(terminal);
+  return finished;
+}
+
+Image readPng(const std::filesystem::path& file) {
+  png_image png = {};
+  png.version = PNG_IMAGE_VERSION;
+  if (!png_image_begin_read_from_file(&png, file.c_str())) throw std::runtime_error(png.message);
+  if (png.format != PNG_FORMAT_RGB) throw std::runtime_error("not 8-bit RGB");
+  Image image{static_cast<int>(png.width), static_cast<int>(png.height), {}};
+  image.rgb.resize(PNG_IMAGE_SIZE(png));
+  if (!png_image_finish_read(&png, nullptr, image.rgb.data(), 0, nullptr))
+    throw std::runtime_error(png.message);
+  return image;
+}
+
+std::vector<int> pixelAt(const Image& image, int x, int y) {
+  const auto* pixel = image.rgb.data() + 3 * (y * image.width + x);
+  return {pixel[0], pixel[1], pixel[2]};
+}
+
+}  // namespace quorvane

@@ -1,0 +1,81 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "BatchSupport.h"
+#include "DocumentSupport.h"
+#include "batch/CommandLine.h"
+
+namespace quorvane {
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+using Arguments = std::vector<std::string>;
+
+BatchOptions parsed(const Arguments& arguments) {
+  std::vector<const char*> argv = {"quorvane-batch"};
+  for (const std::string& argument : arguments) argv.push_back(argument.c_str());
+  const auto result = parseCommandLine(static_cast<int>(argv.size()), argv.data());
+  EXPECT_TRUE(std::holds_alternative<BatchOptions>(result));
+  return std::get<BatchOptions>(result);
+}
+
+TEST(CommandLine, NeedsOnlyADocumentAndANumberOfSweeps) {
+  const BatchOptions options = parsed({"in.quorvane", "--sweeps", "10"});
+  EXPECT_EQ(options.document, "in.quorvane");
+  EXPECT_EQ(options.sweeps, 10);
+  EXPECT_FALSE(options.output || options.populations || options.picture);
+  EXPECT_EQ(options.every, 1);
+  EXPECT_EQ(options.scale, 4);
+}
+
+TEST(CommandLine, TakesEveryOption) {
+  const BatchOptions options = parsed({"--sweeps", "9000000000000", "--output", "out", "--populations", "csv",
+                                       "--every", "7000000000", "--picture", "png", "--scale", "32", "in"});
+  EXPECT_EQ(options.document, "in");
+  EXPECT_EQ(options.sweeps, 9000000000000);
+  EXPECT_EQ(options.output, "out");
+  EXPECT_EQ(options.populations, "csv");
+  EXPECT_EQ(options.every, 7000000000);
+  EXPECT_EQ(options.picture, "png");
+  EXPECT_EQ(options.scale, 32);
+}
+
+TEST(CommandLine, MayWriteTheDocumentInPlace) {
+  EXPECT_EQ(parsed({"in", "--sweeps", "0", "--output", "in"}).output, "in");
+}
+
+class WrongUsage : public testing::TestWithParam<Arguments> {};
+
+TEST_P(WrongUsage, ExitsWithTwoAndSaysWhy) {
+  const Finished finished = runBatchProgram(GetParam());
+  EXPECT_EQ(finished.status, 2);
+  EXPECT_THAT(finished.out, IsEmpty());
+  EXPECT_FALSE(finished.err.empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    CommandLine, WrongUsage,
+    testing::Values(Arguments{}, Arguments{"in"}, Arguments{"--sweeps", "3"}, Arguments{"in", "--sweeps"},
+                    Arguments{"in", "--sweeps", "-1"}, Arguments{"in", "--sweeps", "many"},
+                    Arguments{"in", "--sweeps", "1.5"}, Arguments{"in", "--sweeps", "0x10"},
+                    Arguments{"in", "--sweeps", "5 "}, Arguments{"in", "--sweeps", "99999999999999999999"},
+                    Arguments{"in", "--sweeps", "1", "--every", "0"},
+                    Arguments{"in", "--sweeps", "1", "--every", "-2"},
+                    Arguments{"in", "--sweeps", "1", "--scale", "0"},
+                    Arguments{"in", "--sweeps", "1", "--scale", "33"},
+                    Arguments{"in", "--sweeps", "1", "--picture"},
+                    Arguments{"in", "--sweeps", "1", "--unknown"}, Arguments{"in", "in", "--sweeps", "1"},
+                    Arguments{"in", "--sweeps", "1", "--output", "a", "--picture", "./b/../a"}));
+
+TEST(CommandLine, HelpNamesEveryOptionAndExitsWithZero) {
+  const Finished finished = runBatchProgram({"--help"});
+  EXPECT_EQ(finished.status, 0);
+  EXPECT_THAT(finished.err, IsEmpty());
+  for (const char* option :
+       {"DOCUMENT", "--sweeps", "--output", "--populations", "--every", "--picture", "--scale"})
+    EXPECT_THAT(finished.out, HasSubstr(option));
+}
+
+}  // namespace
+}  // namespace quorvane

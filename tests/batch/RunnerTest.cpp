@@ -1,0 +1,198 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <numeric>
+#include <sstream>
+
+#include "BatchSupport.h"
+#include "DocumentSupport.h"
+
+namespace quorvane {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+const fs::path kExample = fs::path(QUORVANE_EXAMPLES) / "growth-from-a-seed.quorvane";
+
+/// A folder with the sample document in it.
+class Runner : public testing::Test {
+ protected:
+  Runner() { put(document_, joined(sampleLines())); }
+
+  static void put(const fs::path& file, const std::string& content) {
+    std::ofstream(file, std::ios::binary) << content;
+  }
+  void expectFailure(const std::vector<std::string>& arguments, const std::string& line) const {
+    const Finished finished = runBatchProgram(arguments);
+    EXPECT_EQ(finished.status, 1);
+    EXPECT_THAT(finished.out, IsEmpty());
+    EXPECT_EQ(finished.err, "quorvane-batch: " + line + "\n");
+  }
+
+  TemporaryFolder folder_;
+  const std::string document_ = (folder_ / "in.quorvane").string();
+  const std::string output_ = (folder_ / "out.quorvane").string();
+  const std::string populations_ = (folder_ / "out.csv").string();
+  const std::string picture_ = (folder_ / "out.png").string();
+};
+
+std::vector<std::vector<long>> rowsOf(const std::string& csv) {
+  std::vector<std::vector<long>> rows;
+  std::istringstream lines(csv);
+  std::string line;
+  std::getline(lines, line);
+  while (std::getline(lines, line)) {
+    std::istringstream cells(line);
+    std::string cell;
+    auto& row = rows.emplace_back();
+    while (std::getline(cells, cell, ',')) row.push_back(std::stol(cell));
+  }
+  return rows;
+}
+
+TEST_F(Runner, SaysNothingAndWritesNothingUnlessAsked) {
+  const Finished finished = runBatchProgram({document_, "--sweeps", "5"});
+  EXPECT_EQ(finished.status, 0);
+  EXPECT_THAT(finished.out, IsEmpty());
+  EXPECT_THAT(finished.err, IsEmpty());
+  EXPECT_THAT(namesIn(folder_.path()), ElementsAre("in.quorvane"));
+}
+
+TEST_F(Runner, WritesTheSameDocumentAfterNoSweeps) {
+  EXPECT_EQ(runBatchProgram({document_, "--sweeps", "0", "--output", output_}).status, 0);
+  EXPECT_EQ(contentOf(output_), joined(sampleLines()));
+}
+
+TEST_F(Runner, MakesExactlyTheSweepsOfAFreshStart) {
+  constexpr int sweeps = 13;
+  ASSERT_EQ(runBatchProgram({kExample, "--sweeps", std::to_string(sweeps), "--output", output_, "--picture",
+                             picture_, "--scale", "3"})
+                .status,
+            0);
+  restartRandomNumbers();
+  const auto model = freshModel();
+  ASSERT_EQ(openDocument(*model, kExample).status, OpenStatus::kOpened);
+  model->runSweeps(sweeps);
+  EXPECT_EQ(contentOf(output_), writeDocument(*model));
+  EXPECT_EQ(readPng(picture_).rgb, drawLattice(*model, 3).rgb);
+}
+
+TEST_F(Runner, GivesTheSameBytesEveryTime) {
+  const auto run = [&] {
+    EXPECT_EQ(runBatchProgram({kExample, "--sweeps", "20", "--output", output_, "--populations", populations_,
+                               "--picture", picture_})
+                  .status,
+              0);
+    return contentOf(output_) + contentOf(populations_) + contentOf(picture_);
+  };
+  const std::string first = run();
+  EXPECT_GT(first.size(), 10000u);
+  EXPECT_EQ(run(), first);
+}
+
+TEST_F(Runner, WritesThePopulationsOfTheFirstEveryKthAndTheLastSweep) {
+  ASSERT_EQ(
+      runBatchProgram({kExample, "--sweeps", "10", "--populations", populations_, "--every", "4"}).status, 0);
+  std::vector<long> sweeps;
+  for (const auto& row : rowsOf(contentOf(populations_))) {
+    sweeps.push_back(row.at(0));
+    ASSERT_EQ(row.size(), 5u);
+    EXPECT_EQ(std::accumulate(row.begin() + 1, row.end(), 0L), 128 * 104);
+  }
+  EXPECT_THAT(sweeps, ElementsAre(0, 4, 8, 10));
+}
+
+TEST_F(Runner, WritesOneRowWhereTheFirstSweepIsTheLast) {
+  ASSERT_EQ(runBatchProgram({document_, "--sweeps", "0", "--populations", populations_}).status, 0);
+  EXPECT_EQ(contentOf(populations_), "sweep,\"Empty space\",\"Particle\"\n0,3,3\n");
+  ASSERT_EQ(
+      runBatchProgram({document_, "--sweeps", "2", "--populations", populations_, "--every", "2"}).status, 0);
+  EXPECT_EQ(rowsOf(contentOf(populations_)).size(), 2u);
+}
+
+TEST_F(Runner, DrawsTheDocumentWithJUpwards) {
+  Lines lines = sampleWith(kSecondType + 7, "1.0000000000");
+  for (const auto& [line, value] : {std::pair(3, "1"), {4, "1"}, {5, "0.5"}})
+    lines[kFirstType + static_cast<std::size_t>(line)] = value;
+  lines[kFirstType + 7] = "1";
+  put(document_, joined(lines));
+  ASSERT_EQ(runBatchProgram({document_, "--sweeps", "0", "--picture", picture_, "--scale", "1"}).status, 0);
+  const Image image = readPng(picture_);
+  ASSERT_EQ(image.width, 2);
+  ASSERT_EQ(image.height, 3);
+  const std::vector<int> empty = {255, 255, 128}, particle = {230, 204, 179};
+  const std::vector<int> expected[3][2] = {{particle, empty}, {particle, particle}, {empty, empty}};
+  for (int y = 0; y < 3; ++y)
+    for (int x = 0; x < 2; ++x) EXPECT_EQ(pixelAt(image, x, y), expected[y][x]) << x << ", " << y;
+}
+
+TEST_F(Runner, MayReplaceTheDocumentItOpened) {
+  ASSERT_EQ(runBatchProgram({document_, "--sweeps", "3", "--output", document_}).status, 0);
+  EXPECT_EQ(openDocument(*freshModel(), document_).status, OpenStatus::kOpened);
+  EXPECT_THAT(namesIn(folder_.path()), ElementsAre("in.quorvane"));
+}
+
+TEST_F(Runner, WritesToStandardOutputThroughItsDevice) {
+  const Finished finished = runBatchProgram({document_, "--sweeps", "0", "--output", "/dev/stdout"});
+  EXPECT_EQ(finished.status, 0);
+  EXPECT_EQ(finished.out, joined(sampleLines()));
+}
+
+TEST_F(Runner, FailsOnADocumentThatCannotBeRead) {
+  const std::string missing = (folder_ / "missing").string();
+  expectFailure({missing, "--sweeps", "1"}, missing + ": cannot be read, or is not plain ASCII text");
+  put(document_, "\xff");
+  expectFailure({document_, "--sweeps", "1"}, document_ + ": cannot be read, or is not plain ASCII text");
+}
+
+TEST_F(Runner, FailsOnADocumentOutsideTheLimitsAndNamesTheLine) {
+  put(document_, joined(sampleWith(kFirstSite, "7")));
+  expectFailure({document_, "--sweeps", "1", "--output", output_},
+                document_ + ": line 4: pixel type of site (0, 0) must be 0 to 1, not \"7\"");
+  EXPECT_FALSE(fs::exists(output_));
+}
+
+TEST_F(Runner, FailsOnADocumentThatIsCutShortAndNamesTheLine) {
+  put(document_, "2\n3\n2\n0");
+  expectFailure({document_, "--sweeps", "1", "--output", output_},
+                document_ + ": line 4: the document ends before the pixel type of site (0, 1)");
+  EXPECT_FALSE(fs::exists(output_));
+}
+
+TEST_F(Runner, FailsBeforeItRunsWhereAnOutputCannotBeWritten) {
+  const std::string missing = (folder_ / "missing/out").string();
+  // So many sweeps would never end.
+  for (const char* option : {"--output", "--populations", "--picture"})
+    expectFailure({document_, "--sweeps", "9000000000000000000", option, missing},
+                  missing + ": No such file or directory");
+  expectFailure({document_, "--sweeps", "9000000000000000000", "--output", folder_.path()},
+                folder_.path().string() + ": Is a directory");
+}
+
+TEST_F(Runner, WritesNoOutputAtAllWhereOneOfThemCannotBeWritten) {
+  put(populations_, "old");
+  const std::string missing = (folder_ / "missing/out").string();
+  expectFailure(
+      {document_, "--sweeps", "1", "--output", output_, "--populations", populations_, "--picture", missing},
+      missing + ": No such file or directory");
+  EXPECT_EQ(contentOf(populations_), "old");
+  EXPECT_THAT(namesIn(folder_.path()), ElementsAre("in.quorvane", "out.csv"));
+}
+
+TEST_F(Runner, FailsWhereAnOutputFillsUp) {
+  expectFailure({document_, "--sweeps", "1", "--output", "/dev/full"}, "/dev/full: No space left on device");
+}
+
+TEST_F(Runner, ShowsItsProgressOnATerminalOnly) {
+  const std::vector<std::string> arguments = {document_, "--sweeps", "1000"};
+  EXPECT_THAT(runBatchProgramOnTerminal(arguments).out, HasSubstr("sweep 0 of 1000"));
+  EXPECT_EQ(runBatchProgramOnTerminal(arguments).status, 0);
+  EXPECT_THAT(runBatchProgram(arguments).err, IsEmpty());
+}
+
+}  // namespace
+}  // namespace quorvane
