@@ -45,8 +45,9 @@ int countFacilitating(int facType, const Neighbours& neighbours, int numTypes, c
 
 int fFigureOutFinalSiteType(int current, int endA, int endB, int numTypes) {
   if (endA == kAnyType && endB == kAnyType) return drawType(numTypes);
-  if (endA == kAnyType) return current == endB ? drawType(numTypes) : endB;
-  if (endB == kAnyType) return current == endA ? drawType(numTypes) : endA;
+  const bool atAnEnd = current == endA || current == endB;
+  if (endA == kAnyType) return atAnEnd ? drawType(numTypes) : endB;
+  if (endB == kAnyType) return atAnEnd ? drawType(numTypes) : endA;
   return current == endA ? endB : endA;
 }
 

@@ -28,8 +28,8 @@ void RandomSource::initialise() {
   generator_.seed(seed);
   seed = 1;
   for (std::uint32_t k = 1; k <= kSlots; ++k) draw();
-  for (std::uint32_t k = 1; k <= kSlots; ++k) v[k] = draw();
-  y = draw();
+  for (std::uint32_t k = 1; k <= kSlots; ++k) v[k] = withSlot(draw());
+  y = withSlot(draw());
   iff = 1;
 }
 

@@ -54,11 +54,11 @@ class RandomSource {
   std::uint32_t next() {
     if (iff == 0) [[unlikely]]
       initialise();
-    const std::uint32_t k = slot(y);
-    const std::uint32_t value = v[k];
-    y = value;
-    v[k] = draw();
-    return value;
+    const std::uint32_t k = slotOf(y);
+    const Entry drawn = v[k];
+    v[k] = withSlot(draw());
+    y = drawn;
+    return valueOf(drawn);
   }
 
   /// The slot that the last value y selects, 1 to 97: truncation of 1.0 + 97.0 * y / maxran. The product has
@@ -73,6 +73,13 @@ class RandomSource {
  private:
   static constexpr std::uint32_t kSlots = 97;
 
+  /// A value with the slot that it selects in the upper half. Each draw waits for the slot of the one before
+  /// it, so the slot is found when the value enters the table and nothing waits for it.
+  using Entry = std::uint64_t;
+  static constexpr Entry withSlot(std::uint32_t value) { return Entry{slot(value)} << 32 | value; }
+  static constexpr std::uint32_t slotOf(Entry entry) { return static_cast<std::uint32_t>(entry >> 32); }
+  static constexpr std::uint32_t valueOf(Entry entry) { return static_cast<std::uint32_t>(entry); }
+
   std::uint32_t draw() { return own_ ? generator_.next() : static_cast<std::uint32_t>(platform_.rand()); }
   void initialise();
   bool platformIsKnown();
@@ -83,8 +90,8 @@ class RandomSource {
   Relaxed<int> seed = 10;
   Relaxed<int> iff;
   /// Slots 1 to 97; slot 0 is not used.
-  Relaxed<std::uint32_t> v[kSlots + 1];
-  Relaxed<std::uint32_t> y;
+  Relaxed<Entry> v[kSlots + 1];
+  Relaxed<Entry> y;
 };
 
 }  // namespace quorvane

@@ -1,0 +1,99 @@
+#include "EngineBench.h"
+
+#include <benchmark/benchmark.h>
+
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "engine/f_ran0.h"
+#include "reference/Cases.h"
+#include "reference/Lockstep.h"
+#include "reference/Ran0.h"
+
+namespace quorvane {
+namespace {
+
+using reference::Case;
+using reference::EngineSystem;
+using reference::System;
+
+constexpr int kDraws = 1'000'000;
+constexpr int kAttempts = 254 * 254 + 1;
+/// Sweeps before measuring, so that a lattice looks as it does most of the time, and not as it was filled.
+constexpr int kWarmUpSweeps = 30;
+constexpr int kRepetitions = 9;
+
+void itemsOfAnIteration(benchmark::State& state, int items) {
+  state.counters["items"] = items;
+  state.SetItemsProcessed(state.iterations() * items);
+}
+
+void draw(benchmark::State& state) {
+  reference::restartSources();
+  for (auto _ : state)
+    for (int k = 0; k < kDraws; ++k) benchmark::DoNotOptimize(fRandReal());
+  itemsOfAnIteration(state, kDraws);
+}
+
+void referenceDraw(benchmark::State& state) {
+  reference::restartSources();
+  for (auto _ : state)
+    for (int k = 0; k < kDraws; ++k) benchmark::DoNotOptimize(reference::fRandReal());
+  itemsOfAnIteration(state, kDraws);
+}
+
+/// The system after its warm-up. Both sides are measured from there with the same draws, and so go through
+/// the same lattices.
+const System& warmedUp(const Case& typical) {
+  static std::map<std::string, std::unique_ptr<System>> systems;
+  auto& system = systems[typical.name];
+  if (!system) {
+    reference::restartSources();
+    system = typical.make();
+    for (int k = 0; k < kWarmUpSweeps * kAttempts; ++k) reference::attempt(*system);
+  }
+  return *system;
+}
+
+template <class AnySystem>
+void attempts(benchmark::State& state, AnySystem& system) {
+  reference::restartSources();
+  for (auto _ : state)
+    for (int k = 0; k < kAttempts; ++k) reference::attempt(system);
+  itemsOfAnIteration(state, kAttempts);
+}
+
+void attempt(benchmark::State& state, const Case& typical) {
+  const auto system = reference::toEngine(warmedUp(typical));
+  attempts(state, *system);
+}
+
+void referenceAttempt(benchmark::State& state, const Case& typical) {
+  const auto system = std::make_unique<System>(warmedUp(typical));
+  attempts(state, *system);
+}
+
+template <class... Args>
+void repeated(const std::string& name, int iterations, Args&&... args) {
+  benchmark::RegisterBenchmark(name.c_str(), std::forward<Args>(args)...)
+      ->Unit(benchmark::kMicrosecond)
+      ->Iterations(iterations)
+      ->Repetitions(kRepetitions)
+
+      ;
+}
+
+}  // namespace
+
+void registerEngineBenchmarks() {
+  repeated("Draw", 10, draw);
+  repeated("ReferenceDraw", 10, referenceDraw);
+  for (const Case& typical : reference::typicalCases()) {
+    repeated("Attempt/" + typical.name, 20, attempt, typical);
+    repeated("ReferenceAttempt/" + typical.name, 20, referenceAttempt, typical);
+  }
+}
+
+}  // namespace quorvane

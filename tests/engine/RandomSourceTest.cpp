@@ -1,0 +1,154 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+
+#include "Draws.h"
+#include "engine/RandomSource.h"
+#include "engine/f_ran0.h"
+
+namespace quorvane {
+namespace {
+
+TEST(RandomSource, ARandValueOfZeroSelectsTheFirstSlot) { EXPECT_EQ(RandomSource::slot(0), 1u); }
+
+TEST(RandomSource, TheLargestRandValueSelectsTheLastSlot) { EXPECT_EQ(RandomSource::slot(2147483647), 97u); }
+
+TEST(RandomSource, ASlotHoldsTheNinetySeventhPartOfTheValues) {
+  for (std::uint32_t slot = 1; slot < 97; ++slot) {
+    const auto firstOfNext = static_cast<std::uint32_t>((std::uint64_t{slot} * 2147483648u + 96) / 97);
+    EXPECT_EQ(RandomSource::slot(firstOfNext - 1), slot);
+    EXPECT_EQ(RandomSource::slot(firstOfNext), slot + 1);
+  }
+}
+
+TEST(RandomSource, TwoFreshSourcesDrawTheSame) {
+  RandomSource a, b;
+  for (int k = 0; k < 1000; ++k) ASSERT_EQ(a.next(), b.next());
+}
+
+TEST(RandomSource, BeginsWithTheSameThreeValues) {
+  RandomSource source;
+  for (const double expected : {0.32136549381539226, 0.84746248042210937, 0.35341121396049857})
+    EXPECT_EQ(source.next() / RandomSource::maxran, expected);
+}
+
+TEST(RandomSource, DrawsItselfOnlyOnceTheFirstDrawHasLookedAtThePlatform) {
+  RandomSource source;
+  EXPECT_FALSE(source.drawsItself());
+  source.next();
+  EXPECT_TRUE(source.drawsItself());
+}
+
+TEST(RandomSource, ASmallestDrawIsZero) {
+  const SmallestDraws draws;
+  EXPECT_EQ(fRandReal(), 0.0);
+  EXPECT_EQ(fRandInt(8), 1);
+}
+
+TEST(RandomSource, ALargestDrawIsBelowOne) {
+  const LargestDraws draws;
+  EXPECT_EQ(fRandReal(), 2147483647.0 / 2147483648.0);
+  EXPECT_LT(fRandReal(), 1.0);
+  EXPECT_EQ(fRandInt(8), 8);
+}
+
+class FeedbackOfSeed : public testing::TestWithParam<int> {};
+
+TEST_P(FeedbackOfSeed, EqualsTheCLibrary) {
+  AdditiveFeedback generator;
+  generator.seed(GetParam());
+  std::srand(static_cast<unsigned>(GetParam()));
+  for (int k = 0; k < 100'000; ++k)
+    ASSERT_EQ(static_cast<int>(generator.next()), std::rand()) << "value " << k;
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, FeedbackOfSeed, testing::Values(1, 2, 10, 12345, 16807, 2147483646));
+
+TEST(RandReal, IsAMultipleOfTwoToTheMinusThirtyOneInRange) {
+  for (int k = 0; k < 100'000; ++k) {
+    const double draw = fRandReal();
+    ASSERT_GE(draw, 0.0);
+    ASSERT_LT(draw, 1.0);
+    ASSERT_EQ(draw * 2147483648.0, std::floor(draw * 2147483648.0));
+  }
+}
+
+TEST(RandReal, ReturnsTheDrawUnchanged) {
+  for (int k = 0; k < 100; ++k) {
+    const double next = Foresight().real();
+    ASSERT_EQ(k % 2 == 0 ? fRandReal() : fn_ran0(), next);
+  }
+}
+
+TEST(RandReal, IsUniform) {
+  constexpr int draws = 970'000, bins = 97;
+  int counts[bins] = {};
+  for (int k = 0; k < draws; ++k) ++counts[static_cast<int>(fRandReal() * bins)];
+  double chiSquare = 0.0;
+  for (const int count : counts) {
+    const double excess = count - draws / bins;
+    chiSquare += excess * excess / (draws / bins);
+  }
+  // 96 degrees of freedom: a fair source exceeds 160 once in twenty thousand times.
+  EXPECT_LT(chiSquare, 160.0);
+}
+
+TEST(RandInt, OfOneIsAlwaysOneAndStillDraws) {
+  for (int k = 0; k < 1000; ++k) ASSERT_EQ(fRandInt(1), 1);
+  EXPECT_EQ(drawsMadeBy([] { fRandInt(1); }), 1);
+}
+
+TEST(RandInt, OfEightIsOneToEightAndEachOfThem) {
+  int counts[10] = {};
+  for (int k = 0; k < 80'000; ++k) {
+    const int value = fRandInt(8);
+    ASSERT_GE(value, 1);
+    ASSERT_LE(value, 8);
+    ++counts[value];
+  }
+  for (int value = 1; value <= 8; ++value) EXPECT_NEAR(counts[value], 10'000, 500);
+}
+
+TEST(RandInt, OfZeroIsOneAndStillDraws) {
+  EXPECT_EQ(drawsMadeBy([] { EXPECT_EQ(fRandInt(0), 1); }), 1);
+}
+
+TEST(RandInt, IsTheFloorOfTheScaledDrawPlusOne) {
+  for (const int n : {1, 2, 3, 10, 97, 256, 65536, 4194303, 4194304, 4194305, 1'000'000'007,
+                      std::numeric_limits<int>::max()})
+    for (int k = 0; k < 1000; ++k) {
+      const double u = Foresight().real();
+      const int value = fRandInt(n);
+      ASSERT_EQ(value, static_cast<int>(std::floor(u * n) + 1.0)) << "n = " << n;
+      ASSERT_GE(value, 1);
+      ASSERT_LE(value, n);
+    }
+}
+
+TEST(RandInt, OfANegativeNumberIsTheFloorOfTheScaledDrawPlusOne) {
+  for (const int n : {-1, -2, -10, -4194305, std::numeric_limits<int>::min()})
+    for (int k = 0; k < 1000; ++k) {
+      const double u = Foresight().real();
+      ASSERT_EQ(fRandInt(n), static_cast<int>(std::floor(u * n) + 1.0)) << "n = " << n;
+    }
+}
+
+TEST(RandInt, RoundsTheScaledDrawAsRealArithmeticDoes) {
+  // The exact products lie just below a whole number, to which a double rounds them.
+  {
+    const ConstantDraws<2146992945> draws;
+    EXPECT_EQ(fRandInt(4196911), 4195953);
+  }
+  const ConstantDraws<2147481601> draws;
+  EXPECT_EQ(fRandInt(-4196353), -4196348);
+}
+
+TEST(RandInt, MakesOneDrawForAnyNumber) {
+  for (const int n : {2, 8, 256, 5'000'000, -3})
+    EXPECT_EQ(drawsMadeBy([n] { fRandInt(n); }), 1) << "n = " << n;
+}
+
+}  // namespace
+}  // namespace quorvane

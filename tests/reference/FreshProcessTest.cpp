@@ -1,0 +1,43 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+namespace quorvane {
+namespace {
+
+using ::testing::ElementsAre;
+
+/// What a process of its own prints, as numbers.
+std::vector<double> firstDraws(const std::string& of, int count) {
+  const std::string command = std::string("'") + FIRST_DRAWS + "' " + of + " " + std::to_string(count);
+  std::FILE* output = popen(command.c_str(), "r");
+  std::vector<double> draws;
+  if (output == nullptr) return draws;
+  double draw = 0.0;
+  while (std::fscanf(output, "%lf", &draw) == 1) draws.push_back(draw);
+  EXPECT_EQ(pclose(output), 0);
+  return draws;
+}
+
+TEST(FreshProcess, DrawsTheSameThreeValuesFirst) {
+  EXPECT_THAT(firstDraws("engine", 3),
+              ElementsAre(0.32136549381539226, 0.84746248042210937, 0.35341121396049857));
+}
+
+TEST(FreshProcess, DrawsWhatAnotherFreshProcessDraws) {
+  const auto draws = firstDraws("engine", 10'000);
+  ASSERT_EQ(draws.size(), 10'000u);
+  EXPECT_EQ(draws, firstDraws("engine", 10'000));
+}
+
+TEST(FreshProcess, DrawsWhatSeedingTheCLibraryGivesThroughTheTable) {
+  const auto draws = firstDraws("engine", 10'000);
+  ASSERT_EQ(draws.size(), 10'000u);
+  EXPECT_EQ(draws, firstDraws("reference", 10'000));
+}
+
+}  // namespace
+}  // namespace quorvane

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <random>
+#include <span>
+
+namespace quorvane::reference {
+
+/// Values to build systems from, the same for a seed on every machine, and independent of the random number
+/// sources that are tested.
+class RandomValues {
+ public:
+  explicit RandomValues(std::uint64_t seed) : bits_(seed) {}
+
+  /// 0 to n - 1.
+  int below(int n) { return static_cast<int>(bits_() % static_cast<std::uint64_t>(n)); }
+  /// first to last, both possible.
+  int from(int first, int last) { return first + below(last - first + 1); }
+  /// True once in n times.
+  bool oneIn(int n) { return below(n) == 0; }
+  double between(double low, double high) {
+    return low + (high - low) * (static_cast<double>(bits_() >> 11) * 0x1p-53);
+  }
+  template <class T, std::size_t N>
+  T oneOf(const T (&values)[N]) {
+    return values[below(static_cast<int>(N))];
+  }
+
+ private:
+  std::mt19937_64 bits_;
+};
+
+}  // namespace quorvane::reference
