@@ -8,8 +8,13 @@ function(quorvane_tests name label)
   if(NOT label STREQUAL "gui")
     target_link_libraries(${name} PRIVATE GTest::gtest_main)
   endif()
+  # Windows on one screen take each other's focus, so only one program has it at a time.
+  set(locks "")
+  if(label STREQUAL "gui")
+    set(locks RESOURCE_LOCK display)
+  endif()
   gtest_discover_tests(${name}
     DISCOVERY_MODE PRE_TEST
     DISCOVERY_TIMEOUT 60
-    PROPERTIES LABELS "${label}" TIMEOUT 300 ENVIRONMENT "${arg_ENVIRONMENT}")
+    PROPERTIES LABELS "${label}" TIMEOUT 300 ENVIRONMENT "${arg_ENVIRONMENT}" ${locks})
 endfunction()

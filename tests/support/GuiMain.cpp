@@ -1,0 +1,19 @@
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QSurfaceFormat>
+
+#include "view/GraphicalLatticeModelGL.h"
+
+int main(int argc, char** argv) {
+  ::testing::InitGoogleMock(&argc, argv);
+  // The cases can be listed on a machine without a display.
+  if (GTEST_FLAG_GET(list_tests)) return RUN_ALL_TESTS();
+
+  // Frames are compared pixel by pixel, so every machine draws them in software.
+  qputenv("LIBGL_ALWAYS_SOFTWARE", "1");
+  QSurfaceFormat::setDefaultFormat(quorvane::GraphicalLatticeModelGL::surfaceFormat());
+  const QApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  return RUN_ALL_TESTS();
+}

@@ -1,0 +1,138 @@
+#include <gtest/gtest.h>
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "Lattices.h"
+
+namespace quorvane {
+namespace {
+
+constexpr int kSpaceBar = 49;
+constexpr int kEscape = 53;
+
+/// A small view that takes itself to fill the screen, which is all that the keys ask about.
+std::unique_ptr<GraphicalLatticeModelGL> viewWithKeys() {
+  auto view = shownView(100, 100);
+  fillLattice(*view, 2, 10, 10, scatteredTypes(2));
+  view->setSimulationSpeed(1'000'000'000);
+  view->setFullScreen(1);
+  return view;
+}
+
+TEST(Keyboard, SpaceRunsAndStops) {
+  auto view = viewWithKeys();
+  view->keyDown(kSpaceBar);
+  EXPECT_EQ(view->varMyState, kRunning);
+  EXPECT_TRUE(gui::waitUntil([&] { return view->sweepsDone() > 3; }));
+  view->keyDown(kSpaceBar);
+  EXPECT_EQ(view->varMyState, kStopped);
+  EXPECT_EQ(view->varInFullScreen, 1);
+}
+
+TEST(Keyboard, SpaceRunsAModelThatAStrokePauses) {
+  auto view = viewWithKeys();
+  view->varMyState = kPausedForPainting;
+  view->keyDown(kSpaceBar);
+  EXPECT_EQ(view->varMyState, kRunning);
+}
+
+TEST(Keyboard, EscapeStopsARunAndLeavesFullScreen) {
+  auto view = viewWithKeys();
+  view->runLatticeModelInBackground();
+  view->keyDown(kEscape);
+  EXPECT_EQ(view->varMyState, kStopped);
+  EXPECT_EQ(view->varInFullScreen, 0);
+}
+
+TEST(Keyboard, EscapeLeavesAnyOtherStateAsItIs) {
+  auto view = viewWithKeys();
+  view->varMyState = kPausedForPainting;
+  view->keyDown(kEscape);
+  EXPECT_EQ(view->varMyState, kPausedForPainting);
+  EXPECT_EQ(view->varInFullScreen, 0);
+}
+
+TEST(Keyboard, IsObeyedInFullScreenOnly) {
+  auto view = viewWithKeys();
+  for (const int flag : {0, 2}) {
+    view->setFullScreen(flag);
+    view->keyDown(kSpaceBar);
+    EXPECT_EQ(view->varMyState, kStopped);
+    view->varMyState = kRunning;
+    view->keyDown(kSpaceBar);
+    view->keyDown(kEscape);
+    EXPECT_EQ(view->varMyState, kRunning);
+    EXPECT_EQ(view->varInFullScreen, flag);
+    view->varMyState = kStopped;
+  }
+}
+
+TEST(Keyboard, DropsEveryOtherKey) {
+  auto view = viewWithKeys();
+  for (int code = -1; code < 256; ++code) {
+    if (code == kSpaceBar || code == kEscape) continue;
+    view->keyDown(code);
+    ASSERT_EQ(view->varMyState, kStopped) << code;
+    ASSERT_EQ(view->varInFullScreen, 1) << code;
+  }
+}
+
+TEST(Keyboard, TakesTheSpaceBarAndEscapeFromTheWindow) {
+  auto view = viewWithKeys();
+  QTest::keyClick(view->windowHandle(), Qt::Key_Space);
+  EXPECT_EQ(view->varMyState, kRunning);
+  QTest::keyClick(view->windowHandle(), Qt::Key_Space);
+  EXPECT_EQ(view->varMyState, kStopped);
+  QTest::keyClick(view->windowHandle(), Qt::Key_A);
+  EXPECT_EQ(view->varInFullScreen, 1);
+  QTest::keyClick(view->windowHandle(), Qt::Key_Escape);
+  EXPECT_EQ(view->varInFullScreen, 0);
+}
+
+TEST(Keyboard, TakesAHeldSpaceBarForOnePress) {
+  auto view = viewWithKeys();
+  QTest::keyPress(view.get(), Qt::Key_Space);
+  QKeyEvent repeat(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "), true);
+  QApplication::sendEvent(view.get(), &repeat);
+  EXPECT_EQ(view->varMyState, kRunning);
+  view->stopLatticeModel();
+}
+
+/// Notes the keys that its children pass on.
+class KeyCatcher : public QWidget {
+ public:
+  int caught = 0;
+
+ protected:
+  void keyPressEvent(QKeyEvent*) override { ++caught; }
+};
+
+TEST(Keyboard, PassesNoKeyOn) {
+  KeyCatcher window;
+  window.resize(1000, 800);
+  auto* view = new GraphicalLatticeModelGL(&window);
+  ASSERT_TRUE(gui::showAndActivate(window));
+  view->setFocus();
+  for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Escape, Qt::Key_X}) QTest::keyClick(view, key);
+  EXPECT_EQ(window.caught, 0);
+}
+
+TEST(Keyboard, TabStillMovesTheFocus) {
+  QWidget window;
+  window.resize(1000, 800);
+  auto* view = new GraphicalLatticeModelGL(&window);
+  auto* text = new QLineEdit(&window);
+  ASSERT_TRUE(gui::showAndActivate(window));
+  view->setFocus();
+  ASSERT_TRUE(view->hasFocus());
+  QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
+  EXPECT_TRUE(text->hasFocus());
+  QTest::keyClick(window.windowHandle(), Qt::Key_Tab, Qt::ShiftModifier);
+  EXPECT_TRUE(view->hasFocus());
+}
+
+}  // namespace
+}  // namespace quorvane

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QColor>
+#include <QImage>
+#include <functional>
+#include <memory>
+
+#include "GuiSupport.h"
+#include "view/GraphicalLatticeModelGL.h"
+
+namespace quorvane {
+
+using SiteType = std::function<int(int i, int j)>;
+
+/// Black, red, green, blue, white and five mixtures.
+QColor paletteColor(int type);
+
+/// Gives the view a lattice with the palette's colours and the given site values, and traces to match.
+void fillLattice(LatticeModel& model, int numTypes, int imax, int jmax, const SiteType& typeOf);
+
+/// Some type below numTypes for every site, the same for the same site in every run.
+SiteType scatteredTypes(int numTypes);
+
+/// Random colours, opacities and traces, a good part of them 0; the same for the same seed.
+void scatterTraces(LatticeModel& model, unsigned seed);
+
+/// A view that is a window itself, on the screen at a size in points.
+template <class View = GraphicalLatticeModelGL>
+std::unique_ptr<View> shownView(int width, int height) {
+  auto view = std::make_unique<View>();
+  view->resize(width, height);
+  EXPECT_TRUE(gui::showAndActivate(*view));
+  EXPECT_TRUE(gui::waitUntil([&] { return view->size() == QSize(width, height); }));
+  return view;
+}
+
+/// The colour of a pixel counted from the left and from the bottom.
+QColor colorAt(const QImage& frame, int x, int y);
+
+/// What a frame shows of opaque sites: for each pixel, the colour of the last rectangle over its middle.
+QImage opaqueFrame(const LatticeModel& model, int width, int height);
+
+}  // namespace quorvane

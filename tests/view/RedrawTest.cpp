@@ -1,0 +1,190 @@
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QOffscreenSurface>
+#include <QOpenGLContext>
+#include <QSignalSpy>
+#include <limits>
+#include <thread>
+
+#include "Lattices.h"
+
+namespace quorvane {
+namespace {
+
+constexpr int kFastest = std::numeric_limits<int>::max();
+constexpr int kSlowest = 5;
+
+/// Counts the tasks posted to an object that reach it.
+class PostedTasks : public QObject {
+ public:
+  explicit PostedTasks(QObject& watched) { watched.installEventFilter(this); }
+  int count() const { return count_; }
+
+ protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::MetaCall) ++count_;
+    return false;
+  }
+
+ private:
+  int count_ = 0;
+};
+
+/// Waits for sweeps while the main thread handles no event.
+::testing::AssertionResult waitBusyForSweeps(const LatticeModel& model, std::int64_t sweeps) {
+  QElapsedTimer timer;
+  timer.start();
+  while (model.sweepsDone() < sweeps) {
+    if (timer.elapsed() > gui::kDeadline.count()) return ::testing::AssertionFailure() << "too few sweeps";
+    std::this_thread::yield();
+  }
+  return ::testing::AssertionSuccess();
+}
+
+std::unique_ptr<GraphicalLatticeModelGL> settledView() {
+  auto view = shownView(100, 100);
+  fillLattice(*view, 2, 10, 10, scatteredTypes(2));
+  QSignalSpy frames(view.get(), &GraphicalLatticeModelGL::frameDrawn);
+  EXPECT_TRUE(gui::waitUntil([&] { return frames.count() > 0; }));
+  gui::processEvents();
+  return view;
+}
+
+TEST(Redraw, FollowsAChangeOfColour) {
+  auto view = settledView();
+  QSignalSpy frames(view.get(), &GraphicalLatticeModelGL::frameDrawn);
+  view->setPixelColor(0, 1.0, 1.0, 0.0);
+  EXPECT_TRUE(gui::waitUntil([&] { return frames.count() == 1; }));
+}
+
+TEST(Redraw, DoesNotFollowAWrittenSite) {
+  auto view = settledView();
+  QSignalSpy frames(view.get(), &GraphicalLatticeModelGL::frameDrawn);
+  view->setSiteValue(3, 3, 1);
+  gui::processEvents();
+  EXPECT_EQ(frames.count(), 0);
+}
+
+TEST(Redraw, FollowsTheSweepsOfARun) {
+  auto view = settledView();
+  QSignalSpy frames(view.get(), &GraphicalLatticeModelGL::frameDrawn);
+  view->setSimulationSpeed(kFastest);
+  view->runLatticeModelInBackground();
+  EXPECT_TRUE(gui::waitUntil([&] { return frames.count() >= 5; }));
+  view->stopLatticeModel();
+}
+
+TEST(Redraw, ShowsWhatTheLastSweepOfARunLeft) {
+  auto view = settledView();
+  view->setSimulationSpeed(kFastest);
+  view->makeNewRule("to red", kIrreversibleFlip, 0, 1);
+  view->setRuleParam(0, 1.0);
+  view->runLatticeModelInBackground();
+  ASSERT_TRUE(gui::waitUntil([&] {
+    const QColor shown = gui::screenOf(*view).pixelColor(55, 100 - 55);
+    return view->sweepsDone() > 50 && shown == QColor(Qt::red);
+  }));
+  view->stopLatticeModel();
+}
+
+TEST(Redraw, MergesTheRequestsOfALoopThatOutrunsTheScreen) {
+  auto view = settledView();
+  view->setSimulationSpeed(kFastest);
+  QSignalSpy frames(view.get(), &GraphicalLatticeModelGL::frameDrawn);
+  const PostedTasks tasks(*view);
+  view->runLatticeModelInBackground();
+  ASSERT_TRUE(waitBusyForSweeps(*view, 500));
+  view->endRunLoops();
+  EXPECT_TRUE(gui::waitUntil([&] { return frames.count() > 0; }));
+  gui::processEvents();
+  EXPECT_EQ(tasks.count(), 1);
+  EXPECT_EQ(frames.count(), 1);
+}
+
+TEST(Redraw, IsPostedAgainOnceTheLastRequestHasBeenTakenUp) {
+  auto view = settledView();
+  view->setSimulationSpeed(kFastest);
+  const PostedTasks tasks(*view);
+  for (int run = 1; run <= 3; ++run) {
+    const std::int64_t before = view->sweepsDone();
+    view->runLatticeModelInBackground();
+    ASSERT_TRUE(waitBusyForSweeps(*view, before + 10));
+    view->endRunLoops();
+    gui::processEvents();
+    EXPECT_EQ(tasks.count(), run);
+  }
+}
+
+TEST(Redraw, RequestedFromAViewThatIsGoneIsHarmless) {
+  auto view = settledView();
+  view->setSimulationSpeed(kFastest);
+  QSignalSpy frames(view.get(), &GraphicalLatticeModelGL::frameDrawn);
+  QSignalSpy gone(view.get(), &QObject::destroyed);
+  view->runLatticeModelInBackground();
+  ASSERT_TRUE(waitBusyForSweeps(*view, 10));
+  view.reset();
+  gui::processEvents();
+  EXPECT_EQ(gone.count(), 1);
+  EXPECT_EQ(frames.count(), 0);
+}
+
+TEST(Redraw, RightAfterTheStartOfARunAtTheSlowestSpeedTheViewGoesQuickly) {
+  auto view = settledView();
+  view->setSimulationSpeed(kSlowest);
+  view->runLatticeModelInBackground();
+  QElapsedTimer timer;
+  timer.start();
+  view.reset();
+  EXPECT_LT(timer.elapsed(), 1000);
+}
+
+TEST(Redraw, DuringTheWaitAtTheSlowestSpeedTheViewGoesQuickly) {
+  auto view = settledView();
+  view->setSimulationSpeed(kSlowest);
+  view->runLatticeModelInBackground();
+  ASSERT_TRUE(waitBusyForSweeps(*view, 1));
+  QElapsedTimer timer;
+  timer.start();
+  view.reset();
+  EXPECT_LT(timer.elapsed(), 1000);
+}
+
+TEST(Drawing, WithoutAContextDoesNothing) {
+  GraphicalLatticeModelGL view;
+  QSignalSpy frames(&view, &GraphicalLatticeModelGL::frameDrawn);
+  ASSERT_EQ(QOpenGLContext::currentContext(), nullptr);
+  view.reshape();
+  view.drawRect();
+  EXPECT_EQ(frames.count(), 0);
+}
+
+TEST(Drawing, InAContextWithoutFixedFunctionsDoesNothing) {
+  QSurfaceFormat format;
+  format.setRenderableType(QSurfaceFormat::OpenGL);
+  format.setVersion(3, 3);
+  format.setProfile(QSurfaceFormat::CoreProfile);
+  QOpenGLContext context;
+  context.setFormat(format);
+  ASSERT_TRUE(context.create());
+  ASSERT_EQ(context.format().profile(), QSurfaceFormat::CoreProfile);
+  QOffscreenSurface surface;
+  surface.setFormat(context.format());
+  surface.create();
+  ASSERT_TRUE(context.makeCurrent(&surface));
+  GraphicalLatticeModelGL view;
+  QSignalSpy frames(&view, &GraphicalLatticeModelGL::frameDrawn);
+  view.drawRect();
+  EXPECT_EQ(frames.count(), 0);
+}
+
+TEST(Drawing, IsPossibleHereInAContextOfTheSurfaceFormat) {
+  EXPECT_TRUE(GraphicalLatticeModelGL::canDraw());
+  const QSurfaceFormat format = GraphicalLatticeModelGL::surfaceFormat();
+  EXPECT_EQ(format.renderableType(), QSurfaceFormat::OpenGL);
+  EXPECT_EQ(format.version(), qMakePair(2, 1));
+  EXPECT_EQ(format.profile(), QSurfaceFormat::NoProfile);
+}
+
+}  // namespace
+}  // namespace quorvane

@@ -1,0 +1,103 @@
+#pragma once
+
+#include <QOpenGLWidget>
+#include <QPointer>
+#include <QSurfaceFormat>
+#include <atomic>
+
+#include "model/LatticeModel.h"
+
+class QOpenGLFunctions_2_1;
+
+namespace quorvane {
+
+/// The model and its view in one object: shows the display trace, is painted on, and takes the two keys of
+/// full screen. Coordinates are in points (device-independent pixels), x from the left and y from the bottom.
+/// Main thread only, except where LatticeModel says otherwise.
+class GraphicalLatticeModelGL : public QOpenGLWidget, public LatticeModel {
+  Q_OBJECT
+
+ public:
+  /// Sets the start values of awakeFromNib.
+  explicit GraphicalLatticeModelGL(QWidget* parent = nullptr);
+  /// Ends the run loops before any part of the view goes.
+  ~GraphicalLatticeModelGL() override;
+
+  /// The surface format that the drawing needs: desktop OpenGL 2.1. To be the default format before the
+  /// application object is made.
+  static QSurfaceFormat surfaceFormat();
+  /// True if a context of surfaceFormat can be had on this machine. Needs the application object.
+  static bool canDraw();
+
+  /// True: the view receives key events.
+  bool acceptsFirstResponder() const;
+  /// Follows the size of the window that the view stands in from now on. Called when the view shows in
+  /// another window than before; a view that is a window itself follows none.
+  void viewDidMoveToWindow();
+  /// Places the view inside its window: 11 points free on the left, 205 below, 545 on the right, 29 on top.
+  /// A window too small for that leaves a view of width or height 0. No effect while the view fills the
+  /// screen or is a window itself.
+  void windowResized();
+  /// Sets the viewport to the view's bounds in device pixels. Makes the view's context current; no effect
+  /// while there is none.
+  void reshape();
+  /// Draws a frame into the current context and takes varMyWidth, varMyHeight and varSiteSpacing from the
+  /// view's size. Without a lattice, or with an empty view, the frame is black. No effect, and no frameDrawn,
+  /// where no context of desktop OpenGL 2.1 is current.
+  void drawRect();
+
+  /// Starts a paint stroke at a point, unless there is no model yet.
+  void mouseDown(double x, double y);
+  /// Paints the site at a point during a stroke. Points beyond the right or upper edge count as 1 point
+  /// inside it, points beyond the others as on them. Paints nothing where the point gives no site of the
+  /// lattice, before the first frame, or with a brush that is not 0 to 9.
+  void mouseDragged(double x, double y);
+  /// Ends a stroke, and goes on with the run that it paused.
+  void mouseUp();
+  /// Obeys 49 (space: run or stop) and 53 (Escape: stop and leave) in full screen; drops any other key.
+  void keyDown(int keyCode);
+
+  /// Lets the view fill the primary screen and take the keyboard. setFullScreen is the caller's. No effect
+  /// while it does already.
+  void enterFullScreenMode();
+  /// Puts the view back into its window. No effect, and no fullScreenLeft, unless it fills the screen.
+  void exitFullScreenMode();
+
+ signals:
+  /// A frame has been drawn, on the main thread.
+  void frameDrawn();
+  /// The view is back in its window.
+  void fullScreenLeft();
+
+ protected:
+  void requestRedraw() override;
+  /// Posts one redraw to the main thread; requests made before it is taken up are merged into it.
+  void requestRedrawFromRunLoop() override;
+
+  void paintGL() override;
+  void resizeGL(int width, int height) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void setViewport(QOpenGLFunctions_2_1& gl) const;
+  void drawSites(QOpenGLFunctions_2_1& gl) const;
+  void paintSite(int i, int j);
+  QPointF viewPoint(const QMouseEvent& event) const;
+  void startRun();
+  void stopAndLeaveFullScreen();
+
+  std::atomic<bool> redrawPending_{false};
+  QPointer<QWidget> followedWindow_;
+  bool fillsScreen_ = false;
+  QRect geometryInWindow_;
+  QPointer<QWidget> predecessorInTabOrder_;
+};
+
+}  // namespace quorvane

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QRectF>
+#include <QWidget>
+#include <cstdint>
+
+namespace quorvane {
+
+/// Two series of up to 256 values as square markers 5 points wide on white, the first red, the second green.
+///
+/// Knows no model; its owner sets everything and asks for the redraw. Coordinates are in points, y upwards.
+/// Markers may start and end between two pixels: a pixel takes a marker's colour, unmixed, if the marker's
+/// rounded edges hold it. Main thread only.
+class GraphicalPlot : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// State 0, no points, all values 0.
+  explicit GraphicalPlot(QWidget* parent = nullptr);
+
+  /// Markers are drawn in state 1 only.
+  void setState(std::int32_t state);
+  /// The number of points per series, 0 to 256. The points are spread over the width as if there were that
+  /// many; of more than 256 the rest is not drawn, of fewer than 0 none.
+  void setXMax(std::int32_t points);
+  /// Sets a value of series 0 or 1 at index 0 to 255: 0 is the bottom of the view, 1 the top. Other indices
+  /// have no effect.
+  void setXYValue(std::int32_t series, std::int32_t index, double value);
+  /// Asks for a redraw.
+  void refreshPlot();
+
+  /// Draws the background of a rectangle, and every marker over it. During a paint event only.
+  void drawRect(const QRectF& rect);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  static constexpr int kSeries = 2;
+  static constexpr int kMaxPoints = 256;
+
+  std::int32_t varMyState = 0;
+  std::int32_t varXmax = 0;
+  double varYData[kSeries][kMaxPoints] = {};
+};
+
+}  // namespace quorvane

@@ -1,0 +1,56 @@
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QScreen>
+
+#include "view/GraphicalLatticeModelGL.h"
+
+namespace quorvane {
+
+void GraphicalLatticeModelGL::enterFullScreenMode() {
+  if (fillsScreen_) return;
+  fillsScreen_ = true;
+  geometryInWindow_ = geometry();
+  predecessorInTabOrder_ = previousInFocusChain();
+  // Keeps the parent, and with it the view's life, while the view is a window of its own.
+  setWindowFlags(Qt::Window);
+  // Where no window manager obeys the request for full screen, the geometry alone fills the screen.
+  setGeometry(QGuiApplication::primaryScreen()->geometry());
+  showFullScreen();
+  raise();
+  activateWindow();
+  setFocus(Qt::OtherFocusReason);
+}
+
+void GraphicalLatticeModelGL::exitFullScreenMode() {
+  if (!fillsScreen_) return;
+  fillsScreen_ = false;
+  hide();
+  setWindowState(windowState() & ~Qt::WindowFullScreen);
+  if (parentWidget() != nullptr) setWindowFlags(Qt::Widget);
+  setGeometry(geometryInWindow_);
+  windowResized();
+  if (predecessorInTabOrder_) setTabOrder(predecessorInTabOrder_, this);
+  show();
+  window()->activateWindow();
+  emit fullScreenLeft();
+}
+
+void GraphicalLatticeModelGL::stopAndLeaveFullScreen() {
+  if (varMyState == kRunning) stopLatticeModel();
+  setFullScreen(0);
+  exitFullScreenMode();
+}
+
+void GraphicalLatticeModelGL::closeEvent(QCloseEvent* event) {
+  if (!fillsScreen_) return QOpenGLWidget::closeEvent(event);
+  event->ignore();
+  stopAndLeaveFullScreen();
+}
+
+void GraphicalLatticeModelGL::hideEvent(QHideEvent* event) {
+  // A view that goes while the button is down never hears of its release.
+  mouseUp();
+  QOpenGLWidget::hideEvent(event);
+}
+
+}  // namespace quorvane

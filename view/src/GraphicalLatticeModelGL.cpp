@@ -1,0 +1,65 @@
+#include "view/GraphicalLatticeModelGL.h"
+
+#include <QGuiApplication>
+#include <QMetaObject>
+#include <QOffscreenSurface>
+#include <QOpenGLContext>
+#include <QOpenGLFunctions_2_1>
+#include <QOpenGLVersionFunctionsFactory>
+
+namespace quorvane {
+namespace {
+
+bool contextCanBeHad(const QSurfaceFormat& format) {
+  QOpenGLContext context;
+  context.setFormat(format);
+  if (!context.create()) return false;
+  QOffscreenSurface surface;
+  surface.setFormat(context.format());
+  surface.create();
+  if (!context.makeCurrent(&surface)) return false;
+  auto* gl = QOpenGLVersionFunctionsFactory::get<QOpenGLFunctions_2_1>(&context);
+  return gl != nullptr && gl->initializeOpenGLFunctions();
+}
+
+bool platformShowsOpenGLWidgets() {
+  // The platform without a screen offers contexts all the same, and crashes when a widget drawn with one
+  // shows.
+  return QGuiApplication::platformName() != QLatin1String("offscreen");
+}
+
+}  // namespace
+
+GraphicalLatticeModelGL::GraphicalLatticeModelGL(QWidget* parent) : QOpenGLWidget(parent) {
+  setFormat(surfaceFormat());
+  if (acceptsFirstResponder()) setFocusPolicy(Qt::StrongFocus);
+  viewDidMoveToWindow();
+  awakeFromNib();
+}
+
+GraphicalLatticeModelGL::~GraphicalLatticeModelGL() { endRunLoops(); }
+
+QSurfaceFormat GraphicalLatticeModelGL::surfaceFormat() {
+  QSurfaceFormat format;
+  format.setRenderableType(QSurfaceFormat::OpenGL);
+  format.setVersion(2, 1);
+  return format;
+}
+
+bool GraphicalLatticeModelGL::canDraw() {
+  return platformShowsOpenGLWidgets() && contextCanBeHad(surfaceFormat());
+}
+
+void GraphicalLatticeModelGL::requestRedraw() { update(); }
+
+void GraphicalLatticeModelGL::requestRedrawFromRunLoop() {
+  // A loop faster than the screen must not fill the event queue.
+  if (redrawPending_.exchange(true)) return;
+  const auto redraw = [this] {
+    redrawPending_ = false;
+    update();
+  };
+  QMetaObject::invokeMethod(this, redraw, Qt::QueuedConnection);
+}
+
+}  // namespace quorvane

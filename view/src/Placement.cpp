@@ -1,0 +1,47 @@
+#include <QEvent>
+#include <QShowEvent>
+
+#include "view/GraphicalLatticeModelGL.h"
+
+namespace quorvane {
+namespace {
+
+// The margins belong to the window's layout: the control panel stands on the right and below.
+constexpr int kLeft = 11;
+constexpr int kRight = 545;
+constexpr int kTop = 29;
+constexpr int kBottom = 205;
+
+}  // namespace
+
+bool GraphicalLatticeModelGL::acceptsFirstResponder() const { return true; }
+
+void GraphicalLatticeModelGL::viewDidMoveToWindow() {
+  if (followedWindow_) followedWindow_->removeEventFilter(this);
+  followedWindow_ = isWindow() ? nullptr : window();
+  if (followedWindow_) followedWindow_->installEventFilter(this);
+}
+
+void GraphicalLatticeModelGL::windowResized() {
+  if (isWindow()) return;
+  const QSize frame = window()->size();
+  const QPoint topLeft = parentWidget()->mapFrom(window(), QPoint(kLeft, kTop));
+  const QSize room(frame.width() - kRight - kLeft, frame.height() - kTop - kBottom);
+  setGeometry(QRect(topLeft, room.expandedTo(QSize(0, 0))));
+}
+
+bool GraphicalLatticeModelGL::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == followedWindow_ && event->type() == QEvent::Resize) windowResized();
+  return QOpenGLWidget::eventFilter(watched, event);
+}
+
+void GraphicalLatticeModelGL::showEvent(QShowEvent* event) {
+  // Whoever put the view, or a parent of it, into another window did so while it was hidden.
+  if (!isWindow() && followedWindow_ != window()) {
+    viewDidMoveToWindow();
+    windowResized();
+  }
+  QOpenGLWidget::showEvent(event);
+}
+
+}  // namespace quorvane

@@ -1,0 +1,123 @@
+#include <QOpenGLContext>
+#include <QOpenGLFunctions_2_1>
+#include <QOpenGLVersionFunctionsFactory>
+#include <vector>
+
+#include "view/GraphicalLatticeModelGL.h"
+
+namespace quorvane {
+namespace {
+
+constexpr double kLargestSpacingWithoutGaps = 8.0;
+constexpr double kGap = 2.0;
+constexpr double kOverlap = 1.0;
+
+/// The column or the row of sites between two normalised device coordinates.
+struct Band {
+  int site;
+  double from, to;
+};
+
+double normalised(double coordinate, double extent) { return 2.0 * (coordinate / extent) - 1.0; }
+
+/// The bands across an extent in the order of drawing; where the sites end before the extent they start anew.
+std::vector<Band> bandsAcross(double extent, double spacing, int sites) {
+  const bool gaps = spacing > kLargestSpacingWithoutGaps;
+  std::vector<Band> bands;
+  int site = 0;
+  double start = gaps ? kGap : 0.0;
+  do {
+    const double end = gaps ? start + spacing - kGap : start + spacing + kOverlap;
+    bands.push_back({site, normalised(start, extent), normalised(end, extent)});
+    site = site + 1 > sites - 1 ? 0 : site + 1;
+    start = start + spacing;
+  } while (start <= extent);
+  return bands;
+}
+
+/// What a pixel type is drawn with.
+struct Ink {
+  float red, green, blue;
+  double maximum, opacity;
+};
+
+std::vector<Ink> inksOf(const ModelState& model) {
+  std::vector<Ink> inks;
+  for (int type = 0; type < model.varNumSiteTypes; ++type) {
+    const auto& color = model.varSiteColor[type];
+    inks.push_back({static_cast<float>(color[0]), static_cast<float>(color[1]), static_cast<float>(color[2]),
+                    model.varMobileHistoryMax[type], model.varSiteAlpha[type]});
+  }
+  return inks;
+}
+
+/// The functions of the current context; null if it is none of desktop OpenGL 2.1.
+QOpenGLFunctions_2_1* currentFunctions() {
+  QOpenGLContext* context = QOpenGLContext::currentContext();
+  if (context == nullptr || context->isOpenGLES()) return nullptr;
+  auto* gl = QOpenGLVersionFunctionsFactory::get<QOpenGLFunctions_2_1>(context);
+  return gl != nullptr && gl->initializeOpenGLFunctions() ? gl : nullptr;
+}
+
+}  // namespace
+
+void GraphicalLatticeModelGL::paintGL() { drawRect(); }
+
+void GraphicalLatticeModelGL::resizeGL(int /*width*/, int /*height*/) { reshape(); }
+
+void GraphicalLatticeModelGL::reshape() {
+  if (context() == nullptr) return;
+  makeCurrent();
+  if (QOpenGLFunctions_2_1* gl = currentFunctions()) setViewport(*gl);
+}
+
+void GraphicalLatticeModelGL::setViewport(QOpenGLFunctions_2_1& gl) const {
+  // Rounded as the size of the widget's framebuffer is, so that the last pixel is neither missed nor
+  // invented.
+  const QSize pixels = size() * devicePixelRatioF();
+  gl.glViewport(0, 0, pixels.width(), pixels.height());
+}
+
+void GraphicalLatticeModelGL::drawRect() {
+  QOpenGLWidget::paintGL();
+  QOpenGLFunctions_2_1* gl = currentFunctions();
+  if (gl == nullptr) return;
+
+  // The toolkit sets a viewport of its own after a resize, so the one of reshape may be gone.
+  setViewport(*gl);
+  gl->glClearColor(0.0f, 0.0f, 0.0f, 1.0f);
+  gl->glClear(GL_COLOR_BUFFER_BIT);
+  gl->glEnable(GL_BLEND);
+  gl->glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+
+  varMyWidth = width();
+  varMyHeight = height();
+  varSiteSpacing = varMyWidth / varImax;
+  // Without an extent or a site the walk across the view would have no end.
+  const bool hasSites = varImax > 0 && varJmax > 0 && !size().isEmpty();
+  if (varMyState > kNotInitialised && hasSites) drawSites(*gl);
+
+  // No primitive is open here; the call is kept all the same.
+  gl->glEnd();
+  gl->glFlush();
+  emit frameDrawn();
+}
+
+void GraphicalLatticeModelGL::drawSites(QOpenGLFunctions_2_1& gl) const {
+  const std::vector<Band> columns = bandsAcross(varMyWidth, varSiteSpacing, varImax);
+  const std::vector<Band> rows = bandsAcross(varMyHeight, varSiteSpacing, varJmax);
+  const std::vector<Ink> inks = inksOf(*this);
+  for (const Band& column : columns)
+    for (const Band& row : rows)
+      for (std::size_t type = 0; type < inks.size(); ++type) {
+        const Ink& ink = inks[type];
+        const double trace = varMobileHistory[type][column.site][row.site];
+        const auto alpha = static_cast<float>(trace / ink.maximum * ink.opacity);
+        // Blending with alpha 0 leaves every pixel as it was, and most rectangles are such.
+        if (alpha == 0.0f) continue;
+        gl.glColor4f(ink.red, ink.green, ink.blue, alpha);
+        gl.glRectd(column.from, row.from, column.to, row.to);
+      }
+}
+
+}  // namespace quorvane
