@@ -45,9 +45,16 @@ TEST(Scaled, TheLatticeSpansTheWholeViewAndIsMeasuredInPoints) {
 }
 
 TEST(Scaled, TheFrameEqualsTheOneWithEveryRectangleDrawn) {
+  // A window has whole device pixels, a view inside it need not have.
   for (const QSize size : {QSize(222, 283), QSize(201, 133)}) {
-    auto view = shownView(size.width(), size.height());
-    auto literal = shownView<LiteralView>(size.width(), size.height());
+    QWidget window;
+    window.resize(500, 300);
+    auto view = std::make_unique<GraphicalLatticeModelGL>(&window);
+    auto literal = std::make_unique<LiteralView>();
+    literal->setParent(&window);
+    view->setGeometry(QRect(QPoint(0, 0), size));
+    literal->setGeometry(QRect(QPoint(250, 0), size));
+    ASSERT_TRUE(gui::showAndActivate(window));
     for (LatticeModel* model :
          {static_cast<LatticeModel*>(view.get()), static_cast<LatticeModel*>(literal.get())}) {
       fillLattice(*model, 6, 47, 31, scatteredTypes(6));
