@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QMainWindow>
+#include <memory>
+
+#include "app/MainViewController.h"
+#include "app/PopulationPlot.h"
+
+namespace quorvane {
+
+/// The application's only window, with its controls, its model and its controller. Closing it ends every run.
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  explicit MainWindow(QWidget* parent = nullptr);
+  ~MainWindow() override;
+
+  GraphicalLatticeModelGL& model();
+  MainViewController& controller() { return *controller_; }
+  const PopulationPlot& plot() const { return *plot_; }
+
+ private:
+  void keepRoomOfHiddenControls();
+  void acceptPrintableNamesOnly();
+  void followRun();
+
+  std::unique_ptr<Ui::MainWindow> ui_;
+  std::unique_ptr<MainViewController> controller_;
+  std::unique_ptr<PopulationPlot> plot_;
+};
+
+}  // namespace quorvane

@@ -1,0 +1,38 @@
+#include "ListItems.h"
+
+namespace quorvane {
+namespace {
+
+QString title(int index, const std::string& name) {
+  return QString::number(index) + " - " + QString::fromStdString(name);
+}
+
+}  // namespace
+
+QString pixelTitle(const LatticeModel& model, int type) { return title(type, model.getPixelName(type)); }
+
+QString ruleTitle(const LatticeModel& model, int rule) { return title(rule, model.getRuleName(rule)); }
+
+QString endPointTitle(const LatticeModel& model, int end) {
+  return end == kAnyPixelType ? QStringLiteral("Any pixel type") : pixelTitle(model, end);
+}
+
+Rgb pixelColor(const LatticeModel& model, int type) {
+  return {model.getPixelColorR(type), model.getPixelColorG(type), model.getPixelColorB(type)};
+}
+
+QString threeDecimals(double value) { return QString::number(value, 'f', 3); }
+
+void addPixelTypes(QComboBox& list, const LatticeModel& model) {
+  for (int type = 0; type < model.getNumPixelTypes(); ++type) list.addItem(pixelTitle(model, type));
+}
+
+void restoreSelection(QComboBox& list, int index) {
+  list.setCurrentIndex(index >= 0 && index < list.count() ? index : 0);
+}
+
+void selectValue(QComboBox& list, int index) {
+  list.setCurrentIndex(index >= 0 && index < list.count() ? index : -1);
+}
+
+}  // namespace quorvane

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QComboBox>
+#include <QString>
+
+#include "app/ColorWell.h"
+#include "model/LatticeModel.h"
+
+namespace quorvane {
+
+/// "index - name", as lists and labels name a pixel type or a rule.
+QString pixelTitle(const LatticeModel& model, int type);
+QString ruleTitle(const LatticeModel& model, int rule);
+/// The same, or "Any pixel type" for -1.
+QString endPointTitle(const LatticeModel& model, int end);
+
+Rgb pixelColor(const LatticeModel& model, int type);
+
+/// "%.3f", as the panel shows energies and probabilities.
+QString threeDecimals(double value);
+
+void addPixelTypes(QComboBox& list, const LatticeModel& model);
+/// Selects an item that was selected before the list was filled again; the first one if it is no longer
+/// there.
+void restoreSelection(QComboBox& list, int index);
+/// Selects the item that stands for a value of the model, or none if the list does not offer the value.
+void selectValue(QComboBox& list, int index);
+
+}  // namespace quorvane

@@ -1,0 +1,272 @@
+#include <QApplication>
+#include <QClipboard>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include "WindowTest.h"
+#include "document/ModelDocument.h"
+
+namespace quorvane {
+namespace {
+
+QStringList* logged = nullptr;
+
+/// Collects what goes to the log while it lives.
+class Log {
+ public:
+  Log() {
+    logged = &lines_;
+    former_ = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& line) {
+      if (logged && !line.startsWith("qt.")) *logged += line;
+    });
+  }
+  ~Log() {
+    qInstallMessageHandler(former_);
+    logged = nullptr;
+  }
+  const QStringList& lines() const { return lines_; }
+
+ private:
+  QStringList lines_;
+  QtMessageHandler former_;
+};
+
+class DocumentDialogs : public WindowTest {
+ protected:
+  void SetUp() override {
+    WindowTest::SetUp();
+    ASSERT_TRUE(folder_.isValid());
+  }
+
+  QString path(const QString& name) const { return folder_.filePath(name); }
+
+  /// Presses the button and deals with the panel that it opens.
+  template <class Deal>
+  void withPanel(const char* button, Deal deal) {
+    bool dealt = false;
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
+      auto* panel = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+      if (!panel || dealt) return;
+      dealt = true;
+      deal(*panel);
+    });
+    poll.start(20);
+    click(button);
+    EXPECT_TRUE(dealt);
+  }
+  static void accept(QFileDialog& panel, const QString& file) {
+    auto* name = panel.findChild<QLineEdit*>("fileNameEdit");
+    auto* buttons = panel.findChild<QDialogButtonBox*>("buttonBox");
+    ASSERT_TRUE(name && buttons);
+    // Pasted: while letters are typed, the panel completes them from what it reads in the background.
+    QApplication::clipboard()->setText(file);
+    QTest::keyClick(name, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(name, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_TRUE(name->text().endsWith(QFileInfo(file).fileName()));
+    if (QWidget* completions = QApplication::activePopupWidget()) completions->close();
+    const bool saves = panel.acceptMode() == QFileDialog::AcceptSave;
+    QPushButton* confirm = buttons->button(saves ? QDialogButtonBox::Save : QDialogButtonBox::Open);
+    ASSERT_NE(confirm, nullptr);
+    // The panel reads the folder in the background before it accepts a name.
+    EXPECT_TRUE(gui::waitUntil([confirm] { return confirm->isEnabled(); }));
+    gui::click(*confirm, confirm->rect().center());
+    EXPECT_FALSE(panel.isVisible());
+    if (panel.isVisible()) panel.reject();
+  }
+  void choosePath(const char* button, const QString& file) {
+    withPanel(button, [&](QFileDialog& panel) { accept(panel, file); });
+  }
+  void cancel(const char* button) {
+    withPanel(button, [](QFileDialog& panel) { QTest::keyClick(&panel, Qt::Key_Escape); });
+  }
+
+  /// A document of a model of 20 by 30 sites, 3 types and 2 rules.
+  QString writeSample() {
+    const auto other = std::make_unique<LatticeModel>();
+    other->awakeFromNib();
+    other->initializeLatticeModel(3, 20, 30);
+    other->setPixelName(1, "wall");
+    other->setPixelField(1, 0.123456789);
+    other->makeNewRule("grow", kIrreversibleFlip, 0, 1);
+    other->setRuleParam(0, 0.75);
+    other->setRuleFacNum(0, 2);
+    other->setRuleFacPixel(0, kAnyPixelType);
+    other->makeNewRule("bond", kPixelPixelInteraction, 1, 1);
+    other->setRuleParam(1, -1.5);
+    EXPECT_TRUE(saveDocument(*other, path("sample.quorvane").toStdString()).saved);
+    return path("sample.quorvane");
+  }
+  QByteArray contentOf(const QString& file) const {
+    QFile opened(file);
+    EXPECT_TRUE(opened.open(QIODevice::ReadOnly));
+    return opened.readAll();
+  }
+  void write(const QString& file, const QByteArray& content) const {
+    QFile opened(file);
+    ASSERT_TRUE(opened.open(QIODevice::WriteOnly));
+    opened.write(content);
+  }
+
+  QTemporaryDir folder_;
+};
+
+TEST_F(DocumentDialogs, ArePanelsForQuorvaneDocumentsAlone) {
+  withPanel("buttonOpenSystem", [](QFileDialog& panel) {
+    EXPECT_TRUE(panel.isModal());
+    EXPECT_EQ(panel.acceptMode(), QFileDialog::AcceptOpen);
+    EXPECT_EQ(panel.nameFilters(), QStringList({"Quorvane documents (*.quorvane)"}));
+    panel.reject();
+  });
+  initialise();
+  withPanel("buttonSaveSystem", [](QFileDialog& panel) {
+    EXPECT_EQ(panel.acceptMode(), QFileDialog::AcceptSave);
+    EXPECT_EQ(panel.nameFilters(), QStringList({"Quorvane documents (*.quorvane)"}));
+    EXPECT_EQ(panel.defaultSuffix(), "quorvane");
+    panel.reject();
+  });
+}
+
+TEST_F(DocumentDialogs, CancellingLogsItsLineAndChangesNothing) {
+  Log log;
+  cancel("buttonOpenSystem");
+  EXPECT_EQ(log.lines(), QStringList({"readUsingOpenPanel cancelled"}));
+  EXPECT_EQ(model().varMyState, kNotInitialised);
+  initialise();
+  cancel("buttonSaveSystem");
+  EXPECT_EQ(log.lines(), QStringList({"readUsingOpenPanel cancelled", "writeUsingSavePanel cancelled"}));
+  EXPECT_EQ(window_->windowTitle(), "Quorvane");
+}
+
+TEST_F(DocumentDialogs, OpeningShowsTheWholeDocument) {
+  Log log;
+  choosePath("buttonOpenSystem", writeSample());
+  EXPECT_EQ(log.lines(), QStringList());
+  EXPECT_EQ(model().varMyState, kStopped);
+  EXPECT_EQ(model().getIMax(), 20);
+  EXPECT_EQ(model().getJMax(), 30);
+  EXPECT_EQ(model().getPixelIntConstant(1, 1), -1.5);
+  EXPECT_EQ(get<Stepper>("stepperNumPixelTypes").value(), 3);
+  EXPECT_EQ(text("textNumPixelTypes"), "3");
+  EXPECT_EQ(slider("sliderWidthHeight").intValue(), 20);
+  EXPECT_EQ(text("textWidthHeight"), "20");
+  EXPECT_EQ(items("listSelectPixelType"), QStringList({"0 - Pixel", "1 - wall", "2 - Pixel"}));
+  EXPECT_EQ(items("listSelectedRule"), QStringList({"0 - grow", "1 - bond"}));
+  EXPECT_EQ(list("listSelectedRule").currentIndex(), 0);
+  EXPECT_EQ(text("textSelectedRuleName"), "grow");
+  EXPECT_EQ(text("textSelectedRuleParam"), "0.750");
+  EXPECT_EQ(list("listSelectedRuleFacNum").currentText(), "2");
+  EXPECT_EQ(list("listSelectedRuleFacPixel").currentIndex(), -1);
+  EXPECT_FALSE(enabled("buttonOpenSystem"));
+  EXPECT_FALSE(enabled("buttonInitialiseModel"));
+  EXPECT_TRUE(enabled("buttonRunModel"));
+  EXPECT_EQ(window_->windowTitle(), "sample.quorvane - Quorvane");
+  EXPECT_EQ(text("statusLine"), "Stopped  ·  0 sweeps  ·  20 × 30 sites");
+}
+
+TEST_F(DocumentDialogs, SavingWritesWhatWasOpened) {
+  const QString sample = writeSample();
+  choosePath("buttonOpenSystem", sample);
+  choosePath("buttonSaveSystem", path("copy"));
+  EXPECT_EQ(contentOf(path("copy.quorvane")), contentOf(sample));
+  EXPECT_EQ(window_->windowTitle(), "copy.quorvane - Quorvane");
+}
+
+TEST_F(DocumentDialogs, SavingTakesANameAlongThatIsStillBeingTyped) {
+  choosePath("buttonOpenSystem", writeSample());
+  type("textSelectedRuleName", "sprout");
+  // As on desktops where a click on a button leaves the focus where it is.
+  control("buttonSaveSystem").setFocusPolicy(Qt::TabFocus);
+  choosePath("buttonSaveSystem", path("typed"));
+  EXPECT_TRUE(contentOf(path("typed.quorvane")).contains("\nsprout\n"));
+}
+
+TEST_F(DocumentDialogs, SavingWorksWhileTheModelRuns) {
+  initialise();
+  click("buttonRunModel");
+  choosePath("buttonSaveSystem", path("running"));
+  EXPECT_EQ(model().varMyState, kRunning);
+  click("buttonStopModel");
+  EXPECT_EQ(contentOf(path("running.quorvane")).count('\n'), 3 + 124 * 104 + 9 * 2 + 1);
+}
+
+TEST_F(DocumentDialogs, ARefusedDocumentChangesNothingAndSaysWhere) {
+  write(path("big.quorvane"), "300\n20\n2\n");
+  Log log;
+  choosePath("buttonOpenSystem", path("big.quorvane"));
+  ASSERT_EQ(log.lines().size(), 1);
+  EXPECT_TRUE(log.lines()[0].startsWith("big.quorvane: line 1: ")) << log.lines()[0].toStdString();
+  EXPECT_EQ(text("statusLine"), "No model yet  ·  " + log.lines()[0]);
+  EXPECT_EQ(model().varMyState, kNotInitialised);
+  EXPECT_EQ(text("textWidthHeight"), "100");
+  EXPECT_EQ(text("textNumPixelTypes"), "2");
+  EXPECT_TRUE(enabled("buttonOpenSystem"));
+  EXPECT_FALSE(enabled("buttonRunModel"));
+  EXPECT_EQ(window_->windowTitle(), "Quorvane");
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(DocumentDialogs, ADocumentThatIsCutShortLeavesThePanelAsleep) {
+  const QByteArray whole = contentOf(writeSample());
+  write(path("short.quorvane"), whole.left(200));
+  Log log;
+  choosePath("buttonOpenSystem", path("short.quorvane"));
+  ASSERT_EQ(log.lines().size(), 1);
+  EXPECT_TRUE(log.lines()[0].startsWith("short.quorvane: line ")) << log.lines()[0].toStdString();
+  EXPECT_TRUE(text("statusLine").endsWith(log.lines()[0]));
+  EXPECT_EQ(model().getIMax(), 20);
+  EXPECT_EQ(text("textWidthHeight"), "20");
+  EXPECT_EQ(text("textNumPixelTypes"), "3");
+  EXPECT_TRUE(enabled("buttonOpenSystem"));
+  EXPECT_TRUE(enabled("buttonInitialiseModel"));
+  EXPECT_FALSE(enabled("buttonRunModel"));
+  EXPECT_EQ(window_->windowTitle(), "Quorvane");
+  choosePath("buttonOpenSystem", path("sample.quorvane"));
+  EXPECT_EQ(model().getNumRules(), 2);
+  EXPECT_EQ(text("statusLine"), "Stopped  ·  0 sweeps  ·  20 × 30 sites");
+}
+
+TEST_F(DocumentDialogs, AFileThatIsNotAsciiHasNoLines) {
+  write(path("odd.quorvane"), "20\n20\n2\n\xC3\xA9\n");
+  Log log;
+  choosePath("buttonOpenSystem", path("odd.quorvane"));
+  EXPECT_EQ(log.lines(), QStringList({"zAryOfLines count = 0"}));
+  EXPECT_EQ(model().varMyState, kNotInitialised);
+  EXPECT_TRUE(text("statusLine").contains("odd.quorvane: cannot be read"));
+}
+
+TEST_F(DocumentDialogs, ASaveThatFailsLogsItsLineAndKeepsTheFormerTitle) {
+  choosePath("buttonOpenSystem", writeSample());
+  model().setPixelName(0, "caf\xC3\xA9");
+  write(path("kept.quorvane"), "as it was");
+  Log log;
+  withPanel("buttonSaveSystem", [&](QFileDialog& panel) {
+    panel.setOption(QFileDialog::DontConfirmOverwrite);
+    accept(panel, path("kept.quorvane"));
+  });
+  EXPECT_EQ(log.lines(), QStringList({"writeUsingSavePanel failed"}));
+  EXPECT_EQ(contentOf(path("kept.quorvane")), "as it was");
+  EXPECT_EQ(window_->windowTitle(), "sample.quorvane - Quorvane");
+  EXPECT_TRUE(text("statusLine").contains("kept.quorvane: was not saved"))
+      << text("statusLine").toStdString();
+}
+
+TEST_F(DocumentDialogs, ALatticeOneSiteWideCanBeRemade) {
+  write(path("thin.quorvane"), "1\n1\n1\n0\nPixel\n0\n-1\n0\n0\n0\n0\n1\n0\n0\n");
+  choosePath("buttonOpenSystem", path("thin.quorvane"));
+  EXPECT_EQ(text("textWidthHeight"), "1");
+  click("buttonRemakeModel");
+  EXPECT_GE(model().getIMax(), 1);
+  EXPECT_GE(model().getJMax(), 1);
+}
+
+TEST_F(DocumentDialogs, TheOpenedLatticeIsDrawn) {
+  choosePath("buttonOpenSystem", writeSample());
+  EXPECT_TRUE(gui::waitUntil([this] { return !gui::screenOf(*window_).copy(model().geometry()).allGray(); }));
+}
+
+}  // namespace
+}  // namespace quorvane
