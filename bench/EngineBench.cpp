@@ -80,9 +80,7 @@ void repeated(const std::string& name, int iterations, Args&&... args) {
   benchmark::RegisterBenchmark(name.c_str(), std::forward<Args>(args)...)
       ->Unit(benchmark::kMicrosecond)
       ->Iterations(iterations)
-      ->Repetitions(kRepetitions)
-
-      ;
+      ->Repetitions(kRepetitions);
 }
 
 }  // namespace

@@ -14,13 +14,22 @@ double median(std::vector<double> values) {
 
 double smallest(const std::vector<double>& values) { return *std::min_element(values.begin(), values.end()); }
 
+/// The library has told a failed run in two ways over its versions.
+template <class Run>
+bool failed(const Run& run) {
+  if constexpr (requires { run.error_occurred; })
+    return run.error_occurred;
+  else
+    return run.skipped != decltype(run.skipped){};
+}
+
 }  // namespace
 
 void RatioReporter::ReportRuns(const std::vector<Run>& runs) {
   std::vector<Run> medians;
   for (const Run& run : runs) {
-    if (run.aggregate_name == "median" || run.error_occurred) medians.push_back(run);
-    if (run.run_type != Run::RT_Iteration || run.error_occurred) continue;
+    if (run.aggregate_name == "median" || failed(run)) medians.push_back(run);
+    if (run.run_type != Run::RT_Iteration || failed(run)) continue;
     const auto items = run.counters.find("items");
     const double perIteration = run.cpu_accumulated_time / static_cast<double>(run.iterations);
     times_[run.run_name.function_name].push_back(items == run.counters.end() ? perIteration

@@ -1,6 +1,6 @@
 # quorvane_tests(NAME LABEL SOURCES... LINK libraries...)
 # A GoogleTest program of one folder, and a test of ctest for each of its cases.
-# LABEL: unit, reference, gui or slow. Cases of a gui program need a display.
+# LABEL: unit, reference or gui. Cases of a gui program need a display.
 function(quorvane_tests name label)
   cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
   add_executable(${name} ${arg_SOURCES})

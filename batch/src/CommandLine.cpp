@@ -24,7 +24,7 @@ CLI::Validator wholeNumber(std::int64_t lowest, std::int64_t highest) {
     return text + " is not a whole number from " + std::to_string(lowest) +
            (highest == kNoLimit ? " upwards" : " to " + std::to_string(highest));
   };
-  return CLI::Validator(check, "");
+  return {check, ""};
 }
 
 /// Two results in one file would leave only the later one.
@@ -32,7 +32,7 @@ void requireDifferentFiles(const BatchOptions& options) {
   std::vector<std::filesystem::path> seen;
   for (const auto& file : {options.output, options.populations, options.picture}) {
     if (!file) continue;
-    const auto path = std::filesystem::absolute(*file).lexically_normal();
+    const auto path = std::filesystem::weakly_canonical(std::filesystem::absolute(*file));
     for (const auto& other : seen)
       if (path == other) throw CLI::ValidationError(file->string(), "is asked for twice");
     seen.push_back(path);
@@ -44,7 +44,7 @@ void requireDifferentFiles(const BatchOptions& options) {
 std::variant<BatchOptions, ExitStatus> parseCommandLine(int argc, const char* const* argv) {
   BatchOptions options;
   CLI::App app("Runs a Quorvane document without a window.", "quorvane-batch");
-  app.add_option("document", options.document, "The document to open")->required()->type_name("DOCUMENT");
+  app.add_option("DOCUMENT", options.document, "The document to open")->required()->type_name("FILE");
   app.add_option("--sweeps", options.sweeps, "Sweeps to make")
       ->required()
       ->check(wholeNumber(0, kNoLimit))

@@ -110,7 +110,7 @@ class Parser {
 
   void parseLattice() {
     const auto [imax, jmax, numTypes] = *result_.header;
-    result_.sites.reserve(static_cast<std::size_t>(imax * jmax));
+    result_.sites.reserve(static_cast<std::size_t>(imax) * static_cast<std::size_t>(jmax));
     for (int i = 0; i < imax; ++i)
       for (int j = 0; j < jmax; ++j)
         result_.sites.push_back(in_.wholeWithin(types(), {"pixel type", "site", i, j}));

@@ -4,20 +4,10 @@
 #include "engine/f_LMlattice.h"
 #include "engine/f_ran0.h"
 #include "model/LatticeModel.h"
+#include "model/Wait.h"
 
 namespace quorvane {
 namespace {
-
-using Counter = std::int32_t;
-constexpr Counter kLargestCount = std::numeric_limits<Counter>::max();
-
-/// How far the wait after a sweep counts at a speed.
-std::int64_t waitBound(std::int32_t speed) {
-  // The largest count is never exceeded, so a speed of 0 waits as speeds 1 to 4 do: until it changes.
-  if (speed == 0) return kLargestCount;
-  constexpr std::int64_t countsAtSpeedOne = 10'000'000'000;
-  return (countsAtSpeedOne / speed) ^ 10;
-}
 
 /// The product of a trace and its persistence.
 class Decay {
@@ -149,11 +139,7 @@ void LatticeModel::updateHistoryOf(int type) {
 }
 
 void LatticeModel::waitAfterSweep() const {
-  // A volatile counter cannot be optimised away. It stays at its largest value instead of running over, so
-  // that a bound it can never exceed keeps it waiting, and a new speed still ends the wait at the next pass.
-  volatile Counter count = 0;
-  while (count <= waitBound(varDelayAfterCycle))
-    if (count < kLargestCount) count = count + 1;
+  countBeyond([this] { return waitBound(varDelayAfterCycle); });
 }
 
 }  // namespace quorvane

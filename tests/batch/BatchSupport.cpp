@@ -17,6 +17,9 @@ namespace {
   std::vector<char*> argv = {const_cast<char*>("quorvane-batch")};
   for (const std::string& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
   argv.push_back(nullptr);
+  // A run that never ends must not outlive a test that fails.
+  constexpr unsigned longestSeconds = 120;
+  ::alarm(longestSeconds);
   ::execv(QUORVANE_BATCH, argv.data());
   ::_exit(127);
 }

@@ -81,6 +81,18 @@ TEST_F(Runner, MakesExactlyTheSweepsOfAFreshStart) {
   EXPECT_EQ(readPng(picture_).rgb, drawLattice(*model, 3).rgb);
 }
 
+std::uint64_t fnv1a(const std::string& bytes) {
+  std::uint64_t hash = 14695981039346656037u;
+  for (const char c : bytes) hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211u;
+  return hash;
+}
+
+TEST_F(Runner, GivesTheSameBytesInEveryBuild) {
+  // The growth example takes no exponential, so its bytes do not depend on the mathematics library either.
+  ASSERT_EQ(runBatchProgram({kExample, "--sweeps", "50", "--output", output_}).status, 0);
+  EXPECT_EQ(fnv1a(contentOf(output_)), 1656142788890484238u);
+}
+
 TEST_F(Runner, GivesTheSameBytesEveryTime) {
   const auto run = [&] {
     EXPECT_EQ(runBatchProgram({kExample, "--sweeps", "20", "--output", output_, "--populations", populations_,
@@ -192,6 +204,16 @@ TEST_F(Runner, ShowsItsProgressOnATerminalOnly) {
   EXPECT_THAT(runBatchProgramOnTerminal(arguments).out, HasSubstr("sweep 0 of 1000"));
   EXPECT_EQ(runBatchProgramOnTerminal(arguments).status, 0);
   EXPECT_THAT(runBatchProgram(arguments).err, IsEmpty());
+}
+
+TEST_F(Runner, TakesALinkToAnotherOutputForTheSameFile) {
+  put(output_, "kept");
+  fs::create_symlink(output_, populations_);
+  const Finished finished =
+      runBatchProgram({document_, "--sweeps", "1", "--output", output_, "--populations", populations_});
+  EXPECT_EQ(finished.status, 2);
+  EXPECT_THAT(finished.err, HasSubstr("is asked for twice"));
+  EXPECT_EQ(contentOf(output_), "kept");
 }
 
 }  // namespace

@@ -18,10 +18,14 @@ bool withinLimits(const LatticeModel& model) {
   return true;
 }
 
-std::string checkOpened(LatticeModel& model) {
+std::string checkRuns(LatticeModel& model) {
   constexpr int sweeps = 3;
   model.runSweeps(sweeps);
-  if (!withinLimits(model)) return "a site left the pixel types";
+  return withinLimits(model) ? "" : "a site left the pixel types";
+}
+
+std::string checkOpened(LatticeModel& model) {
+  if (const std::string wrong = checkRuns(model); !wrong.empty()) return wrong;
   const std::string saved = writeDocument(model);
   const auto again = freshModel();
   const OpenResult result = readDocument(*again, saved);
@@ -45,7 +49,7 @@ std::string checkDocument(std::string_view text) {
     case OpenStatus::kOpened:
       return announced ? checkOpened(*model) : "opened without a header";
     case OpenStatus::kCutShort:
-      return withinLimits(*model) ? "" : "a site is outside the pixel types";
+      return announced ? checkRuns(*model) : "";
     case OpenStatus::kRefused:
     case OpenStatus::kUnreadable:
       return announced ? "a header was announced and then nothing applied" : "";

@@ -106,7 +106,8 @@ TEST(RuleTable, DeletingTheFirstOfThreeRenumbersOnlyTheFirstEntry) {
 TEST(RuleTable, DeletionMovesLaterRulesDownButLeavesTheFlagsAtTheirIndex) {
   auto model = makeModel(3, 2, 2);
   for (int r = 0; r < 3; ++r) {
-    model->makeNewRule(std::string(1, static_cast<char>('a' + r)), kSwap, r, 2 - r);
+    const RuleType types[] = {kSwap, kIrreversibleFlip, kReversibleFlip};
+    model->makeNewRule(std::string(1, static_cast<char>('a' + r)), types[r], r, 2 - r);
     model->setRuleParam(r, 0.1 * (r + 1));
     model->setRuleFacNum(r, r + 1);
     model->setRuleFacPixel(r, r);
@@ -120,6 +121,7 @@ TEST(RuleTable, DeletionMovesLaterRulesDownButLeavesTheFlagsAtTheirIndex) {
   EXPECT_EQ(model->getRuleIgnoreEnergy(0), 0);
   EXPECT_EQ(model->getRuleIgnoreEnergy(1), 1);
   EXPECT_EQ(model->getRuleName(0), "b");
+  EXPECT_EQ(model->getRuleType(0), kIrreversibleFlip);
   EXPECT_EQ(model->getRulePixelA(0), 1);
   EXPECT_EQ(model->getRulePixelB(0), 1);
   EXPECT_EQ(model->getRuleParam(0), 0.2);
@@ -127,6 +129,10 @@ TEST(RuleTable, DeletionMovesLaterRulesDownButLeavesTheFlagsAtTheirIndex) {
   EXPECT_EQ(model->getRuleFacPixel(0), 1);
   EXPECT_EQ(model->getRuleName(1), "c");
   EXPECT_EQ(model->getRuleFacPixel(1), 2);
+  EXPECT_EQ(model->getRuleType(1), kReversibleFlip);
+  EXPECT_EQ(model->getRulePixelA(1), 2);
+  EXPECT_EQ(model->getRulePixelB(1), 0);
+  EXPECT_EQ(model->getRuleFacNum(1), 3);
 }
 
 void expectCleared(const LatticeModel& model, int r) {
@@ -200,6 +206,14 @@ TEST(RuleTable, RenumberingLowersOneEntryInEachRowInUse) {
   model->shiftRuleIDsInSiteLists(1);
   EXPECT_THAT(rowOf(*model, 0), ElementsAre(0, 1, 1, 3));
   EXPECT_THAT(rowOf(*model, 1), ElementsAre(0, 1, 1, 3));
+}
+
+TEST(RuleTable, RenumberingLeavesTheRowsOfTypesThatAreNotInUse) {
+  auto model = makeModel(2, 2, 2);
+  model->makeNewRule("first", kSwap, 0, 1);
+  model->makeNewRule("of a type to come", kSwap, 3, 0);
+  model->delRule(0);
+  EXPECT_THAT(rowOf(*model, 3), ElementsAre(1));
 }
 
 TEST(RuleTable, DeletingAnAnyRuleLeavesARowOfATypeAddedLaterAlone) {

@@ -101,10 +101,10 @@ struct LateDifference {
     std::srand(seed);
     drawn = 0;
   }
-  static int rand() { return std::rand() ^ (++drawn > 1000 ? 1 : 0); }
+  static int rand() { return std::rand() ^ (++drawn > 1990 ? 1 : 0); }
 };
 
-TEST(RandomSource, NoticesAGeneratorThatDiffersOnlyAfterAThousandValues) {
+TEST(RandomSource, NoticesAGeneratorThatDiffersOnlyAfterNearlyTwoThousandValues) {
   RandomSource source(PlatformRand{&LateDifference::srand, &LateDifference::rand});
   source.next();
   EXPECT_FALSE(source.drawsItself());
