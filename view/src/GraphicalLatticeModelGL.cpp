@@ -6,6 +6,7 @@
 #include <QOpenGLContext>
 #include <QOpenGLFunctions_2_1>
 #include <QOpenGLVersionFunctionsFactory>
+#include <QTimer>
 
 namespace quorvane {
 namespace {
@@ -33,6 +34,7 @@ bool platformShowsOpenGLWidgets() {
 GraphicalLatticeModelGL::GraphicalLatticeModelGL(QWidget* parent) : QOpenGLWidget(parent) {
   setFormat(surfaceFormat());
   if (acceptsFirstResponder()) setFocusPolicy(Qt::StrongFocus);
+  connect(this, &QOpenGLWidget::frameSwapped, this, [this] { pacer_.frameEnds(); });
   viewDidMoveToWindow();
   awakeFromNib();
 }
@@ -59,7 +61,10 @@ void GraphicalLatticeModelGL::requestRedrawFromRunLoop() {
     redrawPending_ = false;
     update();
   };
-  QMetaObject::invokeMethod(this, redraw, Qt::QueuedConnection);
+  const auto redrawInTime = [this, redraw] {
+    QTimer::singleShot(pacer_.pauseBeforeNextFrame(), Qt::PreciseTimer, this, redraw);
+  };
+  QMetaObject::invokeMethod(this, redrawInTime, Qt::QueuedConnection);
 }
 
 }  // namespace quorvane

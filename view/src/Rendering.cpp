@@ -11,6 +11,7 @@ namespace {
 constexpr double kLargestSpacingWithoutGaps = 8.0;
 constexpr double kGap = 2.0;
 constexpr double kOverlap = 1.0;
+constexpr int kColumnsAtATime = 16;
 
 /// The column or the row of sites between two normalised device coordinates.
 struct Band {
@@ -51,6 +52,19 @@ std::vector<Ink> inksOf(const ModelState& model) {
   return inks;
 }
 
+void drawSite(QOpenGLFunctions_2_1& gl, const ModelState& model, const std::vector<Ink>& inks,
+              const Band& column, const Band& row) {
+  for (std::size_t type = 0; type < inks.size(); ++type) {
+    const Ink& ink = inks[type];
+    const double trace = model.varMobileHistory[type][column.site][row.site];
+    const auto alpha = static_cast<float>(trace / ink.maximum * ink.opacity);
+    // Blending with alpha 0 leaves every pixel as it was, and most rectangles are such.
+    if (alpha == 0.0f) continue;
+    gl.glColor4f(ink.red, ink.green, ink.blue, alpha);
+    gl.glRectd(column.from, row.from, column.to, row.to);
+  }
+}
+
 /// The functions of the current context; null if it is none of desktop OpenGL 2.1.
 QOpenGLFunctions_2_1* currentFunctions() {
   QOpenGLContext* context = QOpenGLContext::currentContext();
@@ -61,7 +75,10 @@ QOpenGLFunctions_2_1* currentFunctions() {
 
 }  // namespace
 
-void GraphicalLatticeModelGL::paintGL() { drawRect(); }
+void GraphicalLatticeModelGL::paintGL() {
+  pacer_.frameBegins();
+  drawRect();
+}
 
 void GraphicalLatticeModelGL::resizeGL(int /*width*/, int /*height*/) { reshape(); }
 
@@ -107,17 +124,13 @@ void GraphicalLatticeModelGL::drawSites(QOpenGLFunctions_2_1& gl) const {
   const std::vector<Band> columns = bandsAcross(varMyWidth, varSiteSpacing, varImax);
   const std::vector<Band> rows = bandsAcross(varMyHeight, varSiteSpacing, varJmax);
   const std::vector<Ink> inks = inksOf(*this);
-  for (const Band& column : columns)
-    for (const Band& row : rows)
-      for (std::size_t type = 0; type < inks.size(); ++type) {
-        const Ink& ink = inks[type];
-        const double trace = varMobileHistory[type][column.site][row.site];
-        const auto alpha = static_cast<float>(trace / ink.maximum * ink.opacity);
-        // Blending with alpha 0 leaves every pixel as it was, and most rectangles are such.
-        if (alpha == 0.0f) continue;
-        gl.glColor4f(ink.red, ink.green, ink.blue, alpha);
-        gl.glRectd(column.from, row.from, column.to, row.to);
-      }
+  int undrawnColumns = 0;
+  for (const Band& column : columns) {
+    for (const Band& row : rows) drawSite(gl, *this, inks, column, row);
+    // A software renderer keeps rectangles until it is told to draw them, several megabytes for a whole
+    // frame.
+    if (++undrawnColumns % kColumnsAtATime == 0) gl.glFlush();
+  }
 }
 
 }  // namespace quorvane

@@ -6,6 +6,7 @@
 #include <atomic>
 
 #include "model/LatticeModel.h"
+#include "view/FramePacer.h"
 
 class QOpenGLFunctions_2_1;
 
@@ -71,7 +72,8 @@ class GraphicalLatticeModelGL : public QOpenGLWidget, public LatticeModel {
 
  protected:
   void requestRedraw() override;
-  /// Posts one redraw to the main thread; requests made before it is taken up are merged into it.
+  /// Posts one redraw to the main thread, which takes it up after a pause as long as the last frame took;
+  /// requests made before that are merged into it.
   void requestRedrawFromRunLoop() override;
 
   void paintGL() override;
@@ -94,6 +96,7 @@ class GraphicalLatticeModelGL : public QOpenGLWidget, public LatticeModel {
   void stopAndLeaveFullScreen();
 
   std::atomic<bool> redrawPending_{false};
+  FramePacer pacer_;
   QPointer<QWidget> followedWindow_;
   bool fillsScreen_ = false;
   QRect geometryInWindow_;
