@@ -105,13 +105,14 @@ TEST(Redraw, MergesTheRequestsOfALoopThatOutrunsTheScreen) {
 TEST(Redraw, IsPostedAgainOnceTheLastRequestHasBeenTakenUp) {
   auto view = settledView();
   view->setSimulationSpeed(kFastest);
+  QSignalSpy frames(view.get(), &GraphicalLatticeModelGL::frameDrawn);
   const PostedTasks tasks(*view);
   for (int run = 1; run <= 3; ++run) {
     const std::int64_t before = view->sweepsDone();
     view->runLatticeModelInBackground();
     ASSERT_TRUE(waitBusyForSweeps(*view, before + 10));
     view->endRunLoops();
-    gui::processEvents();
+    EXPECT_TRUE(gui::waitUntil([&] { return frames.count() == run; }));
     EXPECT_EQ(tasks.count(), run);
   }
 }
