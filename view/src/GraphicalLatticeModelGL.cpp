@@ -62,7 +62,9 @@ void GraphicalLatticeModelGL::requestRedrawFromRunLoop() {
     update();
   };
   const auto redrawInTime = [this, redraw] {
-    QTimer::singleShot(pacer_.pauseBeforeNextFrame(), Qt::PreciseTimer, this, redraw);
+    const auto pause = pacer_.pauseBeforeNextFrame();
+    if (pause.count() == 0) return redraw();
+    QTimer::singleShot(pause, Qt::PreciseTimer, this, redraw);
   };
   QMetaObject::invokeMethod(this, redrawInTime, Qt::QueuedConnection);
 }
