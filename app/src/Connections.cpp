@@ -4,11 +4,22 @@
 namespace quorvane {
 namespace {
 
-/// Calls the handler when the field loses the focus or takes Return, if something was typed.
+/// Calls the handler when the field loses the focus or takes Return, if something was typed. A field that is
+/// left shows its name from the beginning.
 template <class Handler>
 void connectName(QLineEdit* field, MainViewController* controller, Handler handler) {
   QObject::connect(field, &QLineEdit::editingFinished, controller, [field, controller, handler] {
     if (field->isModified()) (controller->*handler)();
+    if (!field->hasFocus()) field->home(false);
+  });
+}
+
+/// Calls the handler when the button is pressed. A press by its mnemonic comes a tenth of a second late, and
+/// the button may be disabled by then.
+template <class Handler>
+void connectButton(QPushButton* button, MainViewController* controller, Handler handler) {
+  QObject::connect(button, &QPushButton::clicked, controller, [button, controller, handler] {
+    if (button->isEnabled()) (controller->*handler)();
   });
 }
 
@@ -25,16 +36,16 @@ void MainViewController::connectModelControls() {
   using Self = MainViewController;
   connect(ui->stepperNumPixelTypes, &Stepper::stepped, this, &Self::stepperChanged);
   connect(ui->sliderWidthHeight, &DoubleSlider::moved, this, &Self::sliderWidthHeightChanged);
-  connect(ui->buttonInitialiseModel, &QPushButton::clicked, this, &Self::buttonInitializeModelAction);
-  connect(ui->buttonRemakeModel, &QPushButton::clicked, this, &Self::buttonRemakeModelClick);
-  connect(ui->buttonOpenSystem, &QPushButton::clicked, this, &Self::buttonOpenSystemClicked);
-  connect(ui->buttonSaveSystem, &QPushButton::clicked, this, &Self::buttonSaveSystemClicked);
+  connectButton(ui->buttonInitialiseModel, this, &Self::buttonInitializeModelAction);
+  connectButton(ui->buttonRemakeModel, this, &Self::buttonRemakeModelClick);
+  connectButton(ui->buttonOpenSystem, this, &Self::buttonOpenSystemClicked);
+  connectButton(ui->buttonSaveSystem, this, &Self::buttonSaveSystemClicked);
   connect(ui->sliderSimulationSpeed, &DoubleSlider::moved, this, &Self::sliderSimulationSpeedChanged);
-  connect(ui->buttonRunModel, &QPushButton::clicked, this, &Self::buttonRunLatticeModelAction);
-  connect(ui->buttonStopModel, &QPushButton::clicked, this, &Self::buttonStopLatticeModelAction);
+  connectButton(ui->buttonRunModel, this, &Self::buttonRunLatticeModelAction);
+  connectButton(ui->buttonStopModel, this, &Self::buttonStopLatticeModelAction);
   connect(ui->checkPauseWhilePaint, &QCheckBox::clicked, this, &Self::checkPauseWhilePaint);
   connect(ui->listPaintType, &QComboBox::activated, this, &Self::listPaintTypeChanged);
-  connect(ui->buttonFullScreen, &QPushButton::clicked, this, &Self::EnterFullScreen);
+  connectButton(ui->buttonFullScreen, this, &Self::EnterFullScreen);
 }
 
 void MainViewController::connectPixelTypePanel() {
@@ -46,8 +57,8 @@ void MainViewController::connectPixelTypePanel() {
           &Self::sliderSelectedPixelPersChanged);
   connect(ui->sliderSelectedPixelTrans, &DoubleSlider::moved, this, &Self::sliderSelectedPixelTransChanged);
   connect(ui->sliderPixelField, &DoubleSlider::moved, this, &Self::sliderPixelFieldChanged);
-  connect(ui->buttonZeroPixelField, &QPushButton::clicked, this, &Self::buttonZeroPixelFieldPushed);
-  connect(ui->buttonAddNewPixel, &QPushButton::clicked, this, &Self::buttonAddNewPixelClicked);
+  connectButton(ui->buttonZeroPixelField, this, &Self::buttonZeroPixelFieldPushed);
+  connectButton(ui->buttonAddNewPixel, this, &Self::buttonAddNewPixelClicked);
   connect(ui->checkImmobilePixel, &QCheckBox::clicked, this, &Self::checkImmobilePixelChanged);
   connect(ui->checkMasqueradePixel, &QCheckBox::clicked, this, &Self::checkMasqueradePixelChanged);
   connect(ui->listMasqueradeType, &QComboBox::activated, this, &Self::listMasqueradeTypeChanged);
@@ -61,10 +72,10 @@ void MainViewController::connectRulePanel() {
   connect(ui->listSelectedRuleFacPixel, &QComboBox::activated, this, &Self::listSelectedRuleFacPixelChanged);
   connect(ui->listNewRulePixelA, &QComboBox::activated, this, &Self::listNewRulePixelAChanged);
   connect(ui->listNewRulePixelB, &QComboBox::activated, this, &Self::listNewRulePixelBChanged);
-  connect(ui->buttonAddNewRule, &QPushButton::clicked, this, &Self::buttonAddNewRuleClicked);
-  connect(ui->buttonDelRule, &QPushButton::clicked, this, &Self::buttonDelRuleClicked);
+  connectButton(ui->buttonAddNewRule, this, &Self::buttonAddNewRuleClicked);
+  connectButton(ui->buttonDelRule, this, &Self::buttonDelRuleClicked);
   connect(ui->sliderSelectedRuleParam, &DoubleSlider::moved, this, &Self::sliderSelectedRuleParamChanged);
-  connect(ui->buttonZeroParam, &QPushButton::clicked, this, &Self::buttonZeroParamClicked);
+  connectButton(ui->buttonZeroParam, this, &Self::buttonZeroParamClicked);
   connect(ui->checkSelectedRuleDisabled, &QCheckBox::clicked, this, &Self::checkSelectedRuleDisabledChanged);
   connect(ui->checkSelectedRuleIgnoreEnergy, &QCheckBox::clicked, this,
           &Self::checkSelectedRuleIgnoreEnergyChanged);

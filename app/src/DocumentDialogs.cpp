@@ -1,5 +1,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMessageBox>
 #include <filesystem>
 
 #include "app/MainViewController.h"
@@ -9,6 +10,8 @@
 namespace quorvane {
 namespace {
 
+constexpr const char* kSuffix = "quorvane";
+
 /// One plain line to the platform's log.
 void log(const QString& line) { qInfo().noquote() << line; }
 
@@ -17,9 +20,14 @@ std::filesystem::path fileOf(const QString& path) { return path.toStdU16String()
 /// The file that the user chooses in the platform's modal panel, or an empty string.
 QString runPanel(QFileDialog& panel) {
   panel.setNameFilter(QFileDialog::tr("Quorvane documents (*.quorvane)"));
-  panel.setDefaultSuffix("quorvane");
+  panel.setDefaultSuffix(kSuffix);
   if (panel.exec() != QDialog::Accepted || panel.selectedFiles().isEmpty()) return {};
   return panel.selectedFiles().constFirst();
+}
+
+/// A name with a dot has a suffix of its own, but Open lists only documents.
+QString documentName(const QString& path) {
+  return path.isEmpty() || QFileInfo(path).suffix() == kSuffix ? path : path + "." + kSuffix;
 }
 
 }  // namespace
@@ -36,9 +44,19 @@ void MainViewController::buttonSaveSystemClicked() {
   commitTypedNames();
   QFileDialog panel(myWindow, tr("Save the model"), folder_);
   panel.setAcceptMode(QFileDialog::AcceptSave);
-  const QString path = runPanel(panel);
-  if (path.isEmpty()) return log(kLogSaveCancelled);
+  const QString chosen = runPanel(panel);
+  const QString path = documentName(chosen);
+  // The panel has asked about the name that was chosen, not about the one that was made of it.
+  if (path.isEmpty() || (path != chosen && QFileInfo::exists(path) && !mayReplace(path)))
+    return log(kLogSaveCancelled);
   save(path);
+}
+
+bool MainViewController::mayReplace(const QString& path) {
+  const QString question =
+      tr("%1 already exists. Do you want to replace it?").arg(QFileInfo(path).fileName());
+  return QMessageBox::question(myWindow, tr("Save the model"), question, QMessageBox::Yes | QMessageBox::No,
+                               QMessageBox::No) == QMessageBox::Yes;
 }
 
 void MainViewController::open(const QString& path) {

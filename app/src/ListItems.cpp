@@ -23,6 +23,13 @@ Rgb pixelColor(const LatticeModel& model, int type) {
 
 QString threeDecimals(double value) { return QString::number(value, 'f', 3); }
 
+void showName(QLineEdit& field, const std::string& name) {
+  const QString text = QString::fromStdString(name);
+  const int cursor = field.hasFocus() && field.text() == text ? field.cursorPosition() : 0;
+  field.setText(text);
+  field.setCursorPosition(cursor);
+}
+
 void addPixelTypes(QComboBox& list, const LatticeModel& model) {
   for (int type = 0; type < model.getNumPixelTypes(); ++type) list.addItem(pixelTitle(model, type));
 }

@@ -1,7 +1,9 @@
 #include "app/MainWindow.h"
 
+#include <QEvent>
 #include <QRegularExpressionValidator>
 
+#include "FontFit.h"
 #include "ui_MainWindow.h"
 
 namespace quorvane {
@@ -10,6 +12,8 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), ui_(std::make_uni
   ui_->setupUi(this);
   ui_->sliderSimulationSpeed->showValue();
   keepRoomOfHiddenControls();
+  fontFit_ = std::make_unique<FontFit>(*this, *ui_);
+  fontFit_->fit();
   acceptPrintableNamesOnly();
   controller_ = std::make_unique<MainViewController>(this, ui_.get());
   controller_->awakeFromNib();
@@ -25,6 +29,11 @@ MainWindow::~MainWindow() {
 }
 
 GraphicalLatticeModelGL& MainWindow::model() { return *ui_->myGraphicalLatticeModel; }
+
+void MainWindow::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::FontChange && fontFit_) fontFit_->fit();
+}
 
 void MainWindow::keepRoomOfHiddenControls() {
   for (QWidget* widget : std::initializer_list<QWidget*>{
@@ -51,11 +60,16 @@ void MainWindow::followRun() {
   ui_->statusLine->follow(model());
   connect(&model(), &GraphicalLatticeModelGL::frameDrawn, this, [this] { plot_->record(); });
   connect(&model(), &GraphicalLatticeModelGL::fullScreenLeft, ui_->statusLine, &StatusLine::refresh);
-  const auto showTypes = [this] {
-    plot_->showTypes(ui_->listSelectPixelType->currentIndex(), ui_->listPaintType->currentIndex());
-  };
-  connect(ui_->listSelectPixelType, &QComboBox::currentIndexChanged, this, showTypes);
-  connect(ui_->listPaintType, &QComboBox::currentIndexChanged, this, showTypes);
+  // Lists are filled anew when a name changes, so the index goes through -1.
+  for (const QComboBox* list : {ui_->listSelectPixelType, ui_->listPaintType})
+    connect(list, &QComboBox::currentIndexChanged, this, &MainWindow::showPlottedTypes);
+}
+
+void MainWindow::showPlottedTypes() {
+  const int red = ui_->listSelectPixelType->currentIndex(), green = ui_->listPaintType->currentIndex();
+  plot_->showTypes(red, green);
+  // Equal squares cover each other, and a second legend of the same name would hide that.
+  ui_->labelPlotGreen->setText(red == green ? tr("the same type") : ui_->listPaintType->currentText());
 }
 
 }  // namespace quorvane

@@ -5,6 +5,15 @@
 #include "ui_MainWindow.h"
 
 namespace quorvane {
+namespace {
+
+/// Lets the other button have the focus before one that has it is disabled, which would hand it to the next
+/// control in the tab order.
+void passFocus(const QWidget& from, QWidget& to) {
+  if (from.hasFocus()) to.setFocus();
+}
+
+}  // namespace
 
 void MainViewController::stepperChanged() {
   ui->textNumPixelTypes->setText(QString::number(ui->stepperNumPixelTypes->value()));
@@ -37,15 +46,17 @@ void MainViewController::sliderSimulationSpeedChanged() {
 }
 
 void MainViewController::showRunningConfiguration() {
+  ui->buttonStopModel->setEnabled(true);
+  passFocus(*ui->buttonRunModel, *ui->buttonStopModel);
   ui->buttonRunModel->setEnabled(false);
   ui->sliderWidthHeight->setEnabled(false);
   ui->buttonRemakeModel->setEnabled(false);
-  ui->buttonStopModel->setEnabled(true);
 }
 
 void MainViewController::showStoppedConfiguration() {
-  ui->buttonStopModel->setEnabled(false);
   ui->buttonRunModel->setEnabled(true);
+  passFocus(*ui->buttonStopModel, *ui->buttonRunModel);
+  ui->buttonStopModel->setEnabled(false);
   ui->sliderWidthHeight->setEnabled(true);
   ui->buttonRemakeModel->setEnabled(true);
 }

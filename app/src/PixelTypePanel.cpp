@@ -45,7 +45,7 @@ void MainViewController::refreshSelectedPixel() {
   const LatticeModel& model = *myGraphicalLatticeModel;
   const int s = selectedPixelType();
   const int masquerade = model.getPixelMasqueradeAs(s);
-  ui->textPixelName->setText(QString::fromStdString(model.getPixelName(s)));
+  showName(*ui->textPixelName, model.getPixelName(s));
   ui->checkImmobilePixel->setChecked(model.getPixelImmobile(s) != 0);
   ui->colorSelectedPixelColor->setRgb(pixelColor(model, s));
   ui->sliderSelectedPixelPersistence->setValue(model.getPixelPersistence(s));

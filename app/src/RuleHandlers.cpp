@@ -43,7 +43,8 @@ void MainViewController::buttonAddNewRuleClicked() {
   myGraphicalLatticeModel->makeNewRule(ui->textNewRuleName->text().toStdString(), type, endA, endB);
 
   ui->textNewRuleName->setText(ui->textNewRuleName->prompt());
-  for (QComboBox* list : {ui->listNewRuleType, ui->listNewRulePixelA, ui->listNewRulePixelB})
+  for (QComboBox* list :
+       std::initializer_list<QComboBox*>{ui->listNewRuleType, ui->listNewRulePixelA, ui->listNewRulePixelB})
     list->setCurrentIndex(0);
   refreshNewRulePixelA();
   refreshNewRulePixelB();

@@ -66,7 +66,7 @@ void MainViewController::refreshSelectedRule() {
   if (r < 0) return;
   ui->buttonZeroParam->setEnabled(true);
   ui->textSelectedRuleName->setEnabled(true);
-  ui->textSelectedRuleName->setText(QString::fromStdString(model.getRuleName(r)));
+  showName(*ui->textSelectedRuleName, model.getRuleName(r));
   showRuleType(model.getRuleType(r), model.getRuleFacNum(r));
 
   // Enabled also while it is hidden, as for an interaction.

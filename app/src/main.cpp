@@ -1,11 +1,29 @@
 #include <QApplication>
 #include <QSurfaceFormat>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 #include "app/AppDelegate.h"
 #include "app/MainWindow.h"
 
+namespace {
+
+/// Gives large buffers back to the system as soon as they are freed. The C library would otherwise learn from
+/// the first frame's buffers to keep such sizes, about ten megabytes of them.
+void returnLargeBuffers() {
+#ifdef __GLIBC__
+  constexpr int largeBytes = 128 * 1024;
+  mallopt(M_MMAP_THRESHOLD, largeBytes);
+#endif
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
   using namespace quorvane;
+  returnLargeBuffers();
   // The format of every context, so it has to be known before the application object.
   QSurfaceFormat::setDefaultFormat(GraphicalLatticeModelGL::surfaceFormat());
   QApplication application(argc, argv);

@@ -2,6 +2,7 @@
 #include <QClipboard>
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QMessageBox>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -79,6 +80,21 @@ class DocumentDialogs : public WindowTest {
   }
   void choosePath(const char* button, const QString& file) {
     withPanel(button, [&](QFileDialog& panel) { accept(panel, file); });
+  }
+  /// Saves under a name and answers the question that comes after the panel. False if none came.
+  bool saveAndAnswer(const QString& file, QMessageBox::StandardButton answer) {
+    bool asked = false;
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
+      auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      if (!question || asked) return;
+      asked = true;
+      EXPECT_TRUE(question->text().contains("run.1.quorvane")) << question->text().toStdString();
+      gui::click(*question->button(answer), QPoint(8, 8));
+    });
+    poll.start(20);
+    choosePath("buttonSaveSystem", file);
+    return asked;
   }
   void cancel(const char* button) {
     withPanel(button, [](QFileDialog& panel) { QTest::keyClick(&panel, Qt::Key_Escape); });
@@ -173,6 +189,30 @@ TEST_F(DocumentDialogs, SavingWritesWhatWasOpened) {
   choosePath("buttonSaveSystem", path("copy"));
   EXPECT_EQ(contentOf(path("copy.quorvane")), contentOf(sample));
   EXPECT_EQ(window_->windowTitle(), "copy.quorvane - Quorvane");
+}
+
+TEST_F(DocumentDialogs, SavingUnderANameWithADotWritesADocumentThatOpenLists) {
+  choosePath("buttonOpenSystem", writeSample());
+  choosePath("buttonSaveSystem", path("run.1"));
+  EXPECT_FALSE(QFile::exists(path("run.1")));
+  EXPECT_EQ(contentOf(path("run.1.quorvane")), contentOf(path("sample.quorvane")));
+  EXPECT_EQ(window_->windowTitle(), "run.1.quorvane - Quorvane");
+  choosePath("buttonSaveSystem", path("whole.quorvane"));
+  EXPECT_TRUE(QFile::exists(path("whole.quorvane")));
+}
+
+TEST_F(DocumentDialogs, SavingUnderANameWithADotAsksBeforeItReplacesADocument) {
+  choosePath("buttonOpenSystem", writeSample());
+  write(path("run.1.quorvane"), "as it was");
+  Log log;
+  EXPECT_TRUE(saveAndAnswer(path("run.1"), QMessageBox::No));
+  EXPECT_EQ(log.lines(), QStringList({"writeUsingSavePanel cancelled"}));
+  EXPECT_EQ(contentOf(path("run.1.quorvane")), "as it was");
+  EXPECT_EQ(window_->windowTitle(), "sample.quorvane - Quorvane");
+  EXPECT_TRUE(saveAndAnswer(path("run.1"), QMessageBox::Yes));
+  EXPECT_EQ(log.lines().size(), 1);
+  EXPECT_EQ(contentOf(path("run.1.quorvane")), contentOf(path("sample.quorvane")));
+  EXPECT_EQ(window_->windowTitle(), "run.1.quorvane - Quorvane");
 }
 
 TEST_F(DocumentDialogs, SavingTakesANameAlongThatIsStillBeingTyped) {

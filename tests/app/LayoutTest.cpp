@@ -1,3 +1,4 @@
+#include <QApplication>
 #include <QGroupBox>
 #include <QScreen>
 #include <QStyle>
@@ -12,9 +13,21 @@
 namespace quorvane {
 namespace {
 
-/// A window in which every control can be seen.
-class Layout : public WindowTest {
+/// A window in which every control can be seen, on a desktop with a font of so many points.
+class Layout : public WindowTest, public ::testing::WithParamInterface<int> {
  protected:
+  void SetUp() override {
+    QApplication::setFont(fontOf(GetParam()));
+    WindowTest::SetUp();
+  }
+  void TearDown() override { QApplication::setFont(desktopFont_); }
+
+  static QFont fontOf(int points) {
+    QFont font = QApplication::font();
+    font.setPointSize(points);
+    return font;
+  }
+
   void showEverything() {
     initialise(3);
     addRule("grow", "Irreversible Flip", "1 - Pixel", "2 - Pixel");
@@ -110,15 +123,21 @@ class Layout : public WindowTest {
     for (const QGroupBox* group : window_->findChildren<QGroupBox*>())
       EXPECT_GE(group->width(), widthOf(*group, group->title())) << group->objectName().toStdString();
   }
+
+ private:
+  const QFont desktopFont_ = QApplication::font();
 };
 
-TEST_F(Layout, IsRightAtItsDefaultSize) {
+INSTANTIATE_TEST_SUITE_P(Points, Layout, ::testing::Values(9, 11, 14),
+                         [](const auto& test) { return std::to_string(test.param); });
+
+TEST_P(Layout, IsRightAtItsDefaultSize) {
   showEverything();
   expectNothingOverlaps();
   expectEveryTextIsWhole();
 }
 
-TEST_F(Layout, IsRightAtItsSmallestSize) {
+TEST_P(Layout, IsRightAtItsSmallestSize) {
   showEverything();
   resizeTo(QSize(1, 1));
   EXPECT_LT(window_->width(), 1180);
@@ -129,20 +148,20 @@ TEST_F(Layout, IsRightAtItsSmallestSize) {
   expectEveryTextIsWhole();
 }
 
-TEST_F(Layout, IsRightOnALargeScreen) {
+TEST_P(Layout, IsRightOnALargeScreen) {
   showEverything();
   resizeTo(QSize(1900, 1000));
   expectNothingOverlaps();
   expectEveryTextIsWhole();
 }
 
-TEST_F(Layout, FitsASmallScreenInsideAWindowFrame) {
+TEST_P(Layout, FitsASmallScreenInsideAWindowFrame) {
   const QSize smallest = window_->minimumSizeHint();
   EXPECT_LE(smallest.width(), 1280 - 20);
   EXPECT_LE(smallest.height(), 800 - 60);
 }
 
-TEST_F(Layout, StandsStillWhenControlsComeAndGo) {
+TEST_P(Layout, StandsStillWhenControlsComeAndGo) {
   initialise(3);
   const auto places = [this] {
     QList<QRect> found;
@@ -162,7 +181,7 @@ TEST_F(Layout, StandsStillWhenControlsComeAndGo) {
   EXPECT_EQ(places(), before);
 }
 
-TEST_F(Layout, LongNamesMoveNothing) {
+TEST_P(Layout, LongNamesMoveNothing) {
   showEverything();
   const QSize smallest = window_->minimumSizeHint();
   const QRect button = place(&control("buttonDelRule"));
@@ -176,7 +195,44 @@ TEST_F(Layout, LongNamesMoveNothing) {
   expectNothingOverlaps();
 }
 
-TEST_F(Layout, TakesItsColoursFromThePalette) {
+TEST_P(Layout, KeepsRoomForEveryValueThatALabelCanShow) {
+  showEverything();
+  addRule("bond", "Pixel-Pixel Interaction", kAny, kAny);
+  for (const char* name : {"sliderWidthHeight", "sliderSelectedPixelPersistence", "sliderSelectedPixelTrans"})
+    key(name, Qt::Key_End);
+  for (const char* name : {"sliderPixelField", "sliderSelectedRuleParam"}) key(name, Qt::Key_Home);
+  resizeTo(QSize(1, 1));
+  EXPECT_EQ(text("textWidthHeight"), "256");
+  EXPECT_EQ(text("textPixelField"), "-10.000");
+  EXPECT_EQ(text("textSelectedRuleParam"), "-10.000");
+  expectNothingOverlaps();
+  expectEveryTextIsWhole();
+}
+
+TEST_P(Layout, FollowsTheFontOfTheDesktop) {
+  showEverything();
+  const double before = control("buttonRunModel").font().pointSizeF();
+  QApplication::setFont(fontOf(18));
+  gui::processEvents();
+  EXPECT_EQ(window_->font().pointSizeF(), 18.0);
+  resizeTo(QSize(1, 1));
+  expectNothingOverlaps();
+  expectEveryTextIsWhole();
+  QApplication::setFont(fontOf(GetParam()));
+  gui::processEvents();
+  EXPECT_EQ(control("buttonRunModel").font().pointSizeF(), before);
+  resizeTo(QSize(1, 1));
+  expectNothingOverlaps();
+  expectEveryTextIsWhole();
+}
+
+TEST_P(Layout, NeitherEnlargesTheFontNorMakesItHardToRead) {
+  const double used = control("buttonRunModel").font().pointSizeF();
+  EXPECT_LE(used, GetParam());
+  EXPECT_GE(used, 9.0);
+}
+
+TEST_P(Layout, TakesItsColoursFromThePalette) {
   QPalette dark = window_->palette();
   dark.setColor(QPalette::Window, QColor(40, 40, 44));
   dark.setColor(QPalette::WindowText, Qt::white);

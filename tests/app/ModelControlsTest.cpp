@@ -1,3 +1,4 @@
+#include <QApplication>
 #include <QTest>
 
 #include "WindowTest.h"
@@ -154,6 +155,27 @@ TEST_F(ModelControls, RunAndStopSwitchTheConfigurations) {
   EXPECT_EQ(model().varMyState, kRunning);
 }
 
+TEST_F(ModelControls, TheSpaceBarRunsAndStopsInTurn) {
+  initialise();
+  key("buttonRunModel", Qt::Key_Space);
+  EXPECT_TRUE(runningConfiguration());
+  EXPECT_TRUE(control("buttonStopModel").hasFocus());
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+  EXPECT_TRUE(stoppedConfiguration());
+  EXPECT_TRUE(control("buttonRunModel").hasFocus());
+}
+
+TEST_F(ModelControls, RunAndStopLeaveTheFocusOfOtherControlsAlone) {
+  initialise();
+  for (const char* button : {"buttonRunModel", "buttonStopModel"}) {
+    // As on desktops where a click on a button leaves the focus where it is.
+    control(button).setFocusPolicy(Qt::TabFocus);
+    control("textPixelName").setFocus();
+    click(button);
+    EXPECT_TRUE(control("textPixelName").hasFocus()) << button;
+  }
+}
+
 TEST_F(ModelControls, ARunReachesTheScreen) {
   initialise();
   addRule("shrink", "Irreversible Flip", "1 - Pixel", "0 - Pixel");
@@ -203,13 +225,29 @@ TEST_F(ModelControls, TheMousePaintsTheChosenTypeWithTheRunPaused) {
 
 TEST_F(ModelControls, SettingControlsFromCodeReachesNoModel) {
   initialise(3);
+  click("checkMasqueradePixel");
+  addRule("bond", "Pixel-Pixel Interaction", "1 - Pixel", "2 - Pixel");
+  addRule("grow", "Irreversible Flip", "1 - Pixel", "2 - Pixel");
+  const int imax = model().getIMax();
+  get<Stepper>("stepperNumPixelTypes").setValue(7);
+  slider("sliderWidthHeight").setValue(50.0);
+  list("listMasqueradeType").setCurrentIndex(1);
+  slider("sliderSelectedRuleParam").setValue(0.5);
+  check("checkSelectedRuleDisabled").setChecked(true);
+  check("checkSelectedRuleIgnoreEnergy").setChecked(true);
+  list("listSelectedRuleFacNum").setCurrentIndex(3);
+  list("listSelectedRuleFacPixel").setCurrentIndex(2);
+  get<QLineEdit>("textSelectedRuleName").setText("not typed");
+  list("listSelectPixelType").setCurrentIndex(1);
+  list("listSelectedRule").setCurrentIndex(0);
+  slider("sliderSelectedRuleParam").setValue(-1.0);
   slider("sliderSimulationSpeed").setValue(5.0);
   slider("sliderPixelField").setValue(3.0);
   slider("sliderSelectedPixelPersistence").setValue(0.5);
   slider("sliderSelectedPixelTrans").setValue(0.5);
   check("checkPauseWhilePaint").setChecked(true);
   check("checkImmobilePixel").setChecked(true);
-  check("checkMasqueradePixel").setChecked(true);
+  check("checkMasqueradePixel").setChecked(false);
   list("listPaintType").setCurrentIndex(2);
   get<QLineEdit>("textPixelName").setText("not typed");
   gui::processEvents();
@@ -219,9 +257,25 @@ TEST_F(ModelControls, SettingControlsFromCodeReachesNoModel) {
   EXPECT_EQ(model().getPixelAlpha(0), 1.0);
   EXPECT_EQ(model().varPauseWhilePaint, 0);
   EXPECT_EQ(model().getPixelImmobile(0), 0);
-  EXPECT_EQ(model().getPixelMasqueradeAs(0), kNoMasquerade);
+  EXPECT_EQ(model().getPixelMasqueradeAs(0), 1);
   EXPECT_EQ(model().varPaintbrushColor, 0);
   EXPECT_EQ(model().getPixelName(0), "Pixel");
+  EXPECT_EQ(model().getNumPixelTypes(), 3);
+  EXPECT_EQ(model().getIMax(), imax);
+  EXPECT_EQ(text("textNumPixelTypes"), "3");
+  EXPECT_EQ(text("textWidthHeight"), "100");
+  EXPECT_EQ(text("textPixelName"), "not typed");
+  EXPECT_EQ(text("textSelectedRuleName"), "not typed");
+  EXPECT_EQ(model().getRuleName(0), "bond");
+  EXPECT_EQ(model().getRuleName(1), "grow");
+  EXPECT_EQ(model().getPixelIntConstant(1, 2), 0.0);
+  for (int rule = 0; rule < 2; ++rule) {
+    EXPECT_EQ(model().getRuleParam(rule), 0.0) << rule;
+    EXPECT_EQ(model().getRuleDisabled(rule), 0) << rule;
+    EXPECT_EQ(model().getRuleIgnoreEnergy(rule), 0) << rule;
+    EXPECT_EQ(model().getRuleFacNum(rule), 0) << rule;
+    EXPECT_EQ(model().getRuleFacPixel(rule), 0) << rule;
+  }
 }
 
 TEST_F(ModelControls, ClosingTheWindowAtTheSlowestSpeedEndsTheRun) {

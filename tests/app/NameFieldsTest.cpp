@@ -96,6 +96,35 @@ TEST_F(NameFields, NothingIsRewrittenWhenNothingWasTyped) {
   EXPECT_EQ(&model().getRuleName(1), ruleName);
 }
 
+TEST_F(NameFields, ShowALongNameFromItsBeginning) {
+  const QString name(120, 'W');
+  for (const char* field : {"textPixelName", "textSelectedRuleName"}) {
+    enter(field, name);
+    click("checkPauseWhilePaint");
+    EXPECT_EQ(get<QLineEdit>(field).cursorPosition(), 0) << field;
+  }
+  choose("listSelectPixelType", "1 - Pixel");
+  choose("listSelectPixelType", "0 - " + name);
+  choose("listSelectedRule", "0 - grow");
+  choose("listSelectedRule", "1 - " + name);
+  for (const char* field : {"textPixelName", "textSelectedRuleName"}) {
+    EXPECT_EQ(text(field), name);
+    EXPECT_EQ(get<QLineEdit>(field).cursorPosition(), 0) << field;
+  }
+}
+
+TEST_F(NameFields, LeaveTheCursorWhereTheUserTypes) {
+  for (const char* field : {"textPixelName", "textSelectedRuleName"}) {
+    enter(field, "abcd");
+    EXPECT_EQ(get<QLineEdit>(field).cursorPosition(), 4) << field;
+    QTest::keyClick(&control(field), Qt::Key_Left);
+    QTest::keyClick(&control(field), Qt::Key_X);
+    QTest::keyClick(&control(field), Qt::Key_Return);
+    QTest::keyClick(&control(field), Qt::Key_Y);
+    EXPECT_EQ(text(field), "abcxyd");
+  }
+}
+
 TEST_F(NameFields, TakePrintableAsciiOnly) {
   for (const char* field : {"textPixelName", "textSelectedRuleName", "textNewRuleName"}) {
     type(field, "a");

@@ -166,7 +166,7 @@ TEST_F(PixelTypePanel, ShowsAStoredValueUnrounded) {
 
 TEST_F(PixelTypePanel, AColourReachesEveryWellOfTheTypeButTheMasqueradesUntilItsNextRefresh) {
   initialise(3);
-  addRule("grow", "Irreversible Flip", "1 - Pixel", "0 - Pixel");
+  addRule("grow", "Irreversible Flip", "1 - Pixel", "1 - Pixel");
   choose("listSelectedRuleFacNum", "1");
   choose("listSelectedRuleFacPixel", "1 - Pixel");
   choose("listPaintType", "1 - Pixel");
@@ -185,8 +185,9 @@ TEST_F(PixelTypePanel, AColourReachesEveryWellOfTheTypeButTheMasqueradesUntilIts
   dialog->setCurrentColor(QColor(51, 102, 153));
   const Rgb chosen{0.2, 0.4, 0.6};
   EXPECT_EQ(colorOf(1), chosen);
-  for (const char* name : {"colorSelectedPixelColor", "colorPaintType", "colorSelectedRulePixelA",
-                           "colorSelectedRuleFacPixel", "colorNewRulePixelA", "colorNewRulePixelB"})
+  for (const char* name :
+       {"colorSelectedPixelColor", "colorPaintType", "colorSelectedRulePixelA", "colorSelectedRulePixelB",
+        "colorSelectedRuleFacPixel", "colorNewRulePixelA", "colorNewRulePixelB"})
     EXPECT_EQ(well(name).rgb(), chosen) << name;
   EXPECT_EQ(well("colorMasqueradeType").rgb(), former);
   dialog->accept();

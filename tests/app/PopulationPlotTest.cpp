@@ -106,6 +106,22 @@ TEST_F(PlotInTheWindow, TheLegendNamesTheChosenTypes) {
   EXPECT_EQ(well("swatchPlotGreen").color(), QColor(Qt::green));
 }
 
+TEST_F(PlotInTheWindow, TheLegendSaysThatBothColoursShowTheSameType) {
+  initialise(3);
+  EXPECT_EQ(text("labelPlotRed"), "0 - Pixel");
+  EXPECT_EQ(text("labelPlotGreen"), "the same type");
+  choose("listPaintType", "1 - Pixel");
+  EXPECT_EQ(text("labelPlotGreen"), "1 - Pixel");
+  choose("listSelectPixelType", "1 - Pixel");
+  EXPECT_EQ(text("labelPlotRed"), "1 - Pixel");
+  EXPECT_EQ(text("labelPlotGreen"), "the same type");
+  enter("textPixelName", "ice");
+  EXPECT_EQ(text("labelPlotRed"), "1 - ice");
+  EXPECT_EQ(text("labelPlotGreen"), "the same type");
+  choose("listSelectPixelType", "2 - Pixel");
+  EXPECT_EQ(text("labelPlotGreen"), "1 - ice");
+}
+
 TEST_F(PlotInTheWindow, ShowsTheChosenTypes) {
   initialise(2);
   for (int i = 0; i < model().getIMax(); ++i)

@@ -99,6 +99,8 @@ class MainViewController : public QObject {
   void commitTypedNames();
 
   void open(const QString& path);
+  /// Asks the user.
+  bool mayReplace(const QString& path);
   void save(const QString& path);
   void report(const QString& path, const QString& message);
   void showDocumentInTitle(const QString& path);

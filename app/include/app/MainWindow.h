@@ -8,6 +8,8 @@
 
 namespace quorvane {
 
+class FontFit;
+
 /// The application's only window, with its controls, its model and its controller. Closing it ends every run.
 class MainWindow : public QMainWindow {
   Q_OBJECT
@@ -20,12 +22,17 @@ class MainWindow : public QMainWindow {
   MainViewController& controller() { return *controller_; }
   const PopulationPlot& plot() const { return *plot_; }
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
   void keepRoomOfHiddenControls();
   void acceptPrintableNamesOnly();
   void followRun();
+  void showPlottedTypes();
 
   std::unique_ptr<Ui::MainWindow> ui_;
+  std::unique_ptr<FontFit> fontFit_;
   std::unique_ptr<MainViewController> controller_;
   std::unique_ptr<PopulationPlot> plot_;
 };

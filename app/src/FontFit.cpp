@@ -1,0 +1,82 @@
+#include "FontFit.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QFontInfo>
+#include <QLayout>
+#include <QLocale>
+#include <algorithm>
+
+#include "ui_MainWindow.h"
+
+namespace quorvane {
+namespace {
+
+constexpr double kStep = 0.5;
+constexpr double kSmallestPointSize = 6.0;
+/// Inside a window frame it still fits a screen of 1280 by 800, and the window starts larger than that.
+constexpr QSize kLargestSmallestWindow{1170, 740};
+constexpr int kButtonPadding = 16;
+constexpr int kFieldPadding = 12;
+
+}  // namespace
+
+FontFit::FontFit(QMainWindow& window, Ui::MainWindow& ui) : window_(window), ui_(ui) {
+  for (QPushButton* button : ui.centralwidget->findChildren<QPushButton*>())
+    keepRoom(button, button->text(), kButtonPadding);
+  for (QLabel* caption :
+       {ui.captionListSelectPixelType, ui.captionListSelectedRule, ui.captionTextNewRuleName})
+    keepRoom(caption, caption->text());
+
+  keepRoom(ui.textNumPixelTypes, "10");
+  keepRoom(ui.textWidthHeight, "256");
+  keepRoom(ui.textSimulationSpeed, QLocale().toString(1'000'000'000));
+  for (QLabel* value : {ui.textSelectedPixelPersistence, ui.textSelectedPixelTrans, ui.textPixelField,
+                        ui.textSelectedRuleParam})
+    keepRoom(value, "-10.000");
+  keepRoom(ui.textSelectedRuleType, "Pixel-Pixel Interaction");
+  keepRoom(ui.textNewRuleName, ui.textNewRuleName->prompt(), kFieldPadding);
+}
+
+void FontFit::keepRoom(QWidget* widget, const QString& longestText, int padding) {
+  rooms_.push_back({widget, longestText, padding, widget->minimumWidth()});
+}
+
+void FontFit::fit() {
+  // A font may be given in pixels, and has no size in points then.
+  double pointSize = window_.font().pointSizeF();
+  if (pointSize <= 0.0) pointSize = QFontInfo(window_.font()).pointSizeF();
+  use(pointSize);
+  while (!fits() && pointSize > kSmallestPointSize) use(pointSize -= kStep);
+}
+
+void FontFit::use(double pointSize) {
+  QFont font;
+  font.setPointSizeF(pointSize);
+  ui_.centralwidget->setFont(font);
+  for (const auto& [widget, longestText, padding, least] : rooms_) {
+    const int width = widget->fontMetrics().size(Qt::TextShowMnemonic, longestText).width();
+    widget->setMinimumWidth(std::max(least, width + padding));
+  }
+  // A list goes on asking for the smallest size of its former font until it hears of another style.
+  for (QComboBox* list : ui_.centralwidget->findChildren<QComboBox*>()) {
+    QEvent restyle(QEvent::StyleChange);
+    QCoreApplication::sendEvent(list, &restyle);
+  }
+  // The layouts would take note of the new font only when the event loop runs.
+  for (QWidget* widget : ui_.centralwidget->findChildren<QWidget*>()) widget->updateGeometry();
+  for (QLayout* layout : ui_.centralwidget->findChildren<QLayout*>()) layout->invalidate();
+}
+
+bool FontFit::fits() const {
+  const QSize smallest = ui_.centralwidget->minimumSizeHint();
+  const int stripWidth = smallest.width() - ui_.rightColumn->maximumWidth();
+  const QLayout& strip = *ui_.bottomStrip->layout();
+  return smallest.width() <= kLargestSmallestWindow.width() &&
+         smallest.height() <= kLargestSmallestWindow.height() &&
+         ui_.rightColumn->layout()->totalMinimumSize().width() <= ui_.rightColumn->maximumWidth() &&
+         strip.totalMinimumSize().height() <= ui_.bottomStrip->maximumHeight() &&
+         strip.totalMinimumHeightForWidth(stripWidth) <= ui_.bottomStrip->maximumHeight();
+}
+
+}  // namespace quorvane

@@ -1,0 +1,56 @@
+#include "FilePanel.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDialogButtonBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include "GuiSupport.h"
+
+namespace quorvane::gui {
+
+bool withFilePanel(QAbstractButton& button, const std::function<void(QFileDialog&)>& deal) {
+  // The panel runs an event loop of its own until it is dealt with.
+  bool dealt = false;
+  QTimer poll;
+  QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
+    auto* panel = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    if (!panel || dealt) return;
+    dealt = true;
+    deal(*panel);
+  });
+  poll.start(20);
+  click(button, button.rect().center());
+  return dealt;
+}
+
+bool acceptFilePanel(QFileDialog& panel, const QString& path) {
+  auto* name = panel.findChild<QLineEdit*>("fileNameEdit");
+  auto* buttons = panel.findChild<QDialogButtonBox*>("buttonBox");
+  if (name && buttons) {
+    // Pasted: while letters are typed, the panel completes them from what it reads in the background.
+    QApplication::clipboard()->setText(path);
+    QTest::keyClick(name, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(name, Qt::Key_V, Qt::ControlModifier);
+    if (QWidget* completions = QApplication::activePopupWidget()) completions->close();
+    const bool saves = panel.acceptMode() == QFileDialog::AcceptSave;
+    QPushButton* confirm = buttons->button(saves ? QDialogButtonBox::Save : QDialogButtonBox::Open);
+    // The panel reads the folder in the background before it accepts a name.
+    if (confirm && waitUntil([confirm] { return confirm->isEnabled(); }))
+      click(*confirm, confirm->rect().center());
+  }
+  const bool accepted = !panel.isVisible();
+  if (!accepted) panel.reject();
+  return accepted;
+}
+
+bool choosePath(QAbstractButton& button, const QString& path) {
+  bool accepted = false;
+  return withFilePanel(button, [&](QFileDialog& panel) { accepted = acceptFilePanel(panel, path); }) &&
+         accepted;
+}
+
+}  // namespace quorvane::gui

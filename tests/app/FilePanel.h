@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QFileDialog>
+#include <functional>
+
+/// Open and Save panels in a test, dealt with by keys and clicks.
+namespace quorvane::gui {
+
+/// Clicks the button and deals with the file panel that it opens. False if no panel came.
+bool withFilePanel(QAbstractButton& button, const std::function<void(QFileDialog&)>& deal);
+
+/// Pastes a path into the panel and confirms it. False if the panel stays, which it then no longer does.
+bool acceptFilePanel(QFileDialog& panel, const QString& path);
+
+/// Chooses a path in the panel that the button opens. False if the panel did not come or did not take it.
+bool choosePath(QAbstractButton& button, const QString& path);
+
+}  // namespace quorvane::gui

@@ -1,0 +1,107 @@
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+
+#include "GuiSupport.h"
+#include "PrintText.h"
+
+namespace quorvane {
+namespace {
+
+/// What a tool of the desktop prints, or an empty string where it fails.
+QString output(const QString& tool, const QStringList& arguments) {
+  QProcess process;
+  process.start(tool, arguments);
+  if (!process.waitForFinished(5000) || process.exitCode() != 0) return {};
+  return QString(process.readAllStandardOutput()).trimmed();
+}
+
+/// The application itself, on the screen and driven through the window system.
+class ApplicationProcess : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    clock_.start();
+    process_.setProcessChannelMode(QProcess::ForwardedChannels);
+    process_.start(APPLICATION, {});
+    ASSERT_TRUE(process_.waitForStarted());
+    ASSERT_TRUE(gui::waitUntil([this] {
+      window_ = output("xdotool", {"search", "--onlyvisible", "--pid", QString::number(process_.processId()),
+                                   "--name", "Quorvane"});
+      return !window_.isEmpty();
+    })) << "no window";
+    millisecondsToWindow_ = clock_.elapsed();
+  }
+  void TearDown() override {
+    if (process_.state() == QProcess::NotRunning) return;
+    process_.kill();
+    process_.waitForFinished();
+  }
+
+  bool activate() {
+    output("xdotool", {"windowactivate", window_});
+    return gui::waitUntil([this] { return output("xdotool", {"getactivewindow"}) == window_; });
+  }
+  void press(const QString& key) { output("xdotool", {"key", key}); }
+
+  /// Seconds of processor time that the process has used.
+  double processorTime() const {
+    QFile file(QString("/proc/%1/stat").arg(process_.processId()));
+    if (!file.open(QIODevice::ReadOnly)) return 0.0;
+    // The name in parentheses may hold anything; the times are the 12th and 13th fields behind it.
+    const QByteArray line = file.readAll();
+    const QList<QByteArray> fields = line.mid(line.lastIndexOf(')') + 2).split(' ');
+    return (fields.value(11).toDouble() + fields.value(12).toDouble()) /
+           static_cast<double>(sysconf(_SC_CLK_TCK));
+  }
+
+  /// Closes the window as the window manager's own button does, and waits for the end of the process.
+  void closeAndExpectASuccessfulEnd() {
+    press("alt+F4");
+    clock_.restart();
+    EXPECT_TRUE(
+        gui::waitUntil([this] { return process_.state() == QProcess::NotRunning; }, std::chrono::seconds(5)));
+    RecordProperty("milliseconds_to_exit", static_cast<int>(clock_.elapsed()));
+    EXPECT_EQ(process_.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(process_.exitCode(), 0);
+  }
+
+  QProcess process_;
+  QElapsedTimer clock_;
+  QString window_;
+  qint64 millisecondsToWindow_ = 0;
+};
+
+TEST_F(ApplicationProcess, ShowsItsWindowSoonAfterItsStart) {
+  std::printf("from the start of the process to its window: %lld ms\n",
+              static_cast<long long>(millisecondsToWindow_));
+  RecordProperty("milliseconds_to_window", static_cast<int>(millisecondsToWindow_));
+  EXPECT_LT(millisecondsToWindow_, 10'000);
+}
+
+TEST_F(ApplicationProcess, EndsWithSuccessWhenItsWindowIsClosed) {
+  ASSERT_TRUE(activate());
+  closeAndExpectASuccessfulEnd();
+}
+
+TEST_F(ApplicationProcess, EndsWithSuccessWhenItsWindowIsClosedInTheWaitOfTheSlowestRun) {
+  ASSERT_TRUE(activate());
+  // Initialise, the knob of the speed, its lower end.
+  for (const char* key : {"alt+i", "alt+e", "Home"}) press(key);
+  // The wait counts, so that the process is busy from now on; one without a run uses next to nothing.
+  const double before = processorTime();
+  ASSERT_TRUE(gui::waitUntil(
+      [&] {
+        // Run does nothing before Initialise has had its effect, and nothing once there is a run.
+        press("alt+r");
+        return processorTime() - before > 2.0;
+      },
+      std::chrono::seconds(30)));
+  ASSERT_EQ(process_.state(), QProcess::Running);
+  closeAndExpectASuccessfulEnd();
+}
+
+}  // namespace
+}  // namespace quorvane

@@ -1,0 +1,91 @@
+// A second application for tests: the main window in a process of its own, used as a person does.
+//
+//   window_session OPENED SAVED [loop N | calls N]
+//
+// Opens a document through its panel, makes N sweeps, by the run loop or by calls of the model, saves through
+// the panel and writes the report of what it found before the first sweep to its standard output.
+
+#include <QApplication>
+#include <QSurfaceFormat>
+#include <QTest>
+#include <cstdio>
+
+#include "FilePanel.h"
+#include "RunLoopThreads.h"
+#include "SystemReport.h"
+#include "app/DoubleSlider.h"
+
+namespace quorvane {
+namespace {
+
+/// One use of the window. Each operation says whether it went as it should.
+class Session {
+ public:
+  bool show() {
+    return static_cast<bool>(gui::showAndActivate(window_)) &&
+           gui::waitUntil([this] { return model().getWidth() > 0.0; });
+  }
+  bool open(const QString& path) {
+    return gui::choosePath(button("buttonOpenSystem"), path) && model().varMyState == kStopped;
+  }
+  bool save(const QString& path) { return gui::choosePath(button("buttonSaveSystem"), path); }
+  QStringList report() { return reportSystem(window_); }
+
+  /// The wait after a sweep at the slowest speed is long enough to stop in, so that each run makes one.
+  bool sweepByRunLoop(int count) {
+    for (int sweeps = 1; sweeps <= count; ++sweeps) {
+      RunLoopThreads loop;
+      setSpeed(Qt::Key_Home);
+      loop.during([this] { click("buttonRunModel"); });
+      if (loop.numStarted() != 1 || !gui::waitUntil([&] { return model().sweepsDone() == sweeps; }))
+        return false;
+      click("buttonStopModel");
+      setSpeed(Qt::Key_End);
+      if (!loop.waitForEnd() || model().sweepsDone() != sweeps) return false;
+    }
+    return true;
+  }
+  bool sweepByCalls(int count) {
+    model().runSweeps(count);
+    return model().sweepsDone() == count;
+  }
+
+ private:
+  LatticeModel& model() { return window_.model(); }
+  QAbstractButton& button(const char* name) {
+    return *window_.findChild<QAbstractButton*>(QString::fromLatin1(name));
+  }
+  void click(const char* name) { gui::click(button(name), button(name).rect().center()); }
+  void setSpeed(Qt::Key end) { QTest::keyClick(window_.findChild<QWidget*>("sliderSimulationSpeed"), end); }
+
+  MainWindow window_;
+};
+
+int fail(const char* step) {
+  std::fprintf(stderr, "window_session: %s failed\n", step);
+  return 1;
+}
+
+int run(const QStringList& arguments) {
+  Session session;
+  if (!session.show()) return fail("showing the window");
+  if (!session.open(arguments.at(1))) return fail("opening");
+  std::puts(qPrintable(session.report().join('\n')));
+  if (arguments.size() == 5) {
+    const bool byLoop = arguments.at(3) == "loop";
+    const int count = arguments.at(4).toInt();
+    if (!(byLoop ? session.sweepByRunLoop(count) : session.sweepByCalls(count))) return fail("sweeping");
+  }
+  return session.save(arguments.at(2)) ? 0 : fail("saving");
+}
+
+}  // namespace
+}  // namespace quorvane
+
+int main(int argc, char** argv) {
+  QSurfaceFormat::setDefaultFormat(quorvane::GraphicalLatticeModelGL::surfaceFormat());
+  QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+  const QApplication application(argc, argv);
+  if (argc != 3 && argc != 5) return 2;
+  return quorvane::run(QApplication::arguments());
+}
