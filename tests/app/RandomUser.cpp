@@ -10,7 +10,6 @@
 #include <QPushButton>
 #include <QTest>
 #include <QWheelEvent>
-#include <algorithm>
 #include <array>
 
 #include "GuiSupport.h"
@@ -189,10 +188,7 @@ QString RandomUser::paint() {
 }
 
 void RandomUser::stroke() {
-  // A mnemonic acts late, and Stop or Pause in the middle of a stroke has an outcome of its own.
-  const auto buttons = window_.findChildren<QAbstractButton*>();
-  gui::waitUntil(
-      [&] { return std::none_of(buttons.begin(), buttons.end(), [](auto* b) { return b->isDown(); }); });
+  waitForMnemonics();
   QWidget& view = window_.model();
   gui::press(view, pointIn(view, 1));
   for (int moves = pick(8); moves > 0; --moves) {
@@ -237,7 +233,16 @@ QString RandomUser::pressAMnemonic() {
   const QChar letter = letters[pick(static_cast<int>(letters.size()))];
   if (letter == 'V' && chance(90)) return "nothing";
   QTest::keyClick(&window_, static_cast<Qt::Key>(letter.unicode()), Qt::AltModifier);
+  sinceMnemonic_.start();
   return QString("pressed Alt and ") + letter;
+}
+
+void RandomUser::waitForMnemonics() {
+  constexpr qint64 milliseconds = 150;
+  if (!sinceMnemonic_.isValid()) return;
+  gui::waitUntil([this] { return sinceMnemonic_.hasExpired(milliseconds); });
+  gui::processEvents();
+  sinceMnemonic_.invalidate();
 }
 
 QString RandomUser::walkByTab() {

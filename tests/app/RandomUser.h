@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QStringList>
 #include <QTimer>
 #include <random>
@@ -42,6 +43,9 @@ class RandomUser {
   QString addARule();
 
   void stroke();
+  /// A mnemonic acts a tenth of a second late, and Stop or Pause in the middle of a stroke has an outcome of
+  /// its own.
+  void waitForMnemonics();
   void keepTheRunQuick();
   void closePopups();
   bool settleDialogs();
@@ -49,6 +53,7 @@ class RandomUser {
   MainWindow& window_;
   std::mt19937 random_;
   QTimer panelCanceller_;
+  QElapsedTimer sinceMnemonic_;
 };
 
 }  // namespace quorvane
