@@ -72,9 +72,9 @@ QString RandomUser::act() {
   int place = pick(total);
   auto choice = choices.begin();
   for (; place >= choice->weight; ++choice) place -= choice->weight;
-  QString done = (this->*choice->act)();
+  const QString done = (this->*choice->act)();
   closePopups();
-  if (!settleDialogs()) done += ", a dialog stays";
+  settleDialogs();
   keepTheRunQuick();
   if (chance(15)) gui::processEvents();
   return done;
@@ -113,7 +113,7 @@ QString RandomUser::chooseFromAList() {
   auto* list = anyUsable<QComboBox>();
   gui::click(*list, list->rect().center());
   QAbstractItemView* view = list->view();
-  if (!gui::waitUntil([view] { return view->isVisible(); })) return "no popup of " + list->objectName();
+  EXPECT_TRUE(gui::waitUntil([view] { return view->isVisible(); })) << list->objectName().toStdString();
   for (int moves = pick(6); moves > 0; --moves)
     QTest::keyClick(view, kMoves[static_cast<std::size_t>(pick(static_cast<int>(kMoves.size())))]);
   QTest::keyClick(view, chance(80) ? Qt::Key_Return : Qt::Key_Escape);
@@ -174,8 +174,9 @@ QString RandomUser::pickAColor() {
   auto* well = window_.findChild<ColorWell*>("colorSelectedPixelColor");
   gui::click(*well, well->rect().center());
   QColorDialog* dialog = nullptr;
-  if (!gui::waitUntil([&] { return (dialog = well->findChild<QColorDialog*>()) && dialog->isVisible(); }))
-    return "no colour dialog";
+  EXPECT_TRUE(
+      gui::waitUntil([&] { return (dialog = well->findChild<QColorDialog*>()) && dialog->isVisible(); }));
+  if (!dialog) return "found no colour dialog";
   for (int colors = pick(3); colors > 0; --colors)
     dialog->setCurrentColor(QColor(pick(256), pick(256), pick(256)));
   QTest::keyClick(dialog, chance(50) ? Qt::Key_Return : Qt::Key_Escape);
@@ -206,10 +207,11 @@ QString RandomUser::resize() {
 }
 
 QString RandomUser::visitFullScreen() {
+  waitForMnemonics();
   auto* button = window_.findChild<QPushButton*>("buttonFullScreen");
   QWidget& view = window_.model();
   gui::click(*button, button->rect().center());
-  if (!gui::waitUntil([&] { return view.isWindow() && view.isVisible(); })) return "no full screen";
+  EXPECT_TRUE(gui::waitUntil([&] { return view.isWindow() && view.isVisible(); }));
   for (int acts = pick(6); acts > 0; --acts) {
     if (chance(50))
       QTest::keyClick(&view, chance(80) ? Qt::Key_Space : Qt::Key_R);
@@ -222,8 +224,7 @@ QString RandomUser::visitFullScreen() {
   else
     QTest::keyClick(&view, Qt::Key_Escape);
   window_.activateWindow();
-  if (!gui::waitUntil([&] { return !view.isWindow() && window_.isActiveWindow(); }))
-    return "stuck in full screen";
+  EXPECT_TRUE(gui::waitUntil([&] { return !view.isWindow() && window_.isActiveWindow(); }));
   return "visited full screen";
 }
 
@@ -286,10 +287,10 @@ void RandomUser::closePopups() {
   while (QWidget* popup = QApplication::activePopupWidget()) popup->close();
 }
 
-bool RandomUser::settleDialogs() {
+void RandomUser::settleDialogs() {
   if (auto* dialog = qobject_cast<QColorDialog*>(QApplication::activeModalWidget()))
     QTest::keyClick(dialog, Qt::Key_Escape);
-  return gui::waitUntil([] { return QApplication::activeModalWidget() == nullptr; });
+  EXPECT_TRUE(gui::waitUntil([] { return QApplication::activeModalWidget() == nullptr; }));
 }
 
 }  // namespace quorvane

@@ -18,6 +18,10 @@ class RandomUser {
   /// One act, complete: nothing is held down and no popup or panel is open after it. Gives what was done.
   QString act();
 
+  /// Waits until no mnemonic can act any more: one does so a tenth of a second late, and in the middle of a
+  /// stroke or of full screen Run, Stop and Pause have an outcome of their own.
+  void waitForMnemonics();
+
  private:
   int pick(int count) { return std::uniform_int_distribution<int>(0, count - 1)(random_); }
   bool chance(int percent) { return pick(100) < percent; }
@@ -43,12 +47,9 @@ class RandomUser {
   QString addARule();
 
   void stroke();
-  /// A mnemonic acts a tenth of a second late, and Stop or Pause in the middle of a stroke has an outcome of
-  /// its own.
-  void waitForMnemonics();
   void keepTheRunQuick();
   void closePopups();
-  bool settleDialogs();
+  void settleDialogs();
 
   MainWindow& window_;
   std::mt19937 random_;

@@ -37,11 +37,12 @@ class RandomWalk : public WindowTest, public ::testing::WithParamInterface<Walk>
   void walk() {
     RandomUser user(*window_, GetParam().seed);
     QStringList trail;
-    for (int step = 0; step < kSteps; ++step) {
+    for (int step = 0; step < kSteps && !HasFailure(); ++step) {
       trail += user.act();
       ASSERT_EQ(disagreements(*window_), QStringList())
           << "step " << step << " after " << trail.mid(qMax(0, trail.size() - 6)).join("; ").toStdString();
     }
+    user.waitForMnemonics();
   }
 
   /// What the walk ends in is a system like any other: saved, it opens as itself.
