@@ -7,6 +7,7 @@
 #include <string>
 #include <utility>
 
+#include "engine/Sweeper.h"
 #include "engine/f_ran0.h"
 #include "reference/Cases.h"
 #include "reference/Lockstep.h"
@@ -16,7 +17,6 @@ namespace quorvane {
 namespace {
 
 using reference::Case;
-using reference::EngineSystem;
 using reference::System;
 
 constexpr int kDraws = 1'000'000;
@@ -57,22 +57,22 @@ const System& warmedUp(const Case& typical) {
   return *system;
 }
 
-template <class AnySystem>
-void attempts(benchmark::State& state, AnySystem& system) {
-  reference::restartSources();
-  for (auto _ : state)
-    for (int k = 0; k < kAttempts; ++k) reference::attempt(system);
-  itemsOfAnIteration(state, kAttempts);
-}
-
+/// Attempts as the run loop makes them.
 void attempt(benchmark::State& state, const Case& typical) {
   const auto system = reference::toEngine(warmedUp(typical));
-  attempts(state, *system);
+  Sweeper sweeper(reference::arraysOf(*system));
+  const Relaxed<std::int32_t> going = 1;
+  reference::restartSources();
+  for (auto _ : state) sweeper.sweep(going, going);
+  itemsOfAnIteration(state, kAttempts);
 }
 
 void referenceAttempt(benchmark::State& state, const Case& typical) {
   const auto system = std::make_unique<System>(warmedUp(typical));
-  attempts(state, *system);
+  reference::restartSources();
+  for (auto _ : state)
+    for (int k = 0; k < kAttempts; ++k) reference::attempt(*system);
+  itemsOfAnIteration(state, kAttempts);
 }
 
 template <class... Args>

@@ -39,12 +39,18 @@ int fn_pbc(int x, int n) {
   return remainder < 0 ? remainder + n : remainder;
 }
 
+Neighbours withChange(Neighbours neighbours, Site site, Size size, Site changed, Type type) {
+  for (std::size_t direction = 0; direction < kNumDirections; ++direction)
+    if (neighbourSite(site, size, direction) == changed) neighbours.type[direction] = type;
+  return neighbours;
+}
+
 int fNumNeighbourSitesOfType(int i, int j, int imax, int jmax, int type, const Lattice& lattice) {
-  return countNeighbours(neighboursOf(i, j, imax, jmax, lattice), [=](int n) { return n == type; });
+  return countNeighbours(neighboursOf(siteAt(i, j), sizeOf(imax, jmax), lattice), [=](int n) { return n == type; });
 }
 
 int fUps(int i, int j, int imax, int jmax, const Lattice& lattice) {
-  return countNeighbours(neighboursOf(i, j, imax, jmax, lattice),
+  return countNeighbours(neighboursOf(siteAt(i, j), sizeOf(imax, jmax), lattice),
                          [](int n) { return n == 2 || n == 5 || n == 11; });
 }
 

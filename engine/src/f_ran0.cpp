@@ -5,21 +5,25 @@ namespace quorvane {
 constinit RandomSource processRandomSource;
 
 void AdditiveFeedback::seed(std::int32_t seed) {
-  // The first 31 values come from the minimal standard generator 16807 * x modulo 2^31 - 1.
+  // The first 31 words come from the minimal standard generator 16807 * x modulo 2^31 - 1.
   constexpr std::int64_t modulus = 2147483647;
   std::int64_t word = seed;
-  ring_[0] = static_cast<std::uint32_t>(word);
-  for (std::uint32_t i = 1; i < 31; ++i) {
+  std::uint32_t first[kLag];
+  for (auto& value : first) {
+    value = static_cast<std::uint32_t>(word);
     word = word * 16807 % modulus;
-    ring_[i] = static_cast<std::uint32_t>(word);
   }
   // The C library starts its feedback at the fourth word, which is the recurrence with the first three words
-  // standing once more behind the last. Words 31, 32 and 33 share the ring with 31, 0 and 1, in this order.
-  const std::uint32_t again[] = {ring_[0], ring_[1], ring_[2]};
-  for (std::uint32_t i = 0; i < 3; ++i) ring_[(31 + i) % kRing] = again[i];
-  cursor_ = 34;
+  // standing once more behind the last.
+  for (std::ptrdiff_t i = 0; i < kLag; ++i) words_[i] = first[(i + 3) % kLag];
+  end_ = kLag;
   constexpr int discarded = 310;
   for (int i = 0; i < discarded; ++i) next();
+}
+
+std::ptrdiff_t AdditiveFeedback::rewind(std::ptrdiff_t end) {
+  for (std::ptrdiff_t i = 0; i < kLag; ++i) words_[i] = words_[end - kLag + i].load();
+  return kLag;
 }
 
 void RandomSource::initialise() {
@@ -28,9 +32,16 @@ void RandomSource::initialise() {
   generator_.seed(seed);
   seed = 1;
   for (std::uint32_t k = 1; k <= kSlots; ++k) draw();
-  for (std::uint32_t k = 1; k <= kSlots; ++k) v[k] = withSlot(draw());
-  y = withSlot(draw());
+  for (std::uint32_t k = 1; k <= kSlots; ++k) v[k] = entryOf(2 * draw());
+  y = entryOf(2 * draw());
   iff = 1;
+}
+
+std::uint32_t RandomSource::take(Entry fresh) {
+  auto& place = v[slotOf(y)];
+  y = place;
+  place = fresh;
+  return twiceOf(y) >> 1;
 }
 
 bool RandomSource::platformIsKnown() {

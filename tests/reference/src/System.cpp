@@ -78,6 +78,15 @@ std::unique_ptr<EngineSystem> toEngine(const System& from) {
   return to;
 }
 
+SystemArrays arraysOf(EngineSystem& s) {
+  return {s.imax,
+          s.jmax,
+          s.numTypes,
+          s.lattice,
+          {s.ruleType, s.ruleDisabled, s.ruleIgnoreEnergy, s.ruleEndPoints, s.ruleParameter, s.ruleFac,
+           s.accessible, s.accessibleCount, s.immobile, s.field, s.masquerade, s.J}};
+}
+
 template <class Int, class Real>
 int addRule(SystemOf<Int, Real>& system, int type, int endA, int endB) {
   constexpr int capacity = 50;

@@ -3,15 +3,15 @@
 #include <cstdint>
 #include <memory>
 
-#include "engine/f_LMlattice.h"
+#include "engine/Sweeper.h"
 
 namespace quorvane::reference {
 
 /// Everything that the functions on a lattice are handed. About 270 kilobytes: make it on the heap.
 template <class Int, class Real>
 struct SystemOf {
-  int imax = 1, jmax = 1;
-  int numTypes = 1;
+  Int imax = 1, jmax = 1;
+  Int numTypes = 1;
   int numRules = 0;
   Int lattice[256][256] = {};
   Int ruleType[50] = {};
@@ -35,6 +35,9 @@ using EngineSystem = SystemOf<Relaxed<std::int32_t>, Relaxed<double>>;
 
 /// A system for the engine with the values of a plain one.
 std::unique_ptr<EngineSystem> toEngine(const System& system);
+
+/// The arrays of a system for a Sweeper.
+SystemArrays arraysOf(EngineSystem& system);
 
 /// Appends a rule that has the given ends, parameter 1 and nothing else, and enters it into the rows: types 0
 /// and 2 into end A's, type 1 into end A's and end B's, an end of -1 meaning every type in use. Returns its

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "engine/f_LMlattice.h"
+
+namespace quorvane {
+
+/// The arrays that say what happens to a site: the arguments of fModelCycle with these names.
+struct RuleArrays {
+  const PerRuleInt& ruleType;
+  const PerRuleInt& ruleDisabled;
+  const PerRuleInt& ruleIgnoreEnergy;
+  const PerRuleIntPair& ruleEndPoints;
+  const PerRuleReal& ruleParameter;
+  const PerRuleIntPair& ruleFac;
+  const RuleRows& accessible;
+  const PerTypeInt& accessibleCount;
+  const PerTypeInt& immobile;
+  const PerTypeReal& field;
+  const PerTypeInt& masquerade;
+  const PairEnergies& J;
+};
+
+/// A lattice and its rules, where they stand.
+struct SystemArrays {
+  const Relaxed<std::int32_t>& imax;
+  const Relaxed<std::int32_t>& jmax;
+  const Relaxed<std::int32_t>& numTypes;
+  Lattice& lattice;
+  RuleArrays rules;
+};
+
+/// Many attempts in a row, faster than one call of fModelCycle each and with the same result to the last bit.
+///
+/// Reads the rules, energies and flags once in a few thousand attempts and keeps them in the form that an
+/// attempt needs; a change that another thread makes meanwhile takes effect after less than a millisecond.
+/// Sites are read and written as they stand, and a change of the lattice's size is noticed by the next
+/// attempt. A refused flip or swap may write the types back that it has read, so a site that another thread
+/// paints during the attempt may keep its former type. Any number of sweepers may work on one system.
+class Sweeper {
+ public:
+  explicit Sweeper(const SystemArrays& system);
+  ~Sweeper();
+
+  /// imax * jmax + 1 attempts, one more than there are sites, left early when the state is another than the
+  /// given one. Draws for each attempt fRandInt(imax), fRandInt(jmax) and those of fModelCycle.
+  void sweep(const Relaxed<std::int32_t>& state, std::int32_t whileState);
+
+ private:
+  struct Notes;
+
+  std::int64_t batch(std::int64_t count, const Relaxed<std::int32_t>& state, std::int32_t whileState);
+
+  SystemArrays system_;
+  std::unique_ptr<Notes> notes_;
+};
+
+}  // namespace quorvane

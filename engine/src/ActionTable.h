@@ -1,0 +1,26 @@
+#pragma once
+
+#include "Action.h"
+
+namespace quorvane {
+
+/// The action of every entry of every row, as the rules stood when it was read.
+class ActionTable {
+ public:
+  void read(int numTypes, const RuleArrays& rules);
+
+  /// The length of a type's row.
+  std::uint32_t length(Type type) const { return length_[type]; }
+  /// The entries of a type's row; one that is not usable is an action of the kind kNone.
+  const Action* row(Type type) const { return rows_[type]; }
+
+ private:
+  /// A power of two, so that finding a row takes a shift.
+  static constexpr int kPlaces = 64;
+  static_assert(kPlaces >= kMaxRules);
+
+  std::uint32_t length_[kMaxPixelTypes];
+  Action rows_[kMaxPixelTypes][kPlaces];
+};
+
+}  // namespace quorvane

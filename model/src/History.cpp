@@ -1,0 +1,61 @@
+#include <cstdint>
+#include <limits>
+
+#include "model/LatticeModel.h"
+
+namespace quorvane {
+namespace {
+
+/// The traces of one type on their way through one sweep.
+class TraceUpdate {
+ public:
+  TraceUpdate(int type, double persistence) : type_(type), persistence_(persistence) {}
+
+  void operator()(Relaxed<double>& trace, std::int32_t site) {
+    // Looked up rather than branched to: which sites hold the type cannot be predicted. Adding -0 leaves every
+    // number as it is, 0 and -0 too.
+    static constexpr double gain[] = {-0.0, 1.0};
+    const double updated = gain[site == type_ ? 1 : 0] + decayed(trace);
+    trace = updated;
+    max_ = updated > max_ ? updated : max_;
+  }
+
+  double max() const { return 1.0 > max_ ? 1.0 : max_; }
+
+ private:
+  double decayed(double trace) {
+    // Processors take up to a hundred times as long for a product below the normal numbers. A trace that
+    // nothing has fed for thousands of sweeps stays at one such value, so the last product is kept.
+    constexpr double tiny = 2 * std::numeric_limits<double>::min();
+    if (!(trace > 0.0 && trace < tiny)) [[likely]]
+      return trace * persistence_;
+    if (trace != lastTrace_) {
+      lastTrace_ = trace;
+      lastProduct_ = trace * persistence_;
+    }
+    return lastProduct_;
+  }
+
+  std::int32_t type_;
+  double persistence_;
+  double max_ = 0.0;
+  double lastTrace_ = 0.0;
+  double lastProduct_ = 0.0;
+};
+
+}  // namespace
+
+void LatticeModel::updateHistory() {
+  const int imax = varImax, jmax = varJmax;
+  for (int type = 0; type < varNumSiteTypes; ++type) {
+    TraceUpdate update(type, varHistoryPersistenceConst[type]);
+    for (int i = 0; i < imax; ++i) {
+      const auto& sites = varSiteValues[i];
+      auto& traces = varMobileHistory[type][i];
+      for (int j = 0; j < jmax; ++j) update(traces[j], sites[j]);
+    }
+    varMobileHistoryMax[type] = update.max();
+  }
+}
+
+}  // namespace quorvane
