@@ -2,11 +2,11 @@
 
 #include <benchmark/benchmark.h>
 
-#include <map>
 #include <memory>
 #include <string>
 #include <utility>
 
+#include "WarmedUp.h"
 #include "engine/Sweeper.h"
 #include "engine/f_ran0.h"
 #include "reference/Cases.h"
@@ -20,9 +20,6 @@ using reference::Case;
 using reference::System;
 
 constexpr int kDraws = 1'000'000;
-constexpr int kAttempts = 254 * 254 + 1;
-/// Sweeps before measuring, so that a lattice looks as it does most of the time, and not as it was filled.
-constexpr int kWarmUpSweeps = 30;
 constexpr int kRepetitions = 9;
 
 void itemsOfAnIteration(benchmark::State& state, int items) {
@@ -42,19 +39,6 @@ void referenceDraw(benchmark::State& state) {
   for (auto _ : state)
     for (int k = 0; k < kDraws; ++k) benchmark::DoNotOptimize(reference::fRandReal());
   itemsOfAnIteration(state, kDraws);
-}
-
-/// The system after its warm-up. Both sides are measured from there with the same draws, and so go through
-/// the same lattices.
-const System& warmedUp(const Case& typical) {
-  static std::map<std::string, std::unique_ptr<System>> systems;
-  auto& system = systems[typical.name];
-  if (!system) {
-    reference::restartSources();
-    system = typical.make();
-    for (int k = 0; k < kWarmUpSweeps * kAttempts; ++k) reference::attempt(*system);
-  }
-  return *system;
 }
 
 /// Attempts as the run loop makes them.

@@ -6,8 +6,9 @@ namespace quorvane {
 /// system "Attempt/" and "ReferenceAttempt/" with its name. Times are per draw and per attempt.
 void registerEngineBenchmarks();
 
-/// The trace update and the sweep of a model of two types: "TraceUpdate", "TraceUpdateOfVanishedType" (whose
-/// trace is below the normal numbers) and "Sweep". Times are per sweep.
+/// Whole sweeps of the run loop with the traces of all types: "Sweep/" with the name of a typical system, its
+/// time per attempt. And the traces of two types alone, once a sweep: "TraceUpdate" and
+/// "TraceUpdateOfVanishedType", whose trace is below the normal numbers.
 void registerTraceBenchmarks();
 
 /// The document of the largest system: "WriteText" and "ReadText" in memory, "Save" and "Open" with a file.

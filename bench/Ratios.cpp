@@ -1,16 +1,9 @@
 #include "Ratios.h"
 
 #include <algorithm>
-#include <iomanip>
 
 namespace quorvane {
 namespace {
-
-double median(std::vector<double> values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  return *middle;
-}
 
 double smallest(const std::vector<double>& values) { return *std::min_element(values.begin(), values.end()); }
 
@@ -38,15 +31,17 @@ void RatioReporter::ReportRuns(const std::vector<Run>& runs) {
   if (!medians.empty()) ConsoleReporter::ReportRuns(medians);
 }
 
-void RatioReporter::printRatio(std::ostream& out, const std::string& label, const std::string& of,
-                               const std::string& over) const {
+std::optional<double> RatioReporter::ratio(const std::string& of, const std::string& over) const {
   const auto a = times_.find(of);
   const auto b = times_.find(over);
-  if (a == times_.end() || b == times_.end()) return;
-  const double medians = median(a->second) / median(b->second);
-  const double minima = smallest(a->second) / smallest(b->second);
-  out << std::left << std::setw(78) << label << std::right << std::fixed << std::setprecision(3)
-      << std::setw(10) << medians << std::setw(10) << minima << std::setw(11) << 1.0 / medians << "x\n";
+  if (a == times_.end() || b == times_.end()) return std::nullopt;
+  return smallest(a->second) / smallest(b->second);
+}
+
+std::optional<double> RatioReporter::milliseconds(const std::string& of) const {
+  const auto a = times_.find(of);
+  if (a == times_.end()) return std::nullopt;
+  return 1e3 * smallest(a->second);
 }
 
 }  // namespace quorvane

@@ -3,7 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include <map>
-#include <ostream>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,10 +18,12 @@ class RatioReporter : public benchmark::ConsoleReporter {
 
   void ReportRuns(const std::vector<Run>& runs) override;
 
-  /// One line: a label and the times of the first benchmark over those of the second, of the medians and of
-  /// the smallest over all repetitions. Prints nothing if either did not run.
-  void printRatio(std::ostream& out, const std::string& label, const std::string& of,
-                  const std::string& over) const;
+  /// The time of the first benchmark over that of the second, each the smallest of all repetitions, which is
+  /// what is left of a time on a busy machine when the rest is gone. Nothing if either did not run.
+  std::optional<double> ratio(const std::string& of, const std::string& over) const;
+
+  /// The smallest time of an iteration.
+  std::optional<double> milliseconds(const std::string& of) const;
 
  private:
   std::map<std::string, std::vector<double>> times_;

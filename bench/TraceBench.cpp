@@ -1,44 +1,45 @@
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <memory>
+#include <string>
+#include <utility>
 
 #include "EngineBench.h"
-#include "model/LatticeModel.h"
+#include "Goals.h"
+#include "WarmedUp.h"
+#include "reference/Lockstep.h"
+#include "reference/ToModel.h"
 
 namespace quorvane {
 namespace {
 
-constexpr int kTypes = 2;
-constexpr int kSide = 254;
-constexpr int kWarmUpSweeps = 30;
+using reference::Case;
+
+constexpr const char* kTwoTypes = "FlipsWithPairEnergies";
+constexpr int kSweeps = 10;
 constexpr int kRepetitions = 9;
 
-/// Types that flip into each other with pair energies, close to where they begin to separate.
-std::unique_ptr<LatticeModel> flippingModel() {
-  auto model = std::make_unique<LatticeModel>();
-  model->awakeFromNib();
-  model->initializeLatticeModel(kTypes, kSide, kSide);
-  model->makeNewRule("flip", kReversibleFlip, 0, 1);
-  model->setRuleParam(0, 1.0);
-  for (int a = 0; a < kTypes; ++a) {
-    model->setPixelPersistence(a, 0.9);
-    for (int b = 0; b < kTypes; ++b) model->setPixelIntConstant(a, b, a == b ? -0.38 : 0.38);
-  }
-  model->varMyState = kRunning;
-  for (int k = 0; k < kWarmUpSweeps; ++k) {
-    model->sweep();
-    model->updateHistory();
-  }
+const Case& caseOf(const std::string& name) {
+  return *std::ranges::find(reference::typicalCases(), name, &Case::name);
+}
+
+std::unique_ptr<LatticeModel> tracedModel(const Case& typical) {
+  auto model = reference::toModel(warmedUp(typical));
+  for (int type = 0; type < model->getNumPixelTypes(); ++type) model->setPixelPersistence(type, 0.9);
+  reference::restartSources();
   return model;
 }
 
-void sweep(benchmark::State& state) {
-  const auto model = flippingModel();
-  for (auto _ : state) model->sweep();
+/// Whole sweeps of the run loop: attempts, polling of the run state, traces of all types.
+void sweep(benchmark::State& state, const std::string& name) {
+  const auto model = tracedModel(caseOf(name));
+  for (auto _ : state) model->runSweeps(kSweeps);
+  state.counters["items"] = kSweeps * kAttempts;
 }
 
 void traceUpdate(benchmark::State& state) {
-  const auto model = flippingModel();
+  const auto model = tracedModel(caseOf(kTwoTypes));
   for (auto _ : state) {
     model->updateHistory();
     benchmark::ClobberMemory();
@@ -47,9 +48,9 @@ void traceUpdate(benchmark::State& state) {
 
 /// One trace has decayed for so long that it is smaller than any normal number.
 void traceUpdateOfVanishedType(benchmark::State& state) {
-  const auto model = flippingModel();
-  for (int i = 0; i < kSide; ++i)
-    for (int j = 0; j < kSide; ++j) {
+  const auto model = tracedModel(caseOf(kTwoTypes));
+  for (int i = 0; i < model->getIMax(); ++i)
+    for (int j = 0; j < model->getJMax(); ++j) {
       model->setSiteValue(i, j, 0);
       model->varMobileHistory[1][i][j] = 5e-324;
     }
@@ -59,8 +60,9 @@ void traceUpdateOfVanishedType(benchmark::State& state) {
   }
 }
 
-void repeated(const char* name, int iterations, void (*function)(benchmark::State&)) {
-  benchmark::RegisterBenchmark(name, function)
+template <class... Args>
+void repeated(const std::string& name, int iterations, Args&&... args) {
+  benchmark::RegisterBenchmark(name.c_str(), std::forward<Args>(args)...)
       ->Unit(benchmark::kMicrosecond)
       ->Iterations(iterations)
       ->Repetitions(kRepetitions);
@@ -69,7 +71,8 @@ void repeated(const char* name, int iterations, void (*function)(benchmark::Stat
 }  // namespace
 
 void registerTraceBenchmarks() {
-  repeated("Sweep", 20, sweep);
+  for (const SweepGoal& goal : sweepGoals())
+    repeated("Sweep/" + std::string(goal.name), 2, sweep, std::string(goal.name));
   repeated("TraceUpdate", 100, traceUpdate);
   repeated("TraceUpdateOfVanishedType", 100, traceUpdateOfVanishedType);
 }

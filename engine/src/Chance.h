@@ -16,11 +16,11 @@ struct ExactChance {
   static bool accepts(double dE, double parameter, double u) { return parameter * acceptance(dE) > u; }
 };
 
-/// Compares u with a cheap exponential, and with the exact one only where that could change the answer. Has no
-/// branch that cannot be predicted.
+/// Compares u with a cheap exponential, and with the exact one only where that could change the answer. Has
+/// no branch that cannot be predicted.
 struct QuickChance {
   /// Largest relative error of the cheap exponential, twice over.
-  static constexpr double kTolerance = 1e-4;
+  static constexpr double kTolerance = 2e-4;
 
   static bool accepts(double dE, double parameter, double u) {
     const double chance = parameter * cheapExp(dE);

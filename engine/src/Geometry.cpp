@@ -46,7 +46,8 @@ Neighbours withChange(Neighbours neighbours, Site site, Size size, Site changed,
 }
 
 int fNumNeighbourSitesOfType(int i, int j, int imax, int jmax, int type, const Lattice& lattice) {
-  return countNeighbours(neighboursOf(siteAt(i, j), sizeOf(imax, jmax), lattice), [=](int n) { return n == type; });
+  return countNeighbours(neighboursOf(siteAt(i, j), sizeOf(imax, jmax), lattice),
+                         [=](int n) { return n == type; });
 }
 
 int fUps(int i, int j, int imax, int jmax, const Lattice& lattice) {

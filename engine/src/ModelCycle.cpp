@@ -36,9 +36,8 @@ void fModelCycle(int i, int j, int imax, int jmax, Lattice& lattice, int numType
   const int rule = drawRule(accessible[current], accessibleCount[current], ruleDisabled);
   if (rule == kNoRule) return;
 
-  const RuleArrays rules{ruleType,        ruleDisabled, ruleIgnoreEnergy, ruleEndPoints,
-                         ruleParameter,   ruleFac,      accessible,       accessibleCount,
-                         immobile,        field,        masquerade,       J};
+  const RuleArrays rules{ruleType,   ruleDisabled,    ruleIgnoreEnergy, ruleEndPoints, ruleParameter, ruleFac,
+                         accessible, accessibleCount, immobile,         field,         masquerade,    J};
   const Action action = actionOf(rule, current, numTypes, rules);
   ProcessDraws draws;
   const LiveEnergies energies{{J}, field};

@@ -15,7 +15,8 @@ inline Type typeOf(const Relaxed<std::int32_t>& site) { return static_cast<Type>
 /// A coordinate with the two next to it on a ring of n sites.
 struct Wrapped {
   std::size_t here, next, previous;
-  Wrapped(std::size_t x, std::size_t n) : here(x), next(x + 1 < n ? x + 1 : 0), previous(x > 0 ? x - 1 : n - 1) {}
+  Wrapped(std::size_t x, std::size_t n)
+      : here(x), next(x + 1 < n ? x + 1 : 0), previous(x > 0 ? x - 1 : n - 1) {}
 };
 
 /// A site of the lattice.

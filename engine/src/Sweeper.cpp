@@ -72,8 +72,7 @@ template <class Chance>
   const auto numTypes = static_cast<std::uint32_t>(system.numTypes.load());
   const Tools tools{system.lattice, size, numTypes, draws, batch.energies, chance};
   std::int64_t made = 0;
-  for (; made < batch.count && batch.state == batch.whileState; ++made)
-    tableAttempt(tools, batch.actions);
+  for (; made < batch.count && batch.state == batch.whileState; ++made) tableAttempt(tools, batch.actions);
   return made;
 }
 

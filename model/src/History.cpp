@@ -1,3 +1,4 @@
+#include <bit>
 #include <cstdint>
 #include <limits>
 
@@ -12,8 +13,8 @@ class TraceUpdate {
   TraceUpdate(int type, double persistence) : type_(type), persistence_(persistence) {}
 
   void operator()(Relaxed<double>& trace, std::int32_t site) {
-    // Looked up rather than branched to: which sites hold the type cannot be predicted. Adding -0 leaves every
-    // number as it is, 0 and -0 too.
+    // Looked up rather than branched to: which sites hold the type cannot be predicted. Adding -0 leaves
+    // every number as it is, 0 and -0 too.
     static constexpr double gain[] = {-0.0, 1.0};
     const double updated = gain[site == type_ ? 1 : 0] + decayed(trace);
     trace = updated;
@@ -26,9 +27,19 @@ class TraceUpdate {
   double decayed(double trace) {
     // Processors take up to a hundred times as long for a product below the normal numbers. A trace that
     // nothing has fed for thousands of sweeps stays at one such value, so the last product is kept.
+    if (isTiny(trace)) [[unlikely]]
+      return keptProduct(trace);
+    return trace * persistence_;
+  }
+
+  /// Above 0, and not above twice the smallest normal number. Positive numbers are ordered as their bits are;
+  /// in one comparison, because which traces are 0 cannot be predicted. 0 less 1 wraps to the largest number.
+  static bool isTiny(double trace) {
     constexpr double tiny = 2 * std::numeric_limits<double>::min();
-    if (!(trace > 0.0 && trace < tiny)) [[likely]]
-      return trace * persistence_;
+    return std::bit_cast<std::uint64_t>(trace) - 1 < std::bit_cast<std::uint64_t>(tiny);
+  }
+
+  double keptProduct(double trace) {
     if (trace != lastTrace_) {
       lastTrace_ = trace;
       lastProduct_ = trace * persistence_;

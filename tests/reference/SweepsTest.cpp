@@ -6,58 +6,39 @@
 #include <utility>
 #include <vector>
 
-#include "model/LatticeModel.h"
+#include "reference/Assign.h"
 #include "reference/Cases.h"
 #include "reference/Lockstep.h"
+#include "reference/ToModel.h"
 #include "reference/Trace.h"
 
 namespace quorvane {
 namespace {
 
+using reference::assign;
 using reference::System;
 using Limits = std::numeric_limits<double>;
-
-template <class To, class From>
-void assign(To& to, const From& from) {
-  to = from;
-}
-
-template <class To, class From, std::size_t N>
-void assign(To (&to)[N], const From (&from)[N]) {
-  for (std::size_t k = 0; k < N; ++k) assign(to[k], from[k]);
-}
-
-std::unique_ptr<LatticeModel> modelOf(const System& system) {
-  auto model = std::make_unique<LatticeModel>();
-  model->awakeFromNib();
-  model->varImax = system.imax;
-  model->varJmax = system.jmax;
-  model->varNumSiteTypes = system.numTypes;
-  model->varNumRules = system.numRules;
-  assign(model->varSiteValues, system.lattice);
-  assign(model->varRuleType, system.ruleType);
-  assign(model->varRuleDisabled, system.ruleDisabled);
-  assign(model->varRuleIgnoreEnergy, system.ruleIgnoreEnergy);
-  assign(model->varRuleEndPoints, system.ruleEndPoints);
-  assign(model->varRuleParameter, system.ruleParameter);
-  assign(model->varRuleFacNumAndType, system.ruleFac);
-  assign(model->varAccessibleRulesForSiteID, system.accessible);
-  assign(model->varAccessibleRulesForSiteIDCount, system.accessibleCount);
-  assign(model->varPixelImmobile, system.immobile);
-  assign(model->varSiteField, system.field);
-  assign(model->varSiteMasqueradeAs, system.masquerade);
-  assign(model->varInteractionConstants, system.J);
-  model->varMyState = kRunning;
-  return model;
-}
 
 /// A model and the plain arrays that are to stay equal to it, with odd traces to start from.
 class Both {
  public:
   explicit Both(std::unique_ptr<System> system)
-      : system_(std::move(system)), model_(modelOf(*system_)), traces_(10) {
-    static constexpr double odd[] = {0.0,   -0.0,  1.0,  Limits::denorm_min(), Limits::min(),      3e-320,
-                                     -1e-9, 1e-30, 17.5, Limits::quiet_NaN(),  Limits::infinity(), -3e-320};
+      : system_(std::move(system)), model_(reference::toModel(*system_)), traces_(10) {
+    static constexpr double odd[] = {0.0,
+                                     -0.0,
+                                     1.0,
+                                     Limits::denorm_min(),
+                                     Limits::min(),
+                                     3e-320,
+                                     2 * Limits::min(),
+                                     2.1 * Limits::min(),
+                                     -1e-9,
+                                     1e-30,
+                                     17.5,
+                                     Limits::quiet_NaN(),
+                                     Limits::infinity(),
+                                     -3e-320,
+                                     1.9 * Limits::min()};
     std::size_t k = 0;
     for (auto& trace : traces_)
       for (auto& row : trace.at)

@@ -12,8 +12,8 @@ namespace quorvane {
 /// upper 31 bits are the result. Its state is its own, so nothing else in the process can disturb it.
 class AdditiveFeedback {
  public:
-  /// Goes on from where the generator stands with the position at hand rather than in memory, and puts it back
-  /// at its end.
+  /// Goes on from where the generator stands with the position at hand rather than in memory, and puts it
+  /// back at its end.
   class Reader {
    public:
     /// Steps that are possible after one makeRoom.

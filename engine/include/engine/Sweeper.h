@@ -34,11 +34,10 @@ struct SystemArrays {
 
 /// Many attempts in a row, faster than one call of fModelCycle each and with the same result to the last bit.
 ///
-/// Reads the rules, energies and flags once in a few thousand attempts and keeps them in the form that an
-/// attempt needs; a change that another thread makes meanwhile takes effect after less than a millisecond.
-/// Sites are read and written as they stand, and a change of the lattice's size is noticed by the next
-/// attempt. A refused flip or swap may write the types back that it has read, so a site that another thread
-/// paints during the attempt may keep its former type. Any number of sweepers may work on one system.
+/// Reads the size, rules, energies and flags once in a few thousand attempts and keeps them in the form that
+/// an attempt needs; a change that another thread makes meanwhile takes effect after less than a millisecond.
+/// Sites and the state are read as they stand. Any number of sweepers may work on one system; each belongs to
+/// one thread.
 class Sweeper {
  public:
   explicit Sweeper(const SystemArrays& system);

@@ -7,7 +7,9 @@
 
 /// Lattice geometry, site energies and moves: free functions on the arrays of a model, with no state of their
 /// own. Any thread may call them; two threads may work on one lattice, and each then sees single sites change
-/// under it, never an index outside the arrays. A trial value is never written into the lattice.
+/// under it, never an index outside the arrays. A trial value is never written into the lattice. A refused
+/// flip or swap may write back the types it has read, so a site that another thread paints during the attempt
+/// may keep its former type.
 ///
 /// Everywhere: i is 0 to imax - 1 and j is 0 to jmax - 1, imax and jmax are 1 to kMaxSide, both directions
 /// wrap, and every site holds a pixel type 0 to kMaxPixelTypes - 1. Energies are in units of kT.

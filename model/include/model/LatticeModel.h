@@ -172,8 +172,8 @@ class LatticeModel : public ModelState {
   void runSweeps(std::int64_t count);
 
   /// One sweep: varImax * varJmax + 1 attempts at random sites, left early when the run state is not 2. Draws
-  /// for each attempt fRandInt(varImax), fRandInt(varJmax) and those of fModelCycle. What is changed meanwhile
-  /// takes effect as Sweeper says.
+  /// for each attempt fRandInt(varImax), fRandInt(varJmax) and those of fModelCycle. What is changed
+  /// meanwhile takes effect as Sweeper says.
   void sweep();
 
   /// Lets every trace decay by its type's persistence, adds 1 where a site holds the type, and finds the new

@@ -1,21 +1,12 @@
 #include "reference/System.h"
 
 #include "engine/f_ran0.h"
+#include "reference/Assign.h"
 #include "reference/LatticeFunctions.h"
 #include "reference/Ran0.h"
 
 namespace quorvane::reference {
 namespace {
-
-template <class To, class From>
-void assign(To& to, const From& from) {
-  to = from;
-}
-
-template <class To, class From, std::size_t N>
-void assign(To (&to)[N], const From (&from)[N]) {
-  for (std::size_t k = 0; k < N; ++k) assign(to[k], from[k]);
-}
 
 template <class Int, class Real>
 void enterRows(SystemOf<Int, Real>& system, int rule, int end) {

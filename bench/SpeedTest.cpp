@@ -1,0 +1,71 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <limits>
+#include <ostream>
+#include <string>
+
+#include "Goals.h"
+#include "WarmedUp.h"
+#include "engine/Sweeper.h"
+#include "engine/f_ran0.h"
+#include "reference/Lockstep.h"
+
+// An attempt must not become half as expensive again as it was when it was recorded, in draws. Ratios within
+// one run, of the shortest of many short times, so that a busy machine changes little.
+
+namespace quorvane {
+
+void PrintTo(const Goal& goal, std::ostream* out) { *out << goal.name; }
+
+namespace {
+
+constexpr int kRounds = 60;
+
+template <class Work>
+double nanoseconds(Work&& work) {
+  using Clock = std::chrono::steady_clock;
+  const auto start = Clock::now();
+  work();
+  return std::chrono::duration<double, std::nano>(Clock::now() - start).count();
+}
+
+void drawAsOftenAsASweepHasAttempts() {
+  for (int k = 0; k < kAttempts; ++k) {
+    // Neither left out nor computed ahead by the compiler.
+    volatile double kept = fRandReal();
+    static_cast<void>(kept);
+  }
+}
+
+class Attempts : public testing::TestWithParam<Goal> {};
+
+TEST_P(Attempts, CostAtMostHalfAsMuchAgainAsRecorded) {
+  const Goal& goal = GetParam();
+  const auto cases = reference::typicalCases();
+  const auto typical = std::ranges::find(cases, std::string(goal.name), &reference::Case::name);
+  ASSERT_NE(typical, cases.end());
+  const auto system = reference::toEngine(warmedUp(*typical));
+  Sweeper sweeper(reference::arraysOf(*system));
+  const Relaxed<std::int32_t> going = 1;
+  reference::restartSources();
+
+  double draws = std::numeric_limits<double>::infinity();
+  double attempts = draws;
+  for (int round = 0; round < kRounds; ++round) {
+    draws = std::min(draws, nanoseconds(drawAsOftenAsASweepHasAttempts));
+    attempts = std::min(attempts, nanoseconds([&] { sweeper.sweep(going, going); }));
+  }
+  const double ratio = attempts / draws;
+  RecordProperty("ratio", std::to_string(ratio));
+  std::printf("an attempt takes %.2f draws, recorded %.1f\n", ratio, goal.recorded);
+  EXPECT_LE(ratio, 1.5 * goal.recorded);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, Attempts, testing::ValuesIn(goals()),
+                         [](const auto& goal) { return std::string(goal.param.name); });
+
+}  // namespace
+}  // namespace quorvane

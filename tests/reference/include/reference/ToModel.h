@@ -1,0 +1,13 @@
+#pragma once
+
+#include <memory>
+
+#include "model/LatticeModel.h"
+#include "reference/System.h"
+
+namespace quorvane::reference {
+
+/// A model with the fields of a system, in the run state 2, with its traces at 0.
+std::unique_ptr<LatticeModel> toModel(const System& system);
+
+}  // namespace quorvane::reference
