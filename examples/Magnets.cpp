@@ -13,10 +13,10 @@ constexpr int kDown = 0, kUp = 1;
 /// coupling K = e / 4 of the Ising model.
 SystemBuilder magnet(double unlikeEnergy, int across, int upwards) {
   SystemBuilder system(2, across, upwards);
-  system.type(kDown, "Down", palette::kNavy);
-  system.type(kUp, "Up", palette::kYellow);
-  system.flipBothWays("Up and down flip", kDown, kUp, 1.0);
-  system.pairEnergy("Up and down repel", kDown, kUp, unlikeEnergy);
+  system.type(kDown, "Spin down", palette::kNavy);
+  system.type(kUp, "Spin up", palette::kYellow);
+  system.flipBothWays("Spins flip", kDown, kUp, 1.0);
+  system.pairEnergy("Unlike spins repel", kDown, kUp, unlikeEnergy);
   return system;
 }
 

@@ -70,7 +70,7 @@ SystemBuilder designForestFire() {
   SystemBuilder system(3, 256, 208);
   system.type(ash, "Ash", palette::kAsh);
   system.type(tree, "Tree", palette::kGreen);
-  system.type(fire, "Fire", palette::kYellow, 0.85);
+  system.type(fire, "Fire", palette::kYellow, 0.4);
   const int spread = system.flip("Fire spreads", tree, fire, 1.0);
   system.needs(spread, 1, fire);
   system.flip("Lightning", tree, fire, 0.00001);
