@@ -38,7 +38,7 @@ SystemBuilder designGrowthFromASeed() {
   Chance chance;
   system.fill([&](int i, int j) {
     const bool occupied = chance.oneIn(6);
-    const double fromSeed = distance(i, j, system.across() / 2, system.upwards() / 2);
+    const double fromSeed = distance(i, j, 64, 52);
     if (fromSeed < 0.5) return tip;
     return occupied && fromSeed > 2 ? wanderer : medium;
   });

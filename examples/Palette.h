@@ -2,7 +2,7 @@
 
 #include "SystemBuilder.h"
 
-/// Colours that stay apart for every kind of colour vision (Okabe and Ito, 2008), and dark grounds for them.
+/// Colours that stay apart for every kind of colour vision (Okabe and Ito), and dark grounds for them.
 namespace quorvane::palette {
 
 inline constexpr Color kNight{0.03, 0.05, 0.12};
