@@ -65,9 +65,8 @@ Layer layerOf(const LatticeModel& model, int type, int i, int j) {
           clamped(alpha)};
 }
 
-}  // namespace
-
-Image drawLattice(const LatticeModel& model, int scale) {
+/// The pixel types from one to before another.
+Image drawTypes(const LatticeModel& model, int from, int end, int scale) {
   const int imax = model.getIMax(), jmax = model.getJMax();
   const bool gridLines = scale > 8;
   const int inset = gridLines ? 2 : 0;
@@ -75,12 +74,42 @@ Image drawLattice(const LatticeModel& model, int scale) {
   FrameBuffer frame(imax * scale, jmax * scale);
   for (int i = 0; i < imax; ++i)
     for (int j = 0; j < jmax; ++j)
-      for (int type = 0; type < model.getNumPixelTypes(); ++type) {
+      for (int type = from; type < end; ++type) {
         const Layer layer = layerOf(model, type, i, j);
         // A layer that lets everything through leaves every pixel as it is.
         if (layer.alpha > 0.0F) frame.blendSquare(i * scale + inset, j * scale + inset, side, layer);
       }
   return frame.take();
+}
+
+/// Images of one height, from left to right.
+Image sideBySide(const std::vector<Image>& panels) {
+  Image all{-kPanelGap, panels.front().height, {}};
+  for (const Image& panel : panels) all.width += panel.width + kPanelGap;
+  for (int y = 0; y < all.height; ++y)
+    for (const Image& panel : panels) {
+      if (&panel != &panels.front()) all.rgb.insert(all.rgb.end(), 3 * kPanelGap, kPanelGapGrey);
+      const std::ptrdiff_t rowBytes = std::ptrdiff_t{3} * panel.width;
+      const auto row = panel.rgb.begin() + y * rowBytes;
+      all.rgb.insert(all.rgb.end(), row, row + rowBytes);
+    }
+  return all;
+}
+
+}  // namespace
+
+Image drawLattice(const LatticeModel& model, int scale) {
+  return drawTypes(model, 0, model.getNumPixelTypes(), scale);
+}
+
+Image drawTrace(const LatticeModel& model, int type, int scale) {
+  return drawTypes(model, type, type + 1, scale);
+}
+
+Image drawLatticeAndTraces(const LatticeModel& model, int scale) {
+  std::vector<Image> panels = {drawLattice(model, scale)};
+  for (int type = 0; type < model.getNumPixelTypes(); ++type) panels.push_back(drawTrace(model, type, scale));
+  return sideBySide(panels);
 }
 
 }  // namespace quorvane
