@@ -29,12 +29,12 @@ Recorder::Recorder(const LatticeModel& model, const BatchOptions& options)
 
 void Recorder::record(std::int64_t sweep) {
   if (frames_) frames_->add(pictureOf(model_, options_));
-  if (!table_) return;
-  table_->addRow(model_, sweep);
-  if (isStandardStream(*options_.populations)) streamRows();
+  if (table_) table_->addRow(model_, sweep);
+  keepUp();
 }
 
-void Recorder::streamRows() {
+void Recorder::keepUp() {
+  if (!table_ || !isStandardStream(*options_.populations) || table_->csv().empty()) return;
   // Soon enough for a person or a plot that follows, rare enough not to slow down small lattices.
   constexpr std::chrono::milliseconds interval{100};
   const auto now = std::chrono::steady_clock::now();

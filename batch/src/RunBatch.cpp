@@ -53,6 +53,7 @@ std::int64_t run(LatticeModel& model, const BatchOptions& options, Recorder& rec
     if (last) return done;
     progress.show(done);
     model.runSweeps(1);
+    recorder.keepUp();
   }
 }
 

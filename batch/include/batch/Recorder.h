@@ -14,20 +14,20 @@ namespace quorvane {
 std::string pictureOf(const LatticeModel& model, const BatchOptions& options);
 
 /// What is recorded of a run while it goes on: rows of populations and frames, both of the same sweeps.
-/// Frames are on the disk at once. Rows for standard output follow each other within a tenth of a second;
-/// those for a file are kept until it is written as a whole.
+/// Frames are on the disk at once. Rows for standard output wait a tenth of a second at most, those for a
+/// file until it is written as a whole.
 class Recorder {
  public:
   /// Makes the folder of the frames. Throws BatchFailure, as record does, where something cannot be written.
   Recorder(const LatticeModel& model, const BatchOptions& options);
 
   void record(std::int64_t sweep);
+  /// To be called after every sweep: shows the rows that have waited long enough.
+  void keepUp();
   /// Writes the rows that are left.
   void finish();
 
  private:
-  void streamRows();
-
   const LatticeModel& model_;
   const BatchOptions& options_;
   std::optional<FrameFolder> frames_;
