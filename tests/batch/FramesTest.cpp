@@ -37,11 +37,14 @@ TEST_F(Frames, OfAnotherRunAreLeftAlone) {
 }
 
 TEST_F(Frames, AreThePicturesAfterTheStartEveryKthAndTheLastSweep) {
-  ASSERT_EQ(runBatchProgram({kExample, "--sweeps", "10", "--frames", film_, "--every", "4", "--scale", "2"}).status, 0);
+  ASSERT_EQ(
+      runBatchProgram({kExample, "--sweeps", "10", "--frames", film_, "--every", "4", "--scale", "2"}).status,
+      0);
   const int sweeps[] = {0, 4, 8, 10};
   ASSERT_EQ(namesIn(film_).size(), std::size(sweeps));
   for (std::size_t n = 0; n < std::size(sweeps); ++n) {
-    ASSERT_EQ(runBatchProgram({kExample, "--sweeps", std::to_string(sweeps[n]), "--picture", picture_, "--scale", "2"})
+    ASSERT_EQ(runBatchProgram(
+                  {kExample, "--sweeps", std::to_string(sweeps[n]), "--picture", picture_, "--scale", "2"})
                   .status,
               0);
     EXPECT_EQ(contentOf(film_ / ("frame-00000" + std::to_string(n) + ".png")), contentOf(picture_));
@@ -51,8 +54,8 @@ TEST_F(Frames, AreThePicturesAfterTheStartEveryKthAndTheLastSweep) {
 TEST_F(Frames, AreOfTheSweepsOfTheRowsOfPopulations) {
   for (const char* every : {"1", "3", "7", "20"}) {
     const fs::path film = folder_ / every;
-    ASSERT_EQ(runBatchProgram({document_, "--sweeps", "7", "--every", every, "--frames", film, "--populations",
-                               populations_})
+    ASSERT_EQ(runBatchProgram({document_, "--sweeps", "7", "--every", every, "--frames", film,
+                               "--populations", populations_})
                   .status,
               0);
     EXPECT_EQ(namesIn(film).size(), rowsOf(contentOf(populations_)).size()) << every;
@@ -60,8 +63,8 @@ TEST_F(Frames, AreOfTheSweepsOfTheRowsOfPopulations) {
 }
 
 TEST_F(Frames, ShowTheTracesWhereThePictureDoes) {
-  ASSERT_EQ(runBatchProgram({kExample, "--sweeps", "3", "--every", "3", "--frames", film_, "--picture", picture_,
-                             "--trace", "--scale", "1"})
+  ASSERT_EQ(runBatchProgram({kExample, "--sweeps", "3", "--every", "3", "--frames", film_, "--picture",
+                             picture_, "--trace", "--scale", "1"})
                 .status,
             0);
   EXPECT_EQ(contentOf(film_ / "frame-000001.png"), contentOf(picture_));

@@ -32,9 +32,10 @@ Image literalBlend(const LatticeModel& model, int from, int end, int scale) {
       for (int i = std::max(0, x / scale - 1); i <= x / scale; ++i)
         for (int j = std::max(0, y / scale - 1); j <= y / scale; ++j)
           for (int t = from; t < end && covers(i, x, scale) && covers(j, y, scale); ++t) {
-            const double alpha =
-                limited(model.varMobileHistory[t][i][j] / model.varMobileHistoryMax[t] * model.getPixelAlpha(t));
-            const double colour[] = {model.getPixelColorR(t), model.getPixelColorG(t), model.getPixelColorB(t)};
+            const double alpha = limited(model.varMobileHistory[t][i][j] / model.varMobileHistoryMax[t] *
+                                         model.getPixelAlpha(t));
+            const double colour[] = {model.getPixelColorR(t), model.getPixelColorG(t),
+                                     model.getPixelColorB(t)};
             for (int c = 0; c < 3; ++c) pixel[c] = blended(pixel[c], colour[c], alpha);
           }
       for (const double component : pixel)

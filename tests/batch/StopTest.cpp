@@ -43,7 +43,8 @@ TEST_F(Stop, BySignalLeavesTheStateAfterTheLastWholeSweep) {
   for (const auto& [signal, status] : {std::pair(SIGINT, 130), {SIGTERM, 143}}) {
     fs::remove_all(film_);
     auto arguments = endlessRun();
-    for (const auto& more : {"--output", output_.c_str(), "--populations", populations_.c_str(), "--picture", picture_.c_str()})
+    for (const auto& more :
+         {"--output", output_.c_str(), "--populations", populations_.c_str(), "--picture", picture_.c_str()})
       arguments.emplace_back(more);
     BatchProcess process(arguments);
     ASSERT_TRUE(waitForFrame(3));
@@ -55,7 +56,10 @@ TEST_F(Stop, BySignalLeavesTheStateAfterTheLastWholeSweep) {
     ASSERT_GE(sweeps, 60) << finished.err;
 
     const std::string again = (folder_ / "again").string(), picture = (folder_ / "again.png").string();
-    ASSERT_EQ(runBatchProgram({kExample, "--sweeps", std::to_string(sweeps), "--output", again, "--picture", picture}).status, 0);
+    ASSERT_EQ(runBatchProgram(
+                  {kExample, "--sweeps", std::to_string(sweeps), "--output", again, "--picture", picture})
+                  .status,
+              0);
     EXPECT_EQ(contentOf(output_), contentOf(again));
     EXPECT_EQ(contentOf(picture_), contentOf(picture));
     const auto rows = rowsOf(contentOf(populations_));
@@ -91,7 +95,9 @@ class FullPipe {
 
 TEST_F(Stop, ASecondTimeEndsAtOnceAndWritesNothing) {
   const FullPipe pipe;
-  BatchProcess process({document_, "--sweeps", "9000000000000000000", "--populations", "-", "--output", output_}, "", pipe.end());
+  BatchProcess process(
+      {document_, "--sweeps", "9000000000000000000", "--populations", "-", "--output", output_}, "",
+      pipe.end());
   // Whoever writes on now hangs.
   ASSERT_TRUE(waitUntil([&] { return pipe.isFull(); }));
   process.signal(SIGINT);

@@ -13,8 +13,7 @@ using testing::StartsWith;
 class Streams : public Runner {};
 
 TEST_F(Streams, GiveTheDocumentAndTakeIt) {
-  const Finished finished =
-      runBatchProgram({"-", "--sweeps", "0", "--output", "-"}, joined(sampleLines()));
+  const Finished finished = runBatchProgram({"-", "--sweeps", "0", "--output", "-"}, joined(sampleLines()));
   EXPECT_EQ(finished.status, 0);
   EXPECT_EQ(finished.out, joined(sampleLines()));
   EXPECT_THAT(finished.err, IsEmpty());
@@ -22,7 +21,8 @@ TEST_F(Streams, GiveTheDocumentAndTakeIt) {
 
 TEST_F(Streams, CarryTheSameBytesAsFiles) {
   const std::string document = contentOf(kExample);
-  for (const auto& [option, file] : {std::pair("--output", output_), {"--populations", populations_}, {"--picture", picture_}}) {
+  for (const auto& [option, file] :
+       {std::pair("--output", output_), {"--populations", populations_}, {"--picture", picture_}}) {
     ASSERT_EQ(runBatchProgram({kExample, "--sweeps", "6", option, file}).status, 0);
     const Finished finished = runBatchProgram({"-", "--sweeps", "6", option, "-"}, document);
     EXPECT_EQ(finished.status, 0);
@@ -42,8 +42,8 @@ TEST_F(Streams, MayBeMixedWithFiles) {
 TEST_F(Streams, ShowRowsWhileTheRunGoesOn) {
   int ends[2];
   ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
-  BatchProcess process({document_, "--sweeps", "9000000000000000000", "--every", "1000", "--populations", "-"}, "",
-                       ends[1]);
+  BatchProcess process(
+      {document_, "--sweeps", "9000000000000000000", "--every", "1000", "--populations", "-"}, "", ends[1]);
   ::close(ends[1]);
   std::string rows;
   char block[4096];

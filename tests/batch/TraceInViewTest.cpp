@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "LiteralBlend.h"
 #include "Lattices.h"
+#include "LiteralBlend.h"
 
 namespace quorvane {
 namespace {
