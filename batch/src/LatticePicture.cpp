@@ -88,7 +88,7 @@ Image sideBySide(const std::vector<Image>& panels) {
   for (const Image& panel : panels) all.width += panel.width + kPanelGap;
   for (int y = 0; y < all.height; ++y)
     for (const Image& panel : panels) {
-      if (&panel != &panels.front()) all.rgb.insert(all.rgb.end(), 3 * kPanelGap, kPanelGapGrey);
+      if (&panel != &panels.front()) all.rgb.insert(all.rgb.end(), std::size_t{3} * kPanelGap, kPanelGapGrey);
       const std::ptrdiff_t rowBytes = std::ptrdiff_t{3} * panel.width;
       const auto row = panel.rgb.begin() + y * rowBytes;
       all.rgb.insert(all.rgb.end(), row, row + rowBytes);
