@@ -82,18 +82,12 @@ Image drawTypes(const LatticeModel& model, int from, int end, int scale) {
   return frame.take();
 }
 
-/// Images of one height, from left to right.
-Image sideBySide(const std::vector<Image>& panels) {
-  Image all{-kPanelGap, panels.front().height, {}};
-  for (const Image& panel : panels) all.width += panel.width + kPanelGap;
-  for (int y = 0; y < all.height; ++y)
-    for (const Image& panel : panels) {
-      if (&panel != &panels.front()) all.rgb.insert(all.rgb.end(), std::size_t{3} * kPanelGap, kPanelGapGrey);
-      const std::ptrdiff_t rowBytes = std::ptrdiff_t{3} * panel.width;
-      const auto row = panel.rgb.begin() + y * rowBytes;
-      all.rgb.insert(all.rgb.end(), row, row + rowBytes);
-    }
-  return all;
+/// Copies an image of the same height into another, from the column x onwards.
+void paste(const Image& panel, int x, Image& all) {
+  const std::ptrdiff_t panelRow = std::ptrdiff_t{3} * panel.width, row = std::ptrdiff_t{3} * all.width;
+  for (int y = 0; y < panel.height; ++y)
+    std::copy_n(panel.rgb.begin() + y * panelRow, panelRow,
+                all.rgb.begin() + y * row + std::ptrdiff_t{3} * x);
 }
 
 }  // namespace
@@ -107,9 +101,15 @@ Image drawTrace(const LatticeModel& model, int type, int scale) {
 }
 
 Image drawLatticeAndTraces(const LatticeModel& model, int scale) {
-  std::vector<Image> panels = {drawLattice(model, scale)};
-  for (int type = 0; type < model.getNumPixelTypes(); ++type) panels.push_back(drawTrace(model, type, scale));
-  return sideBySide(panels);
+  const int numTypes = model.getNumPixelTypes();
+  const Image lattice = drawLattice(model, scale);
+  const int step = lattice.width + kPanelGap;
+  Image all{lattice.width + numTypes * step, lattice.height, {}};
+  all.rgb.assign(static_cast<std::size_t>(all.width) * static_cast<std::size_t>(all.height) * 3,
+                 kPanelGapGrey);
+  paste(lattice, 0, all);
+  for (int type = 0; type < numTypes; ++type) paste(drawTrace(model, type, scale), (type + 1) * step, all);
+  return all;
 }
 
 }  // namespace quorvane
