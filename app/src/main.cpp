@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QIcon>
 #include <QSurfaceFormat>
 
 #ifdef __GLIBC__
@@ -29,6 +30,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   QApplication::setApplicationName("Quorvane");
   QApplication::setDesktopFileName("quorvane");
+  QApplication::setWindowIcon(QIcon(":/quorvane-128.png"));
   if (!GraphicalLatticeModelGL::canDraw()) {
     qCritical("Quorvane needs desktop OpenGL 2.1 or later, which this machine does not offer");
     return 1;

@@ -65,9 +65,8 @@ Layer layerOf(const LatticeModel& model, int type, int i, int j) {
           clamped(alpha)};
 }
 
-}  // namespace
-
-Image drawLattice(const LatticeModel& model, int scale) {
+/// The pixel types from one to before another.
+Image drawTypes(const LatticeModel& model, int from, int end, int scale) {
   const int imax = model.getIMax(), jmax = model.getJMax();
   const bool gridLines = scale > 8;
   const int inset = gridLines ? 2 : 0;
@@ -75,12 +74,42 @@ Image drawLattice(const LatticeModel& model, int scale) {
   FrameBuffer frame(imax * scale, jmax * scale);
   for (int i = 0; i < imax; ++i)
     for (int j = 0; j < jmax; ++j)
-      for (int type = 0; type < model.getNumPixelTypes(); ++type) {
+      for (int type = from; type < end; ++type) {
         const Layer layer = layerOf(model, type, i, j);
         // A layer that lets everything through leaves every pixel as it is.
         if (layer.alpha > 0.0F) frame.blendSquare(i * scale + inset, j * scale + inset, side, layer);
       }
   return frame.take();
+}
+
+/// Copies an image of the same height into another, from the column x onwards.
+void paste(const Image& panel, int x, Image& all) {
+  const std::ptrdiff_t panelRow = std::ptrdiff_t{3} * panel.width, row = std::ptrdiff_t{3} * all.width;
+  for (int y = 0; y < panel.height; ++y)
+    std::copy_n(panel.rgb.begin() + y * panelRow, panelRow,
+                all.rgb.begin() + y * row + std::ptrdiff_t{3} * x);
+}
+
+}  // namespace
+
+Image drawLattice(const LatticeModel& model, int scale) {
+  return drawTypes(model, 0, model.getNumPixelTypes(), scale);
+}
+
+Image drawTrace(const LatticeModel& model, int type, int scale) {
+  return drawTypes(model, type, type + 1, scale);
+}
+
+Image drawLatticeAndTraces(const LatticeModel& model, int scale) {
+  const int numTypes = model.getNumPixelTypes();
+  const Image lattice = drawLattice(model, scale);
+  const int step = lattice.width + kPanelGap;
+  Image all{lattice.width + numTypes * step, lattice.height, {}};
+  all.rgb.assign(static_cast<std::size_t>(all.width) * static_cast<std::size_t>(all.height) * 3,
+                 kPanelGapGrey);
+  paste(lattice, 0, all);
+  for (int type = 0; type < numTypes; ++type) paste(drawTrace(model, type, scale), (type + 1) * step, all);
+  return all;
 }
 
 }  // namespace quorvane

@@ -6,7 +6,9 @@
 
 namespace quorvane {
 
-Progress::Progress(std::int64_t total) : total_(total), onTerminal_(::isatty(STDERR_FILENO) == 1) {}
+Progress::Progress(std::int64_t total, bool resultsOnOutput)
+    : total_(total),
+      onTerminal_(::isatty(STDERR_FILENO) == 1 && !(resultsOnOutput && ::isatty(STDOUT_FILENO) == 1)) {}
 
 Progress::~Progress() {
   constexpr const char* eraseLine = "\r\033[K";

@@ -1,69 +1,82 @@
 #include "batch/RunBatch.h"
 
+#include <algorithm>
+#include <array>
 #include <memory>
 #include <optional>
 #include <ostream>
-#include <stdexcept>
 #include <string>
 
-#include "batch/LatticePicture.h"
-#include "batch/Png.h"
-#include "batch/PopulationTable.h"
 #include "batch/Progress.h"
-#include "document/AtomicFile.h"
+#include "batch/Recorder.h"
+#include "batch/StopSignals.h"
+#include "batch/Streams.h"
 #include "document/ModelDocument.h"
 
 namespace quorvane {
 namespace {
 
-class BatchFailure : public std::runtime_error {
- public:
-  BatchFailure(const std::filesystem::path& file, const std::string& why)
-      : std::runtime_error(file.string() + ": " + why) {}
-};
-
 std::unique_ptr<LatticeModel> openModel(const std::filesystem::path& document) {
   auto model = std::make_unique<LatticeModel>();
   model->awakeFromNib();
-  const OpenResult result = openDocument(*model, document);
+  const bool fromInput = isStandardStream(document);
+  const OpenResult result =
+      fromInput ? readDocument(*model, readStandardInput()) : openDocument(*model, document);
+  const std::string name = fromInput ? "standard input" : document.string();
   if (result.status == OpenStatus::kUnreadable)
-    throw BatchFailure(document, "cannot be read, or is not plain ASCII text");
-  if (result.status != OpenStatus::kOpened) throw BatchFailure(document, result.message);
+    throw BatchFailure(name, "cannot be read, or is not plain ASCII text");
+  if (result.status != OpenStatus::kOpened) throw BatchFailure(name, result.message);
   return model;
 }
 
-void checkOutputs(const BatchOptions& options) {
-  for (const auto& file : {options.output, options.populations, options.picture})
-    if (file)
-      if (const auto error = checkFileCanBeWritten(*file)) throw BatchFailure(*file, error.message());
+std::array<std::optional<std::filesystem::path>, 3> targetsOf(const BatchOptions& options) {
+  return {options.output, options.populations, options.picture};
 }
 
-std::optional<PopulationTable> run(LatticeModel& model, const BatchOptions& options) {
-  std::optional<PopulationTable> table;
-  if (options.populations) table.emplace(model);
-  Progress progress(options.sweeps);
+void checkOutputs(const BatchOptions& options) {
+  for (const auto& target : targetsOf(options))
+    if (target) checkOutput(*target);
+}
+
+bool writesToStandardOutput(const BatchOptions& options) {
+  const auto targets = targetsOf(options);
+  return std::any_of(targets.begin(), targets.end(),
+                     [](const auto& target) { return target && isStandardStream(*target); });
+}
+
+/// Makes the sweeps, or fewer where a signal asks for it. The number of sweeps made.
+std::int64_t run(LatticeModel& model, const BatchOptions& options, Recorder& recorder) {
+  Progress progress(options.sweeps, writesToStandardOutput(options));
   for (std::int64_t done = 0;; ++done) {
-    const bool last = done == options.sweeps;
-    if (table && (last || done % options.every == 0)) table->addRow(model, done);
-    if (last) return table;
+    const bool last = done == options.sweeps || stopSignal() != 0;
+    if (last || done % options.every == 0) recorder.record(done);
+    if (last) return done;
     progress.show(done);
     model.runSweeps(1);
+    recorder.keepUp();
   }
 }
 
-void write(const std::filesystem::path& file, std::string_view content) {
-  if (const auto error = writeFileAtomically(file, content)) throw BatchFailure(file, error.message());
+void writeResults(const LatticeModel& model, const BatchOptions& options, Recorder& recorder) {
+  // Made first: nothing is written unless everything could be computed.
+  const std::string document = options.output ? writeDocument(model) : std::string();
+  const std::string picture = options.picture ? pictureOf(model, options) : std::string();
+  if (options.output) writeOutput(*options.output, document);
+  recorder.finish();
+  if (options.picture) writeOutput(*options.picture, picture);
 }
 
-void writeResults(const LatticeModel& model, const BatchOptions& options,
-                  const std::optional<PopulationTable>& table) {
-  // Made first: nothing is written unless everything could be computed.
-  const std::string picture = options.picture ? encodePng(drawLattice(model, options.scale)) : std::string();
-  if (options.output)
-    if (const SaveResult result = saveDocument(model, *options.output); !result.saved)
-      throw BatchFailure(*options.output, result.reason);
-  if (table) write(*options.populations, table->csv());
-  if (options.picture) write(*options.picture, picture);
+ExitStatus openAndRun(const BatchOptions& options, std::ostream& err) {
+  const auto model = openModel(options.document);
+  watchStopSignals();
+  checkOutputs(options);
+  Recorder recorder(*model, options);
+  const std::int64_t done = run(*model, options, recorder);
+  const int signal = stopSignal();
+  writeResults(*model, options, recorder);
+  if (done == options.sweeps) return kExitDone;
+  err << "quorvane-batch: stopped after " << done << " of " << options.sweeps << " sweeps\n";
+  return signal == SIGTERM ? kExitTerminated : kExitInterrupted;
 }
 
 }  // namespace
@@ -71,10 +84,7 @@ void writeResults(const LatticeModel& model, const BatchOptions& options,
 ExitStatus runBatch(const BatchOptions& options, std::ostream& err) {
   constexpr const char* program = "quorvane-batch: ";
   try {
-    const auto model = openModel(options.document);
-    checkOutputs(options);
-    writeResults(*model, options, run(*model, options));
-    return kExitDone;
+    return openAndRun(options, err);
   } catch (const BatchFailure& failure) {
     err << program << failure.what() << '\n';
   } catch (const std::exception& error) {

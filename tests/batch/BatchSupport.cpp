@@ -6,9 +6,13 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
+#include <csignal>
+#include <fstream>
+#include <sstream>
 #include <stdexcept>
-
-#include "DocumentSupport.h"
+#include <thread>
+#include <utility>
 
 namespace quorvane {
 namespace {
@@ -30,25 +34,42 @@ int waitFor(pid_t process) {
   return WEXITSTATUS(status);
 }
 
-void redirect(int stream, const std::filesystem::path& file) {
+void redirectToFile(int stream, const std::filesystem::path& file) {
   const int fd = ::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
   ::dup2(fd, stream);
 }
 
 }  // namespace
 
-Finished runBatchProgram(const std::vector<std::string>& arguments) {
-  const TemporaryFolder folder;
-  const auto out = folder / "out", err = folder / "err";
-  const pid_t process = ::fork();
-  if (process < 0) throw std::runtime_error("no process");
-  if (process == 0) {
-    redirect(STDOUT_FILENO, out);
-    redirect(STDERR_FILENO, err);
-    becomeBatchProgram(arguments);
-  }
-  const int status = waitFor(process);
-  return {status, contentOf(out), contentOf(err)};
+BatchProcess::BatchProcess(const std::vector<std::string>& arguments, const std::string& input, int output) {
+  std::ofstream(folder_ / "in", std::ios::binary) << input;
+  process_ = ::fork();
+  if (process_ < 0) throw std::runtime_error("no process");
+  if (process_ > 0) return;
+  ::dup2(::open((folder_ / "in").c_str(), O_RDONLY), STDIN_FILENO);
+  redirectToFile(STDERR_FILENO, folder_ / "err");
+  if (output >= 0)
+    ::dup2(output, STDOUT_FILENO);
+  else
+    redirectToFile(STDOUT_FILENO, folder_ / "out");
+  becomeBatchProgram(arguments);
+}
+
+BatchProcess::~BatchProcess() {
+  if (process_ < 0) return;
+  ::kill(process_, SIGKILL);
+  waitFor(process_);
+}
+
+void BatchProcess::signal(int number) const { ::kill(process_, number); }
+
+Finished BatchProcess::wait() {
+  const int status = waitFor(std::exchange(process_, -1));
+  return {status, contentOf(folder_ / "out"), contentOf(folder_ / "err")};
+}
+
+Finished runBatchProgram(const std::vector<std::string>& arguments, const std::string& input) {
+  return BatchProcess(arguments, input).wait();
 }
 
 Finished runBatchProgramOnTerminal(const std::vector<std::string>& arguments) {
@@ -63,6 +84,15 @@ Finished runBatchProgramOnTerminal(const std::vector<std::string>& arguments) {
   finished.status = waitFor(process);
   ::close(terminal);
   return finished;
+}
+
+bool waitUntil(const std::function<bool()>& condition) {
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() > deadline) return false;
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+  return true;
 }
 
 Image readPng(const std::filesystem::path& file) {
@@ -80,6 +110,20 @@ Image readPng(const std::filesystem::path& file) {
 std::vector<int> pixelAt(const Image& image, int x, int y) {
   const auto* pixel = image.rgb.data() + 3 * (y * image.width + x);
   return {pixel[0], pixel[1], pixel[2]};
+}
+
+std::vector<std::vector<long>> rowsOf(const std::string& csv) {
+  std::vector<std::vector<long>> rows;
+  std::istringstream lines(csv);
+  std::string line;
+  std::getline(lines, line);
+  while (std::getline(lines, line)) {
+    std::istringstream cells(line);
+    std::string cell;
+    auto& row = rows.emplace_back();
+    while (std::getline(cells, cell, ',')) row.push_back(std::stol(cell));
+  }
+  return rows;
 }
 
 }  // namespace quorvane

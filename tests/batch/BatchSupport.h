@@ -1,9 +1,13 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <vector>
 
+#include "DocumentSupport.h"
 #include "batch/LatticePicture.h"
 
 namespace quorvane {
@@ -15,11 +19,37 @@ struct Finished {
   std::string err;
 };
 
-/// Runs quorvane-batch with the arguments, standard output and error in pipes.
-Finished runBatchProgram(const std::vector<std::string>& arguments);
+/// quorvane-batch with arguments while it runs. Standard output and error are files; standard input is one
+/// that holds the given bytes.
+class BatchProcess {
+ public:
+  /// output: the descriptor to take as standard output instead of a file.
+  explicit BatchProcess(const std::vector<std::string>& arguments, const std::string& input = {},
+                        int output = -1);
+  /// Ends a process that nobody waited for.
+  ~BatchProcess();
+  BatchProcess(const BatchProcess&) = delete;
+  BatchProcess& operator=(const BatchProcess&) = delete;
+
+  void signal(int number) const;
+  Finished wait();
+
+ private:
+  TemporaryFolder folder_;
+  pid_t process_ = -1;
+};
+
+/// Runs quorvane-batch until it ends.
+Finished runBatchProgram(const std::vector<std::string>& arguments, const std::string& input = {});
 
 /// Runs quorvane-batch with everything on a terminal; out is what the terminal received.
 Finished runBatchProgramOnTerminal(const std::vector<std::string>& arguments);
+
+/// The rows of a CSV of populations behind its first line.
+std::vector<std::vector<long>> rowsOf(const std::string& csv);
+
+/// Waits until the condition holds; false if that takes longer than half a minute.
+bool waitUntil(const std::function<bool()>& condition);
 
 /// An 8-bit RGB image read back from a PNG file.
 Image readPng(const std::filesystem::path& file);

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "BatchSupport.h"
 #include "DocumentSupport.h"
 #include "batch/CommandLine.h"
@@ -10,6 +12,7 @@ namespace {
 
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::MatchesRegex;
 using Arguments = std::vector<std::string>;
 
 BatchOptions parsed(const Arguments& arguments) {
@@ -24,14 +27,15 @@ TEST(CommandLine, NeedsOnlyADocumentAndANumberOfSweeps) {
   const BatchOptions options = parsed({"in.quorvane", "--sweeps", "10"});
   EXPECT_EQ(options.document, "in.quorvane");
   EXPECT_EQ(options.sweeps, 10);
-  EXPECT_FALSE(options.output || options.populations || options.picture);
+  EXPECT_FALSE(options.output || options.populations || options.picture || options.frames || options.trace);
   EXPECT_EQ(options.every, 1);
   EXPECT_EQ(options.scale, 4);
 }
 
 TEST(CommandLine, TakesEveryOption) {
-  const BatchOptions options = parsed({"--sweeps", "9000000000000", "--output", "out", "--populations", "csv",
-                                       "--every", "7000000000", "--picture", "png", "--scale", "32", "in"});
+  const BatchOptions options =
+      parsed({"--sweeps", "9000000000000", "--output", "out", "--populations", "csv", "--every", "7000000000",
+              "--picture", "png", "--scale", "32", "--frames", "folder", "--trace", "in"});
   EXPECT_EQ(options.document, "in");
   EXPECT_EQ(options.sweeps, 9000000000000);
   EXPECT_EQ(options.output, "out");
@@ -39,6 +43,14 @@ TEST(CommandLine, TakesEveryOption) {
   EXPECT_EQ(options.every, 7000000000);
   EXPECT_EQ(options.picture, "png");
   EXPECT_EQ(options.scale, 32);
+  EXPECT_EQ(options.frames, "folder");
+  EXPECT_TRUE(options.trace);
+}
+
+TEST(CommandLine, TakesAHyphenForStandardInputAndOutput) {
+  const BatchOptions options = parsed({"-", "--sweeps", "0", "--output", "-"});
+  EXPECT_EQ(options.document, "-");
+  EXPECT_EQ(options.output, "-");
 }
 
 TEST(CommandLine, MayWriteTheDocumentInPlace) {
@@ -51,30 +63,56 @@ TEST_P(WrongUsage, ExitsWithTwoAndSaysWhy) {
   const Finished finished = runBatchProgram(GetParam());
   EXPECT_EQ(finished.status, 2);
   EXPECT_THAT(finished.out, IsEmpty());
-  EXPECT_FALSE(finished.err.empty());
+  EXPECT_THAT(finished.err, MatchesRegex("quorvane-batch: [^\n]+ \\(--help tells more\\)\n"));
 }
 
 INSTANTIATE_TEST_SUITE_P(
     CommandLine, WrongUsage,
-    testing::Values(Arguments{}, Arguments{"in"}, Arguments{"--sweeps", "3"}, Arguments{"in", "--sweeps"},
-                    Arguments{"in", "--sweeps", "-1"}, Arguments{"in", "--sweeps", "many"},
-                    Arguments{"in", "--sweeps", "1.5"}, Arguments{"in", "--sweeps", "0x10"},
-                    Arguments{"in", "--sweeps", "5 "}, Arguments{"in", "--sweeps", "99999999999999999999"},
-                    Arguments{"in", "--sweeps", "1", "--every", "0"},
-                    Arguments{"in", "--sweeps", "1", "--every", "-2"},
-                    Arguments{"in", "--sweeps", "1", "--scale", "0"},
-                    Arguments{"in", "--sweeps", "1", "--scale", "33"},
-                    Arguments{"in", "--sweeps", "1", "--picture"},
-                    Arguments{"in", "--sweeps", "1", "--unknown"}, Arguments{"in", "in", "--sweeps", "1"},
-                    Arguments{"in", "--sweeps", "1", "--output", "a", "--picture", "./b/../a"}));
+    testing::Values(
+        Arguments{}, Arguments{"in"}, Arguments{"--sweeps", "3"}, Arguments{"in", "--sweeps"},
+        Arguments{"in", "--sweeps", "-1"}, Arguments{"in", "--sweeps", "many"},
+        Arguments{"in", "--sweeps", "1.5"}, Arguments{"in", "--sweeps", "0x10"},
+        Arguments{"in", "--sweeps", "5 "}, Arguments{"in", "--sweeps", "99999999999999999999"},
+        Arguments{"in", "--sweeps", "1", "--every", "0"}, Arguments{"in", "--sweeps", "1", "--every", "-2"},
+        Arguments{"in", "--sweeps", "1", "--scale", "0"}, Arguments{"in", "--sweeps", "1", "--scale", "33"},
+        Arguments{"in", "--sweeps", "1", "--picture"}, Arguments{"in", "--sweeps", "1", "--unknown"},
+        Arguments{"in", "in", "--sweeps", "1"},
+        Arguments{"in", "--sweeps", "1", "--output", "a", "--picture", "./b/../a"},
+        Arguments{"in", "--sweeps", "1", "--output", "a", "--frames", "a/"},
+        Arguments{"in", "--sweeps", "1", "--frames"}, Arguments{"in", "--sweeps", "1", "--frames", "-"},
+        Arguments{"in", "--sweeps", "1", "--trace"},
+        Arguments{"in", "--sweeps", "1", "--populations", "a", "--trace"},
+        Arguments{"in", "--sweeps", "1", "--output", "-", "--populations", "-"},
+        Arguments{"in", "--sweeps", "1", "--picture", "-", "--populations", "-"},
+        Arguments{"in", "--sweeps", "1", "--output", "-", "--picture", "/dev/stdout"}));
+
+TEST(CommandLine, SaysWhatIsWrong) {
+  const auto errorOf = [](const Arguments& arguments) { return runBatchProgram(arguments).err; };
+  EXPECT_THAT(errorOf({"in", "--sweeps", "1", "--output", "-", "--picture", "-"}),
+              HasSubstr("standard output (-): is asked for twice"));
+  EXPECT_THAT(errorOf({"in", "--sweeps", "1", "--trace"}), HasSubstr("--trace: needs --picture or --frames"));
+  EXPECT_THAT(errorOf({"in", "--sweeps", "x"}),
+              HasSubstr("--sweeps: x is not a whole number from 0 upwards"));
+}
+
+TEST(CommandLine, TellsItsVersion) {
+  const Finished finished = runBatchProgram({"--version"});
+  EXPECT_EQ(finished.status, 0);
+  EXPECT_EQ(finished.out, "quorvane-batch " QUORVANE_VERSION "\n");
+}
 
 TEST(CommandLine, HelpNamesEveryOptionAndExitsWithZero) {
   const Finished finished = runBatchProgram({"--help"});
   EXPECT_EQ(finished.status, 0);
   EXPECT_THAT(finished.err, IsEmpty());
-  for (const char* option :
-       {"DOCUMENT", "--sweeps", "--output", "--populations", "--every", "--picture", "--scale"})
+  for (const char* option : {"DOCUMENT", "--sweeps", "--output", "--populations", "--every", "--picture",
+                             "--frames", "--scale", "--trace", "--version", "Exit status:", "Examples:"})
     EXPECT_THAT(finished.out, HasSubstr(option));
+}
+
+TEST(CommandLine, HelpFitsATerminal) {
+  std::istringstream lines(runBatchProgram({"--help"}).out);
+  for (std::string line; std::getline(lines, line);) EXPECT_LE(line.size(), 84u) << line;
 }
 
 }  // namespace

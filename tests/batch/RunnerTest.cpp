@@ -1,12 +1,6 @@
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "RunnerTest.h"
 
-#include <fstream>
 #include <numeric>
-#include <sstream>
-
-#include "BatchSupport.h"
-#include "DocumentSupport.h"
 
 namespace quorvane {
 namespace {
@@ -15,44 +9,6 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-
-const fs::path kExample = fs::path(QUORVANE_EXAMPLES) / "growth-from-a-seed.quorvane";
-
-/// A folder with the sample document in it.
-class Runner : public testing::Test {
- protected:
-  Runner() { put(document_, joined(sampleLines())); }
-
-  static void put(const fs::path& file, const std::string& content) {
-    std::ofstream(file, std::ios::binary) << content;
-  }
-  void expectFailure(const std::vector<std::string>& arguments, const std::string& line) const {
-    const Finished finished = runBatchProgram(arguments);
-    EXPECT_EQ(finished.status, 1);
-    EXPECT_THAT(finished.out, IsEmpty());
-    EXPECT_EQ(finished.err, "quorvane-batch: " + line + "\n");
-  }
-
-  TemporaryFolder folder_;
-  const std::string document_ = (folder_ / "in.quorvane").string();
-  const std::string output_ = (folder_ / "out.quorvane").string();
-  const std::string populations_ = (folder_ / "out.csv").string();
-  const std::string picture_ = (folder_ / "out.png").string();
-};
-
-std::vector<std::vector<long>> rowsOf(const std::string& csv) {
-  std::vector<std::vector<long>> rows;
-  std::istringstream lines(csv);
-  std::string line;
-  std::getline(lines, line);
-  while (std::getline(lines, line)) {
-    std::istringstream cells(line);
-    std::string cell;
-    auto& row = rows.emplace_back();
-    while (std::getline(cells, cell, ',')) row.push_back(std::stol(cell));
-  }
-  return rows;
-}
 
 TEST_F(Runner, SaysNothingAndWritesNothingUnlessAsked) {
   const Finished finished = runBatchProgram({document_, "--sweeps", "5"});

@@ -10,25 +10,30 @@ namespace quorvane {
 /// Exit statuses of quorvane-batch.
 enum ExitStatus : int {
   kExitDone = 0,
-  kExitFailed = 1,  ///< the run or a file failed
-  kExitUsage = 2,   ///< the command line is wrong
+  kExitFailed = 1,         ///< the run or a file failed
+  kExitUsage = 2,          ///< the command line is wrong
+  kExitInterrupted = 130,  ///< stopped by SIGINT; what was asked for is written
+  kExitTerminated = 143,   ///< stopped by SIGTERM; what was asked for is written
 };
 
-/// What the user asked for.
+/// What the user asked for. A path "-" is standard input or output; at most one result goes there.
 struct BatchOptions {
   std::filesystem::path document;
   std::int64_t sweeps = 0;                           ///< 0 or more
   std::optional<std::filesystem::path> output;       ///< the document after the run
   std::optional<std::filesystem::path> populations;  ///< sites per type as CSV
-  std::int64_t every = 1;                            ///< sweeps between rows of the CSV, 1 or more
+  std::optional<std::filesystem::path> frames;       ///< the folder of numbered PNGs, never "-"
+  std::int64_t every = 1;                            ///< sweeps between rows and between frames, 1 or more
   std::optional<std::filesystem::path> picture;      ///< the lattice after the run as PNG
-  int scale = 4;                                     ///< pixels a site in the picture, 1 to kMaxScale
+  int scale = 4;                                     ///< pixels a site in pictures, 1 to kMaxScale
+  bool trace = false;                                ///< pictures show each type's trace beside the lattice
 };
 
 inline constexpr int kMaxScale = 32;
 
 /// The options of a command line, or the status to exit with if there is nothing to run: kExitDone after
-/// --help, else kExitUsage. Writes help to standard output and what is wrong to standard error.
+/// --help and --version, else kExitUsage. Writes these to standard output, and what is wrong as one line to
+/// standard error.
 std::variant<BatchOptions, ExitStatus> parseCommandLine(int argc, const char* const* argv);
 
 }  // namespace quorvane

@@ -23,4 +23,14 @@ struct Image {
 /// sites to the right and above, which are drawn later. scale: 1 or more.
 Image drawLattice(const LatticeModel& model, int scale);
 
+/// The same of one pixel type: what the view shows where every other type has the transparency 0.
+Image drawTrace(const LatticeModel& model, int type, int scale);
+
+/// The lattice and to its right the trace of each pixel type, in order.
+Image drawLatticeAndTraces(const LatticeModel& model, int scale);
+
+/// Columns between the panels of drawLatticeAndTraces, and the value of all their components.
+inline constexpr int kPanelGap = 4;
+inline constexpr std::uint8_t kPanelGapGrey = 128;
+
 }  // namespace quorvane

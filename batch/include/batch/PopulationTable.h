@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 
 #include "model/LatticeModel.h"
 
@@ -14,7 +15,9 @@ class PopulationTable {
   explicit PopulationTable(const LatticeModel& model);
 
   void addRow(const LatticeModel& model, std::int64_t sweep);
+  /// What was added since the last take, whole rows.
   const std::string& csv() const { return csv_; }
+  std::string take() { return std::exchange(csv_, {}); }
 
  private:
   std::string csv_;

@@ -6,10 +6,11 @@
 namespace quorvane {
 
 /// Tells a terminal's standard error how far a run is, about three times a second; says nothing to anything
-/// that is no terminal.
+/// that is no terminal, and nothing to one that shows results.
 class Progress {
  public:
-  explicit Progress(std::int64_t total);
+  /// resultsOnOutput: standard output carries results.
+  Progress(std::int64_t total, bool resultsOnOutput);
   /// Leaves an empty line for what comes next.
   ~Progress();
   Progress(const Progress&) = delete;

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <csignal>
+
+/// How a run is stopped from outside, by Ctrl-C (SIGINT) or SIGTERM. State of the whole process.
+namespace quorvane {
+
+/// From now on the first of these signals only asks the run to stop, and the second ends the process at once
+/// with status 128 + signal. A reader of standard output that goes away ends it no more (no SIGPIPE): the
+/// next write fails instead.
+void watchStopSignals();
+
+/// The signal that asked the run to stop, 0 while none has.
+int stopSignal();
+
+/// Lets signals wait while it lives, so that a process that they end leaves no temporary file behind. For
+/// short work on files only: nothing but SIGKILL ends a process that hangs meanwhile.
+class SignalsHeld {
+ public:
+  SignalsHeld();
+  ~SignalsHeld();
+  SignalsHeld(const SignalsHeld&) = delete;
+  SignalsHeld& operator=(const SignalsHeld&) = delete;
+
+ private:
+  sigset_t before_ = {};
+};
+
+}  // namespace quorvane

@@ -1,0 +1,50 @@
+#include "batch/Recorder.h"
+
+#include <string>
+
+#include "batch/LatticePicture.h"
+#include "batch/Png.h"
+#include "batch/Streams.h"
+
+namespace quorvane {
+namespace {
+
+/// Sweep 0, every whole multiple and, if it is none, the last sweep.
+std::int64_t lastRecord(const BatchOptions& options) {
+  return options.sweeps / options.every + (options.sweeps % options.every == 0 ? 0 : 1);
+}
+
+}  // namespace
+
+std::string pictureOf(const LatticeModel& model, const BatchOptions& options) {
+  return encodePng(options.trace ? drawLatticeAndTraces(model, options.scale)
+                                 : drawLattice(model, options.scale));
+}
+
+Recorder::Recorder(const LatticeModel& model, const BatchOptions& options)
+    : model_(model), options_(options) {
+  if (options.frames) frames_.emplace(*options.frames, lastRecord(options));
+  if (options.populations) table_.emplace(model);
+}
+
+void Recorder::record(std::int64_t sweep) {
+  if (frames_) frames_->add(pictureOf(model_, options_));
+  if (table_) table_->addRow(model_, sweep);
+  keepUp();
+}
+
+void Recorder::keepUp() {
+  if (!table_ || !isStandardStream(*options_.populations) || table_->csv().empty()) return;
+  // Soon enough for a person or a plot that follows, rare enough not to slow down small lattices.
+  constexpr std::chrono::milliseconds interval{100};
+  const auto now = std::chrono::steady_clock::now();
+  if (now < nextStreaming_) return;
+  nextStreaming_ = now + interval;
+  writeOutput(*options_.populations, table_->take());
+}
+
+void Recorder::finish() {
+  if (table_) writeOutput(*options_.populations, table_->take());
+}
+
+}  // namespace quorvane

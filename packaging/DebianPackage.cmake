@@ -1,0 +1,30 @@
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_NAME quorvane)
+set(CPACK_PACKAGE_CONTACT "Quorvane maintainers <maintainers@quorvane.invalid>")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
+  OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "experiment with stochastic lattice models")
+set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
+"Quorvane is a desktop laboratory for stochastic lattice models of statistical
+physics, chemistry and ecology. Up to ten pixel types live on a wrapped lattice
+of up to 256 by 256 sites, and up to fifty rules move them: irreversible and
+reversible flips, swaps with a neighbour, pair energies, and facilitation by
+neighbours. The lattice can be painted on while it runs, and a run is
+reproducible to the last bit.
+.
+The package also holds quorvane-batch, which makes the same runs without a
+window and writes documents, populations, pictures and films, and a library of
+example documents.")
+set(CPACK_DEBIAN_PACKAGE_SECTION science)
+set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+# Qt's support for Wayland is a package of its own, and films are made by ffmpeg.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland, shared-mime-info")
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS ffmpeg)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION TRUE)
+include(CPack)

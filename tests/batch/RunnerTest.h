@@ -1,0 +1,41 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "BatchSupport.h"
+#include "DocumentSupport.h"
+
+namespace quorvane {
+
+inline const std::filesystem::path kExample =
+    std::filesystem::path(QUORVANE_EXAMPLES) / "growth-from-a-seed.quorvane";
+
+/// A folder with the sample document in it.
+class Runner : public testing::Test {
+ protected:
+  Runner() { put(document_, joined(sampleLines())); }
+
+  static void put(const std::filesystem::path& file, const std::string& content) {
+    std::ofstream(file, std::ios::binary) << content;
+  }
+  void expectFailure(const std::vector<std::string>& arguments, const std::string& line) const {
+    const Finished finished = runBatchProgram(arguments);
+    EXPECT_EQ(finished.status, 1);
+    EXPECT_THAT(finished.out, testing::IsEmpty());
+    EXPECT_EQ(finished.err, "quorvane-batch: " + line + "\n");
+  }
+
+  TemporaryFolder folder_;
+  const std::string document_ = (folder_ / "in.quorvane").string();
+  const std::string output_ = (folder_ / "out.quorvane").string();
+  const std::string populations_ = (folder_ / "out.csv").string();
+  const std::string picture_ = (folder_ / "out.png").string();
+};
+
+}  // namespace quorvane

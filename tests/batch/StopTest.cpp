@@ -1,0 +1,129 @@
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "RunnerTest.h"
+
+namespace quorvane {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::AnyOf;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+/// More sweeps than there is time for, with frames of six digits.
+const std::string kForever = "900000";
+
+class Stop : public Runner {
+ protected:
+  std::vector<std::string> endlessRun() const {
+    return {kExample, "--sweeps", kForever, "--every", "20", "--frames", film_};
+  }
+  bool waitForFrame(int number) const {
+    return waitUntil([&] { return fs::exists(film_ / ("frame-00000" + std::to_string(number) + ".png")); });
+  }
+  /// The sweeps that a stopped run says it made, -1 if it does not say so in one line.
+  static long sweepsSaid(const std::string& err) {
+    long sweeps = -1;
+    int end = 0;
+    const std::string format = "quorvane-batch: stopped after %ld of " + kForever + " sweeps\n%n";
+    return std::sscanf(err.c_str(), format.c_str(), &sweeps, &end) == 1 && end == static_cast<int>(err.size())
+               ? sweeps
+               : -1;
+  }
+
+  const fs::path film_ = folder_ / "film";
+};
+
+TEST_F(Stop, BySignalLeavesTheStateAfterTheLastWholeSweep) {
+  for (const auto& [signal, status] : {std::pair(SIGINT, 130), {SIGTERM, 143}}) {
+    fs::remove_all(film_);
+    auto arguments = endlessRun();
+    for (const auto& more :
+         {"--output", output_.c_str(), "--populations", populations_.c_str(), "--picture", picture_.c_str()})
+      arguments.emplace_back(more);
+    BatchProcess process(arguments);
+    ASSERT_TRUE(waitForFrame(3));
+    process.signal(signal);
+    const Finished finished = process.wait();
+    EXPECT_EQ(finished.status, status);
+    EXPECT_THAT(finished.out, IsEmpty());
+    const long sweeps = sweepsSaid(finished.err);
+    ASSERT_GE(sweeps, 60) << finished.err;
+
+    const std::string again = (folder_ / "again").string(), picture = (folder_ / "again.png").string();
+    ASSERT_EQ(runBatchProgram(
+                  {kExample, "--sweeps", std::to_string(sweeps), "--output", again, "--picture", picture})
+                  .status,
+              0);
+    EXPECT_EQ(contentOf(output_), contentOf(again));
+    EXPECT_EQ(contentOf(picture_), contentOf(picture));
+    const auto rows = rowsOf(contentOf(populations_));
+    EXPECT_EQ(rows.back().front(), sweeps);
+    const auto frames = namesIn(film_);
+    EXPECT_EQ(frames.size(), rows.size());
+    EXPECT_EQ(contentOf(film_ / frames.back()), contentOf(picture));
+  }
+}
+
+/// A pipe that nobody reads from.
+class FullPipe {
+ public:
+  FullPipe() {
+    if (::pipe2(ends_, O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
+  }
+  ~FullPipe() {
+    ::close(ends_[0]);
+    ::close(ends_[1]);
+  }
+  FullPipe(const FullPipe&) = delete;
+  FullPipe& operator=(const FullPipe&) = delete;
+
+  int end() const { return ends_[1]; }
+  bool isFull() const {
+    pollfd writer = {ends_[1], POLLOUT, 0};
+    return ::poll(&writer, 1, 0) == 0;
+  }
+
+ private:
+  int ends_[2] = {-1, -1};
+};
+
+TEST_F(Stop, ASecondTimeEndsAtOnceAndWritesNothing) {
+  const FullPipe pipe;
+  BatchProcess process(
+      {document_, "--sweeps", "9000000000000000000", "--populations", "-", "--output", output_}, "",
+      pipe.end());
+  // Whoever writes on now hangs.
+  ASSERT_TRUE(waitUntil([&] { return pipe.isFull(); }));
+  process.signal(SIGINT);
+  process.signal(SIGTERM);
+  const Finished finished = process.wait();
+  EXPECT_THAT(finished.status, AnyOf(130, 143));
+  EXPECT_THAT(finished.err, IsEmpty());
+  EXPECT_THAT(namesIn(folder_.path()), ElementsAre("in.quorvane"));
+}
+
+TEST_F(Stop, ASecondTimeLeavesNoTemporaryAndNoHalfFile) {
+  constexpr int rounds = 30;
+  for (int round = 0; round < rounds; ++round) {
+    fs::remove_all(film_);
+    // A frame a sweep, so that most of the time goes by while a file is written.
+    BatchProcess process({document_, "--sweeps", kForever, "--frames", film_, "--scale", "32"});
+    ASSERT_TRUE(waitForFrame(round % 10));
+    process.signal(SIGINT);
+    process.signal(SIGTERM);
+    EXPECT_THAT(process.wait().status, AnyOf(130, 143));
+    for (const std::string& name : namesIn(film_)) {
+      ASSERT_THAT(name, StartsWith("frame-"));
+      EXPECT_EQ(readPng(film_ / name).width, 2 * 32);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace quorvane

@@ -1,0 +1,106 @@
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "RunnerTest.h"
+
+namespace quorvane {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+class Streams : public Runner {};
+
+TEST_F(Streams, GiveTheDocumentAndTakeIt) {
+  const Finished finished = runBatchProgram({"-", "--sweeps", "0", "--output", "-"}, joined(sampleLines()));
+  EXPECT_EQ(finished.status, 0);
+  EXPECT_EQ(finished.out, joined(sampleLines()));
+  EXPECT_THAT(finished.err, IsEmpty());
+}
+
+TEST_F(Streams, CarryTheSameBytesAsFiles) {
+  const std::string document = contentOf(kExample);
+  for (const auto& [option, file] :
+       {std::pair("--output", output_), {"--populations", populations_}, {"--picture", picture_}}) {
+    ASSERT_EQ(runBatchProgram({kExample, "--sweeps", "6", option, file}).status, 0);
+    const Finished finished = runBatchProgram({"-", "--sweeps", "6", option, "-"}, document);
+    EXPECT_EQ(finished.status, 0);
+    EXPECT_EQ(finished.out, contentOf(file)) << option;
+    EXPECT_THAT(finished.err, IsEmpty());
+  }
+}
+
+TEST_F(Streams, MayBeMixedWithFiles) {
+  const Finished finished = runBatchProgram(
+      {document_, "--sweeps", "3", "--populations", "-", "--output", output_, "--picture", picture_});
+  EXPECT_EQ(finished.status, 0);
+  EXPECT_EQ(rowsOf(finished.out).size(), 4u);
+  EXPECT_TRUE(fs::exists(output_) && fs::exists(picture_));
+}
+
+TEST_F(Streams, ShowRowsWhileTheRunGoesOn) {
+  int ends[2];
+  ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
+  BatchProcess process(
+      {document_, "--sweeps", "9000000000000000000", "--every", "1000", "--populations", "-"}, "", ends[1]);
+  ::close(ends[1]);
+  std::string rows;
+  char block[4096];
+  while (rows.find("\n3000,") == std::string::npos) {
+    const ssize_t size = ::read(ends[0], block, sizeof block);
+    ASSERT_GT(size, 0);
+    rows.append(block, static_cast<std::size_t>(size));
+    EXPECT_EQ(rows.back(), '\n');
+  }
+  EXPECT_THAT(rows, StartsWith("sweep,\"Empty space\",\"Particle\"\n0,3,3\n1000,"));
+  // The reader goes away.
+  ::close(ends[0]);
+  const Finished finished = process.wait();
+  EXPECT_EQ(finished.status, 1);
+  EXPECT_EQ(finished.err, "quorvane-batch: standard output: Broken pipe\n");
+}
+
+TEST_F(Streams, OfADocumentThatIsBadAreNamedWithTheLine) {
+  const auto errorOf = [](const std::string& input) {
+    const Finished finished = runBatchProgram({"-", "--sweeps", "1", "--output", "-"}, input);
+    EXPECT_EQ(finished.status, 1);
+    EXPECT_THAT(finished.out, IsEmpty());
+    return finished.err;
+  };
+  EXPECT_EQ(errorOf("\xff"), "quorvane-batch: standard input: cannot be read, or is not plain ASCII text\n");
+  EXPECT_THAT(errorOf(""), StartsWith("quorvane-batch: standard input: line 1: "));
+  EXPECT_EQ(errorOf(joined(sampleWith(kFirstSite, "7"))),
+            "quorvane-batch: standard input: line 4: pixel type of site (0, 0) must be 0 to 1, not \"7\"\n");
+}
+
+TEST_F(Streams, StayEmptyWhereAFileFails) {
+  const std::string missing = (folder_ / "missing/out").string();
+  expectFailure({document_, "--sweeps", "1", "--output", "-", "--picture", missing},
+                missing + ": No such file or directory");
+}
+
+TEST_F(Streams, ThatAreFullFailTheRun) {
+  const int full = ::open("/dev/full", O_WRONLY);
+  BatchProcess process({document_, "--sweeps", "1", "--output", "-"}, "", full);
+  ::close(full);
+  const Finished finished = process.wait();
+  EXPECT_EQ(finished.status, 1);
+  EXPECT_EQ(finished.err, "quorvane-batch: standard output: No space left on device\n");
+}
+
+TEST_F(Streams, OnATerminalAreNotMixedWithProgress) {
+  const std::vector<std::string> run = {document_, "--sweeps", "2", "--populations", "-"};
+  EXPECT_THAT(runBatchProgramOnTerminal(run).out, testing::Not(testing::HasSubstr("sweep 0 of")));
+}
+
+TEST_F(Streams, AreNotMeantByAFileInTheFolder) {
+  const auto before = fs::current_path();
+  fs::current_path(folder_.path());
+  EXPECT_EQ(runBatchProgram({document_, "--sweeps", "0", "--output", "./-"}).status, 0);
+  fs::current_path(before);
+  EXPECT_EQ(contentOf(folder_ / "-"), joined(sampleLines()));
+}
+
+}  // namespace
+}  // namespace quorvane
