@@ -1,6 +1,6 @@
 # quorvane_tests(NAME LABEL SOURCES... LINK libraries...)
 # A GoogleTest program of one folder, and a test of ctest for each of its cases.
-# LABEL: unit, reference or gui. Cases of a gui program need a display.
+# LABEL: unit, reference, validation or gui. Cases of a gui program need a display.
 function(quorvane_tests name label)
   cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
@@ -12,6 +12,9 @@ function(quorvane_tests name label)
   set(properties LABELS "${label}" TIMEOUT 300)
   if(label STREQUAL "gui")
     list(APPEND properties RESOURCE_LOCK display)
+  elseif(label STREQUAL "validation")
+    # A minute and a half of arithmetic, in a build without optimisation ten times that.
+    list(APPEND properties TIMEOUT 1800)
   endif()
   gtest_discover_tests(${name}
     DISCOVERY_MODE PRE_TEST
