@@ -111,7 +111,7 @@ TEST_P(IsingLattice, HasTheExactMomentsAtTheCriticalCoupling) {
   expectAgreement(size + ": cumulant",
                   blocks.functionOfMeans([](Blocks::Means means) { return cumulant(means, 1); }),
                   exact.cumulant());
-  expectRejection(size + ": ⟨Σ ss′⟩ per site if K were larger by 0.3 %", bonds,
+  expectRejection(size + ": ⟨Σ ss′⟩ per site for K larger by 0.3 %", bonds,
                   exactIsingBonds(L, 1.003 * kPublished));
 }
 

@@ -67,7 +67,7 @@ TEST_F(Decay, OfTwoRulesIsSharedByTheirParameters) {
   // A site uses each of its rules half as often.
   expectAgreement("4 × 4, p = 0.6 and 0.2, product of the first, after 2 sweeps", shares[0],
                   0.75 * (1 - left(system, 0.4, 2)));
-  expectRejection("the same if each rule were tried in every attempt", shares[0],
+  expectRejection("4 × 4, p = 0.6 and 0.2, if each rule were tried in every attempt", shares[0],
                   0.75 * (1 - left(system, 0.8, 2)));
 }
 
@@ -76,7 +76,8 @@ TEST_F(Decay, ToAnyTypeIsSlowedByTheCurrentOne) {
   const auto shares = shareOfType(0, system, {4}, 400'000);
   expectAgreement("4 × 4, to any of three types, p = 0.3, after 4 sweeps", shares[0],
                   left(system, 0.3 * 2 / 3, 4));
-  expectRejection("the same if the current type were never drawn", shares[0], left(system, 0.3, 4));
+  expectRejection("4 × 4, to any of three types, if the current type were never drawn", shares[0],
+                  left(system, 0.3, 4));
 }
 
 TEST_F(Decay, InAFieldRelaxesToTheBoltzmannShare) {
@@ -89,7 +90,7 @@ TEST_F(Decay, InAFieldRelaxesToTheBoltzmannShare) {
   for (std::size_t k = 0; k < times.size(); ++k)
     expectAgreement("4 × 4, flips in a field of 1 kT, share of type 1 " + after(times[k]), shares[k],
                     up / (up + down) * (1 - left(system, up + down, times[k])));
-  expectRejection("flips in a field of 1 kT: 1.01 kT", shares[2], 1 / (1 + std::exp(1.01 * field)));
+  expectRejection("4 × 4, flips in a field of 1.01 kT", shares[2], 1 / (1 + std::exp(1.01 * field)));
 }
 
 }  // namespace

@@ -147,7 +147,7 @@ TEST_F(Draws, ChooseARuleThatStandsTwiceInARowTwiceAsOften) {
   // The flip between 0 and any type gives each of three types, 0 among them, in two of three attempts.
   expectAgreement("a flip with an end of any type beside another rule",
                   chiSquaredOf(outcomes, {2.0 / 9, 2.0 / 9 + 1.0 / 3, 2.0 / 9}));
-  expectRejection("the same if it stood in the row once",
+  expectRejection("a flip with an end of any type, if it stood in the row once",
                   chiSquaredOf(outcomes, {1.0 / 6, 1.0 / 6 + 1.0 / 2, 1.0 / 6}));
 }
 
