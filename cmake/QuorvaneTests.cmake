@@ -1,7 +1,7 @@
 # quorvane_tests(NAME LABEL SOURCES... LINK libraries...)
 # A GoogleTest program of one folder, and a test of ctest for each of its cases.
-# LABEL: unit, reference, speed or gui. Cases of a gui program need a display, those of a speed program the
-# whole machine.
+# LABEL: unit, reference, validation, speed or gui. Cases of a gui program need a display, those of a speed
+# program the whole machine.
 function(quorvane_tests name label)
   cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
@@ -15,6 +15,9 @@ function(quorvane_tests name label)
     list(APPEND properties RESOURCE_LOCK display)
   elseif(label STREQUAL "speed")
     list(APPEND properties RUN_SERIAL TRUE)
+  elseif(label STREQUAL "validation")
+    # A minute and a half of arithmetic, in a build without optimisation ten times that.
+    list(APPEND properties TIMEOUT 1800)
   endif()
   gtest_discover_tests(${name}
     DISCOVERY_MODE PRE_TEST

@@ -25,6 +25,9 @@ struct Tools {
   }
 };
 
+template <class Draws, class Energies, class Chance>
+Tools(Lattice&, Size, std::uint32_t, Draws&, const Energies&, Chance&) -> Tools<Draws, Energies, Chance>;
+
 /// Looked up rather than branched to: whether an attempt is accepted cannot be predicted. What is written
 /// depends on it and not where, because reads that follow would wait for an address.
 inline std::int32_t chosen(bool which, Type ifNot, Type ifSo) {

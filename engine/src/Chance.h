@@ -40,7 +40,7 @@ struct QuickChance {
     const double power = dE * perPower;
     const double rounded = power + rounder;
     const double rest = power - (rounded - rounder);
-    const double scale = std::bit_cast<double>((std::bit_cast<std::uint64_t>(rounded) + 1023) << 52);
+    const auto scale = std::bit_cast<double>((std::bit_cast<std::uint64_t>(rounded) + 1023) << 52);
     // 2^rest = exp(rest * ln 2), in pairs that do not wait for one another.
     constexpr double c1 = 0.6931471805599453, c2 = 0.24022650695910072, c3 = 0.05550410866482158,
                      c4 = 0.009618129107628477;

@@ -9,12 +9,13 @@ void fExchangeMove(int i, int j, int imax, int jmax, int targetType, Lattice& la
   const Site site = siteAt(i, j);
   const Size size = sizeOf(imax, jmax);
   const Type current = typeOf(lattice[i][j]);
-  const bool energies = ignoreEnergy != 1;
-  const Action action = swapAction(static_cast<int>(current), targetType, energies, immobile);
+  const bool withEnergies = ignoreEnergy != 1;
+  const Action action = swapAction(static_cast<int>(current), targetType, withEnergies, immobile);
+  const LiveBonds energies{J};
   ProcessDraws draws;
   ExactChance chance;
-  const Tools tools{lattice, size, 0, draws, LiveBonds{J}, chance};
-  if (!energies)
+  const Tools tools{lattice, size, 0, draws, energies, chance};
+  if (!withEnergies)
     exchange<false, false>(tools, action, site, current);
   else if (size.isWide())
     exchange<true, true>(tools, action, site, current);

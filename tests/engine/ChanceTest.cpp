@@ -1,10 +1,10 @@
-#include "Chance.h"
-
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
 #include <vector>
+
+#include "Chance.h"
 
 namespace quorvane {
 namespace {
@@ -42,9 +42,23 @@ std::vector<double> energyDifferences() {
 }
 
 std::vector<double> parameters() {
-  return {1.0,  0.5,   0.999999, 1e-3, 2e-9, 1e-12,          1e-300,
-          0.0,  -0.0,  -0.3,     5.0,  1e20, Limits::denorm_min(),
-          1e308, Limits::infinity(), -Limits::infinity(), Limits::quiet_NaN()};
+  return {1.0,
+          0.5,
+          0.999999,
+          1e-3,
+          2e-9,
+          1e-12,
+          1e-300,
+          0.0,
+          -0.0,
+          -0.3,
+          5.0,
+          1e20,
+          Limits::denorm_min(),
+          1e308,
+          Limits::infinity(),
+          -Limits::infinity(),
+          Limits::quiet_NaN()};
 }
 
 /// Draws everywhere, and those on both sides of where the answer changes.

@@ -32,7 +32,8 @@ TEST(RandomStream, DrawsWholeNumbersAsFRandIntDoes) {
   for (std::uint32_t n = 1; n < 1u << 22; n += 1 + n / 7)
     for (int k = 0; k < 100; ++k) {
       stream.makeRoom();
-      ASSERT_EQ(static_cast<int>(stream.below(n)), reference::fRandInt(static_cast<int>(n)) - 1) << "of " << n;
+      ASSERT_EQ(static_cast<int>(stream.below(n)), reference::fRandInt(static_cast<int>(n)) - 1)
+          << "of " << n;
     }
 }
 

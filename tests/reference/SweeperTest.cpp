@@ -27,7 +27,9 @@ constexpr std::int32_t kGoing = 2;
 class Swept {
  public:
   explicit Swept(std::unique_ptr<System> system)
-      : plain_(std::move(system)), engine_(reference::toEngine(*plain_)), sweeper_(reference::arraysOf(*engine_)) {}
+      : plain_(std::move(system)),
+        engine_(reference::toEngine(*plain_)),
+        sweeper_(reference::arraysOf(*engine_)) {}
 
   void sweep() {
     reference::sweep(*plain_);
@@ -92,7 +94,8 @@ TEST_P(SweptTables, EqualTheReferenceOnRandomRuleTables) {
     const auto before = std::make_unique<System>(both.plain());
     for (int k = 0; k < sweeps; ++k) both.sweep();
     ASSERT_EQ(both.difference(), "");
-    if (!std::ranges::equal(std::span(&before->lattice[0][0], 65536), std::span(&both.plain().lattice[0][0], 65536)))
+    if (!std::ranges::equal(std::span(&before->lattice[0][0], 65536),
+                            std::span(&both.plain().lattice[0][0], 65536)))
       ++active;
   }
   // Equality would mean little if the tables did not move anything. On a single site few can.
@@ -108,7 +111,8 @@ TEST(Sweeper, FollowsEveryChangeMadeBetweenSweeps) {
   reference::restartSources();
   Swept both(reference::randomSystem({13, 11}, 1));
   for (std::uint64_t seed = 0; seed < 400; ++seed) {
-    // Rules, energies, flags, types and the size change under one sweeper, over sizes that are wide and narrow.
+    // Rules, energies, flags, types and the size change under one sweeper, over sizes that are wide and
+    // narrow.
     const auto sizes = reference::awkwardSizes();
     both.become(*reference::randomSystem(sizes[seed * 7 % 20], 9000 + seed));
     both.sweep();
@@ -164,7 +168,9 @@ struct OtherRand {
 };
 
 TEST(Sweeper, DrawsFromAnotherPlatformsGeneratorAsSingleAttemptsDo) {
-  const auto startFromOther = [] { processRandomSource = RandomSource({&OtherRand::srand, &OtherRand::rand}); };
+  const auto startFromOther = [] {
+    processRandomSource = RandomSource({&OtherRand::srand, &OtherRand::rand});
+  };
   const auto plain = reference::randomSystem({13, 11}, 12);
   const auto swept = reference::toEngine(*plain);
   startFromOther();
