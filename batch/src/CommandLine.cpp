@@ -75,15 +75,15 @@ constexpr const char* kFooter =
 --populations or --picture; one of them only. Progress and messages go to standard
 error. Existing files are replaced, but never left half written.
 
-Ctrl-C (SIGINT) or SIGTERM stops the run after the sweep it is in; what you asked
-for is then written as it stands. A second one ends the program at once.
+Ctrl-C (SIGINT) or SIGTERM stops the run after a whole sweep; what you asked for is
+then written as it stands. A second one ends the program at once.
 
 Exit status:
   0    done
   1    the document or a file failed; one line says which, where and why
   2    wrong usage
-  130  stopped by SIGINT, and everything written
-  143  stopped by SIGTERM, and everything written
+  130  ended by SIGINT (as a shell tells it), and everything written
+  143  ended by SIGTERM, and everything written
 
 Examples:
   The lattice after 1000 sweeps, as a document and as a picture:

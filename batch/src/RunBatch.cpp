@@ -44,15 +44,25 @@ bool writesToStandardOutput(const BatchOptions& options) {
                      [](const auto& target) { return target && isStandardStream(*target); });
 }
 
+/// Sweeps that are made between two looks at signals and at the clock: few enough for the largest lattice to
+/// answer at once, and many enough for the smallest to lose no time with it.
+std::int64_t sweepsAtOnce(const BatchOptions& options, std::int64_t done) {
+  constexpr std::int64_t most = 16;
+  const std::int64_t untilRecord = options.every - done % options.every;
+  return std::min({most, untilRecord, options.sweeps - done});
+}
+
 /// Makes the sweeps, or fewer where a signal asks for it. The number of sweeps made.
 std::int64_t run(LatticeModel& model, const BatchOptions& options, Recorder& recorder) {
   Progress progress(options.sweeps, writesToStandardOutput(options));
-  for (std::int64_t done = 0;; ++done) {
+  for (std::int64_t done = 0;;) {
     const bool last = done == options.sweeps || stopSignal() != 0;
     if (last || done % options.every == 0) recorder.record(done);
     if (last) return done;
     progress.show(done);
-    model.runSweeps(1);
+    const std::int64_t count = sweepsAtOnce(options, done);
+    model.runSweeps(count);
+    done += count;
     recorder.keepUp();
   }
 }

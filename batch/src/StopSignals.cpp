@@ -7,15 +7,8 @@
 namespace quorvane {
 namespace {
 
-constexpr int kStoppedBySignal = 128;  // as a shell reports it
-
 std::atomic<int> askedBy{0};
 static_assert(std::atomic<int>::is_always_lock_free, "a signal handler may use nothing else");
-
-extern "C" void onStopSignal(int signal) {
-  int nobody = 0;
-  if (!askedBy.compare_exchange_strong(nobody, signal)) ::_exit(kStoppedBySignal + signal);
-}
 
 void handle(int signal, void (*handler)(int)) {
   struct sigaction action = {};
@@ -24,12 +17,23 @@ void handle(int signal, void (*handler)(int)) {
   ::sigaction(signal, &action, nullptr);
 }
 
+extern "C" void onStopSignal(int signal) {
+  int nobody = 0;
+  if (!askedBy.compare_exchange_strong(nobody, signal)) endBySignal(signal);
+}
+
 }  // namespace
 
 void watchStopSignals() {
   handle(SIGINT, onStopSignal);
   handle(SIGTERM, onStopSignal);
   handle(SIGPIPE, SIG_IGN);
+}
+
+void endBySignal(int signal) {
+  // Within a handler the signal waits until the handler has returned.
+  handle(signal, SIG_DFL);
+  ::raise(signal);
 }
 
 int stopSignal() { return askedBy; }

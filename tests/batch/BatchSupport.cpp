@@ -28,10 +28,11 @@ namespace {
   ::_exit(127);
 }
 
+/// The exit status, or the signal that ended the process, negative.
 int waitFor(pid_t process) {
   int status = 0;
-  if (::waitpid(process, &status, 0) != process || !WIFEXITED(status)) return -1;
-  return WEXITSTATUS(status);
+  if (::waitpid(process, &status, 0) != process) return -1;
+  return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
 }
 
 void redirectToFile(int stream, const std::filesystem::path& file) {

@@ -14,7 +14,7 @@ namespace quorvane {
 
 /// What a finished process left behind.
 struct Finished {
-  int status = -1;  ///< exit status, or -1 where a signal ended it
+  int status = -1;  ///< exit status, or the signal that ended it, negative
   std::string out;
   std::string err;
 };

@@ -22,7 +22,7 @@ class Recorder {
   Recorder(const LatticeModel& model, const BatchOptions& options);
 
   void record(std::int64_t sweep);
-  /// To be called after every sweep: shows the rows that have waited long enough.
+  /// To be called every few sweeps: shows the rows that have waited long enough.
   void keepUp();
   /// Writes the rows that are left.
   void finish();

@@ -5,13 +5,16 @@
 /// How a run is stopped from outside, by Ctrl-C (SIGINT) or SIGTERM. State of the whole process.
 namespace quorvane {
 
-/// From now on the first of these signals only asks the run to stop, and the second ends the process at once
-/// with status 128 + signal. A reader of standard output that goes away ends it no more (no SIGPIPE): the
-/// next write fails instead.
+/// From now on the first of these signals only asks the run to stop, and the second ends the process at once.
+/// A reader of standard output that goes away ends it no more (no SIGPIPE): the next write fails instead.
 void watchStopSignals();
 
 /// The signal that asked the run to stop, 0 while none has.
 int stopSignal();
+
+/// Ends the process by the signal as if it had not been caught, so that a shell sees a program that was
+/// stopped, and a loop in a script does not go on with the next one.
+void endBySignal(int signal);
 
 /// Lets signals wait while it lives, so that a process that they end leaves no temporary file behind. For
 /// short work on files only: nothing but SIGKILL ends a process that hangs meanwhile.
