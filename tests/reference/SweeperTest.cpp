@@ -8,7 +8,6 @@
 
 #include "engine/Sweeper.h"
 #include "engine/f_ran0.h"
-#include "reference/Assign.h"
 #include "reference/Cases.h"
 #include "reference/Lockstep.h"
 #include "reference/Trace.h"
@@ -16,7 +15,6 @@
 namespace quorvane {
 namespace {
 
-using reference::assign;
 using reference::EngineSystem;
 using reference::Size;
 using reference::System;
@@ -36,27 +34,10 @@ class Swept {
     sweeper_.sweep(state_, kGoing);
   }
 
-  /// Gives the engine's side what another system holds, as an edit would, and the plain side too.
+  /// Gives both sides what another system holds, as edits would.
   void become(const System& other) {
     *plain_ = other;
-    const auto from = reference::toEngine(other);
-    EngineSystem& to = *engine_;
-    to.imax = from->imax;
-    to.jmax = from->jmax;
-    to.numTypes = from->numTypes;
-    assign(to.lattice, from->lattice);
-    assign(to.ruleType, from->ruleType);
-    assign(to.ruleDisabled, from->ruleDisabled);
-    assign(to.ruleIgnoreEnergy, from->ruleIgnoreEnergy);
-    assign(to.ruleEndPoints, from->ruleEndPoints);
-    assign(to.ruleParameter, from->ruleParameter);
-    assign(to.ruleFac, from->ruleFac);
-    assign(to.accessible, from->accessible);
-    assign(to.accessibleCount, from->accessibleCount);
-    assign(to.immobile, from->immobile);
-    assign(to.field, from->field);
-    assign(to.masquerade, from->masquerade);
-    assign(to.J, from->J);
+    reference::copyTo(*engine_, other);
   }
 
   std::string difference() const {

@@ -47,25 +47,29 @@ void renumberRows(System& system, int rule) {
 
 }  // namespace
 
+void copyTo(EngineSystem& to, const System& from) {
+  to.imax = from.imax;
+  to.jmax = from.jmax;
+  to.numTypes = from.numTypes;
+  to.numRules = from.numRules;
+  assign(to.lattice, from.lattice);
+  assign(to.ruleType, from.ruleType);
+  assign(to.ruleDisabled, from.ruleDisabled);
+  assign(to.ruleIgnoreEnergy, from.ruleIgnoreEnergy);
+  assign(to.ruleEndPoints, from.ruleEndPoints);
+  assign(to.ruleParameter, from.ruleParameter);
+  assign(to.ruleFac, from.ruleFac);
+  assign(to.accessible, from.accessible);
+  assign(to.accessibleCount, from.accessibleCount);
+  assign(to.immobile, from.immobile);
+  assign(to.field, from.field);
+  assign(to.masquerade, from.masquerade);
+  assign(to.J, from.J);
+}
+
 std::unique_ptr<EngineSystem> toEngine(const System& from) {
   auto to = std::make_unique<EngineSystem>();
-  to->imax = from.imax;
-  to->jmax = from.jmax;
-  to->numTypes = from.numTypes;
-  to->numRules = from.numRules;
-  assign(to->lattice, from.lattice);
-  assign(to->ruleType, from.ruleType);
-  assign(to->ruleDisabled, from.ruleDisabled);
-  assign(to->ruleIgnoreEnergy, from.ruleIgnoreEnergy);
-  assign(to->ruleEndPoints, from.ruleEndPoints);
-  assign(to->ruleParameter, from.ruleParameter);
-  assign(to->ruleFac, from.ruleFac);
-  assign(to->accessible, from.accessible);
-  assign(to->accessibleCount, from.accessibleCount);
-  assign(to->immobile, from.immobile);
-  assign(to->field, from.field);
-  assign(to->masquerade, from.masquerade);
-  assign(to->J, from.J);
+  copyTo(*to, from);
   return to;
 }
 

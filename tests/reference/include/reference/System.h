@@ -33,6 +33,9 @@ using System = SystemOf<int, double>;
 /// A system for the functions of the engine.
 using EngineSystem = SystemOf<Relaxed<std::int32_t>, Relaxed<double>>;
 
+/// Gives a system for the engine the values of a plain one.
+void copyTo(EngineSystem& to, const System& from);
+
 /// A system for the engine with the values of a plain one.
 std::unique_ptr<EngineSystem> toEngine(const System& system);
 
