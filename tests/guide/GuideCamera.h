@@ -9,8 +9,8 @@
 
 namespace quorvane {
 
-/// A main window, used by keys and clicks, of which parts go to picture files. Throws std::runtime_error where
-/// something does not go as it should.
+/// A main window, used by keys and clicks, of which parts go to picture files. Throws std::runtime_error
+/// where something does not go as it should.
 class GuideCamera {
  public:
   GuideCamera();

@@ -116,8 +116,8 @@ void showRefusal(const Album& album) {
 
 int makeAll(const Album& album) {
   try {
-    for (const auto show : {showStart, showWindowAndPanels, showNewRule, showPairEnergy, showPainting,
-                            showTrace, showRefusal})
+    for (const auto show :
+         {showStart, showWindowAndPanels, showNewRule, showPairEnergy, showPainting, showTrace, showRefusal})
       show(album);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "guide_pictures: %s failed\n", error.what());
