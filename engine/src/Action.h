@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 #include "Neighbourhood.h"
@@ -20,7 +21,7 @@ enum class ActionKind : std::int8_t {
 
 /// A rule as it stands for one type of site: everything that one attempt asks of it. "Free" is without
 /// energies.
-struct alignas(32) Action {
+struct Action {
   static constexpr std::int8_t kRandomType = -1;
 
   double parameter = 0.0;
@@ -42,6 +43,11 @@ struct alignas(32) Action {
     return static_cast<int>(count) >= needed;
   }
 };
+
+/// The length of a row, from the count that a model keeps of it.
+inline std::uint32_t rowLength(int count) {
+  return static_cast<std::uint32_t>(std::clamp(count, 0, kMaxRules));
+}
 
 /// The type that a reversible flip leads to, or -1 for a random one.
 int reversibleEnd(int current, int endA, int endB);

@@ -42,8 +42,8 @@ void flip(const Tools& tools, const Action& action, Site site, Type current) {
   const double u = tools.draws.real();
   bool accepted = action.parameter > u;
   // The acceptance is at most 1, so a draw at or above the parameter refuses the flip whatever the energy.
-  // But ending here pays only where the branch can be predicted: rare and not accepted, in one comparison.
-  if (static_cast<int>(action.rare) > static_cast<int>(accepted)) return;
+  // But ending here pays only where the branch can be predicted.
+  if (action.rare && !accepted) return;
 
   if constexpr (kFacilitated || kEnergies) {
     const Neighbours neighbours = tools.template neighboursOf<kWide>(site);

@@ -19,11 +19,12 @@ struct ExactChance {
 /// Compares u with a cheap exponential, and with the exact one only where that could change the answer. Has
 /// no branch that cannot be predicted.
 struct QuickChance {
-  /// Largest relative error of the cheap exponential, twice over.
+  /// More than twice the largest relative error of the cheap exponential.
   static constexpr double kTolerance = 2e-4;
 
   static bool accepts(double dE, double parameter, double u) {
     const double chance = parameter * cheapExp(dE);
+    // The part that does not depend on the parameter is for products that round below the normal numbers.
     const double tooClose = kTolerance * parameter + 1e-12;
     const bool certain = std::abs(dE) < 700.0 && std::abs(chance - u) > tooClose;
     if (!certain) [[unlikely]]

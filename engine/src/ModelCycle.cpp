@@ -8,15 +8,15 @@ namespace {
 constexpr int kNoRule = -1;
 
 /// Draws entries of a row until one is an enabled rule, or until every one has come up disabled.
-int drawRule(const Relaxed<std::int32_t> (&row)[kMaxRules], int length, const PerRuleInt& disabled) {
-  if (length <= 0) return kNoRule;
-  int rule = kNoRule;
-  const auto isUsable = [&](std::uint32_t k) { return usable(rule = row[k], disabled); };
+int drawRule(const Relaxed<std::int32_t> (&row)[kMaxRules], std::uint32_t length,
+             const PerRuleInt& disabled) {
+  if (length == 0) return kNoRule;
+  const auto isUsable = [&](std::uint32_t k) { return usable(row[k], disabled); };
   ProcessDraws draws;
-  const auto n = static_cast<std::uint32_t>(length);
-  const std::uint32_t first = draws.below(n);
-  if (isUsable(first) || drawAnother(draws, n, first, isUsable) != -1) return rule;
-  return kNoRule;
+  const std::uint32_t first = draws.below(length);
+  if (isUsable(first)) return row[first];
+  const int other = drawAnother(draws, length, first, isUsable);
+  return other == -1 ? kNoRule : row[other].load();
 }
 
 }  // namespace
@@ -33,8 +33,8 @@ void fModelCycle(int i, int j, int imax, int jmax, Lattice& lattice, int numType
                  const PerTypeInt& accessibleCount, const PerTypeInt& immobile, const PerTypeReal& field,
                  const PerTypeInt& masquerade, const PairEnergies& J) {
   const int current = lattice[i][j];
-  const int rule = drawRule(accessible[current], accessibleCount[current], ruleDisabled);
-  if (rule == kNoRule) return;
+  const int rule = drawRule(accessible[current], rowLength(accessibleCount[current]), ruleDisabled);
+  if (!usable(rule, ruleDisabled)) return;
 
   const RuleArrays rules{ruleType,   ruleDisabled,    ruleIgnoreEnergy, ruleEndPoints, ruleParameter, ruleFac,
                          accessible, accessibleCount, immobile,         field,         masquerade,    J};

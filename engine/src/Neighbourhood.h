@@ -62,7 +62,8 @@ inline Neighbours neighboursOf(Site site, Size size, const Lattice& lattice) {
 inline Neighbours neighboursOnWide(Site site, Size size, const Lattice& lattice) {
   if (!size.isInside(site)) [[unlikely]]
     return neighboursOf(site, size, lattice);
-  // Nearly every site is inside, where the neighbours stand at fixed distances and nothing has to wrap.
+  // Nearly every site is inside, where nothing has to wrap and the neighbours stand at fixed distances from
+  // it in memory: the columns follow one another without a gap.
   constexpr int column = kMaxSide;
   const auto* here = &lattice[site.i][site.j];
   const auto at = [here](int distance) { return typeOf(here[distance]); };

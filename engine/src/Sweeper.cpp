@@ -10,12 +10,12 @@
 namespace quorvane {
 namespace {
 
-/// Attempts between two looks at the rules.
+/// Most attempts between two looks at the rules.
 constexpr std::int64_t kBatch = 4096;
-/// With more new energy differences than this in a batch, remembering them does not pay.
-constexpr int kManyMisses = 128;
-
-Size sizeOf(const SystemArrays& system) { return sizeOf(system.imax, system.jmax); }
+/// Fewer attempts than this are not worth a look at all the rules.
+constexpr std::int64_t kFew = 64;
+/// When more than one attempt in so many meets a new energy difference, remembering them does not pay.
+constexpr std::int64_t kAttemptsForAMiss = 32;
 
 /// An attempt that reads everything as it stands, on a lattice of any size.
 void singleAttempt(const SystemArrays& system) {
@@ -55,7 +55,9 @@ void tableAttempt(const Tools& tools, const ActionTable& actions) {
 }
 
 struct Batch {
-  const SystemArrays& system;
+  Lattice& lattice;
+  Size size;
+  std::uint32_t numTypes;
   const ActionTable& actions;
   const EnergyTable& energies;
   std::int64_t count;
@@ -67,10 +69,7 @@ struct Batch {
 template <class Chance>
 [[gnu::flatten, gnu::noinline]] std::int64_t makeAttempts(const Batch& batch, Chance& chance) {
   RandomSource::Stream draws(processRandomSource);
-  const SystemArrays& system = batch.system;
-  const Size size = sizeOf(system);
-  const auto numTypes = static_cast<std::uint32_t>(system.numTypes.load());
-  const Tools tools{system.lattice, size, numTypes, draws, batch.energies, chance};
+  const Tools tools{batch.lattice, batch.size, batch.numTypes, draws, batch.energies, chance};
   std::int64_t made = 0;
   for (; made < batch.count && batch.state == batch.whileState; ++made) tableAttempt(tools, batch.actions);
   return made;
@@ -97,17 +96,26 @@ void Sweeper::sweep(const Relaxed<std::int32_t>& state, std::int32_t whileState)
 }
 
 std::int64_t Sweeper::batch(std::int64_t count, const Relaxed<std::int32_t>& state, std::int32_t whileState) {
+  const Size size = sizeOf(system_.imax, system_.jmax);
   processRandomSource.start();
-  if (!sizeOf(system_).isWide() || !processRandomSource.drawsItself()) {
+  if (count < kFew || !size.isWide() || !processRandomSource.drawsItself()) {
     singleAttempt(system_);
     return 1;
   }
-  notes_->actions.read(system_.numTypes, system_.rules);
+  const int numTypes = system_.numTypes;
+  notes_->actions.read(numTypes, system_.rules);
   notes_->energies.read(system_.rules);
-  const Batch batch{system_, notes_->actions, notes_->energies, count, state, whileState};
+  const Batch batch{system_.lattice,
+                    size,
+                    static_cast<std::uint32_t>(numTypes),
+                    notes_->actions,
+                    notes_->energies,
+                    count,
+                    state,
+                    whileState};
   if (!notes_->remembers) return makeAttempts(batch, notes_->quick);
   const std::int64_t made = makeAttempts(batch, notes_->remembered);
-  notes_->remembers = notes_->remembered.takeMisses() <= kManyMisses;
+  notes_->remembers = notes_->remembered.takeMisses() <= count / kAttemptsForAMiss;
   return made;
 }
 

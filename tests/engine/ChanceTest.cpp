@@ -18,6 +18,8 @@ std::vector<double> energyDifferences() {
                              -0.0,
                              Limits::denorm_min(),
                              -Limits::denorm_min(),
+                             0.69313,
+                             0.69316,
                              1e-17,
                              -1e-17,
                              699.999,

@@ -32,12 +32,13 @@ struct SystemArrays {
   RuleArrays rules;
 };
 
-/// Many attempts in a row, faster than one call of fModelCycle each and with the same result to the last bit.
+/// Many attempts in a row, with the result of one call of fModelCycle each to the last bit, and several times
+/// as fast where there are more than a few.
 ///
-/// Reads the size, rules, energies and flags once in a few thousand attempts and keeps them in the form that
-/// an attempt needs; a change that another thread makes meanwhile takes effect after less than a millisecond.
-/// Sites and the state are read as they stand. Any number of sweepers may work on one system; each belongs to
-/// one thread.
+/// Reads the size, rules, energies and flags at least once in 4096 attempts and keeps them in the form that
+/// an attempt needs; a change that another thread makes meanwhile takes effect by then, usually within a
+/// tenth of a millisecond. Sites and the state are read as they stand. Any number of sweepers may work on one
+/// system; each belongs to one thread.
 class Sweeper {
  public:
   explicit Sweeper(const SystemArrays& system);

@@ -76,7 +76,9 @@ class Builder {
       const int rule = addRule(*system_, values_.below(4), end(), end());
       if (rule == -1) return;
       system_->ruleParameter[rule] = parameter();
-      system_->ruleFac[rule][0] = values_.oneIn(3) ? values_.from(-2, 9) : 0;
+      // Only -1 stands for any type; a swap with another number below 0 meets nobody.
+      if (system_->ruleType[rule] == 2 && values_.oneIn(10)) system_->ruleEndPoints[rule][1] = -2;
+      system_->ruleFac[rule][0] = needed();
       system_->ruleFac[rule][1] = values_.from(-1, 9);
       system_->ruleIgnoreEnergy[rule] = values_.oneOf(kFlags);
       system_->ruleDisabled[rule] = values_.oneIn(disabledOneIn_) ? values_.oneOf({1, 1, 2, -1}) : 0;
@@ -100,6 +102,13 @@ class Builder {
 
   int end() { return values_.oneIn(3) ? -1 : values_.below(values_.oneIn(10) ? 10 : system_->numTypes); }
 
+  /// Of neighbours for facilitation: up to 16 can count, since one may count twice.
+  int needed() {
+    if (!values_.oneIn(3)) return 0;
+    return values_.oneOf({values_.from(-2, 9), values_.from(-2, 9), values_.from(8, 20), 128, 200, 256,
+                          std::numeric_limits<int>::max(), std::numeric_limits<int>::min()});
+  }
+
   double energy() {
     if (oddReals_ && values_.oneIn(3)) return values_.oneOf(kOddReals);
     return values_.oneIn(4) ? 0.0 : values_.between(-1.5, 1.5);
@@ -119,10 +128,10 @@ class Builder {
 }  // namespace
 
 std::span<const Size> awkwardSizes() {
-  static constexpr Size sizes[] = {{1, 1},   {1, 2},   {2, 1},    {1, 3},    {3, 1},    {1, 7},   {7, 1},
-                                   {1, 256}, {256, 1}, {2, 2},    {2, 3},    {3, 2},    {2, 9},   {9, 2},
-                                   {2, 256}, {256, 2}, {3, 3},    {3, 4},    {4, 4},    {3, 256}, {256, 3},
-                                   {5, 7},   {13, 11}, {17, 256}, {255, 31}, {256, 256}};
+  static constexpr Size sizes[] = {{1, 1},   {1, 2},   {2, 1},    {1, 3},   {3, 1},    {1, 7},    {7, 1},
+                                   {1, 256}, {256, 1}, {2, 2},    {2, 3},   {3, 2},    {2, 9},    {9, 2},
+                                   {2, 256}, {256, 2}, {3, 3},    {3, 4},   {4, 4},    {3, 256},  {256, 3},
+                                   {5, 7},   {13, 11}, {17, 256}, {63, 65}, {255, 31}, {256, 256}};
   return sizes;
 }
 
