@@ -14,28 +14,28 @@ using Limits = std::numeric_limits<double>;
 constexpr double kDraw = 1.0 / 2147483648.0;
 
 std::vector<double> energyDifferences() {
-  std::vector<double> all = {0.0,
-                             -0.0,
-                             Limits::denorm_min(),
-                             -Limits::denorm_min(),
-                             0.69313,
-                             0.69316,
-                             1e-17,
-                             -1e-17,
-                             699.999,
-                             -699.999,
-                             700.0,
-                             -700.0,
-                             708.5,
-                             745.2,
-                             -745.2,
-                             1e4,
-                             -1e4,
-                             Limits::max(),
-                             -Limits::max(),
-                             Limits::infinity(),
-                             -Limits::infinity(),
-                             Limits::quiet_NaN()};
+  std::vector<double> all = {
+      0.0,
+      -0.0,
+      Limits::denorm_min(),
+      -Limits::denorm_min(),
+      1.791755,  // about ln 6, with which three times the smallest number is on the edge of 0
+      1e-17,
+      -1e-17,
+      699.999,
+      -699.999,
+      700.0,
+      -700.0,
+      708.5,
+      745.2,
+      -745.2,
+      1e4,
+      -1e4,
+      Limits::max(),
+      -Limits::max(),
+      Limits::infinity(),
+      -Limits::infinity(),
+      Limits::quiet_NaN()};
   for (double dE = 0.003; dE < 750.0; dE *= 1.21) {
     all.push_back(dE);
     all.push_back(-dE);
@@ -57,6 +57,7 @@ std::vector<double> parameters() {
           5.0,
           1e20,
           Limits::denorm_min(),
+          3 * Limits::denorm_min(),
           1e308,
           Limits::infinity(),
           -Limits::infinity(),
