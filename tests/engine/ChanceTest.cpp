@@ -19,7 +19,7 @@ std::vector<double> energyDifferences() {
       -0.0,
       Limits::denorm_min(),
       -Limits::denorm_min(),
-      1.791755,  // about ln 6, with which three times the smallest number is on the edge of 0
+      2.302587,  // just above ln 10, with which five times the smallest number is just below the edge of 0
       1e-17,
       -1e-17,
       699.999,
@@ -57,7 +57,7 @@ std::vector<double> parameters() {
           5.0,
           1e20,
           Limits::denorm_min(),
-          3 * Limits::denorm_min(),
+          5 * Limits::denorm_min(),
           1e308,
           Limits::infinity(),
           -Limits::infinity(),
