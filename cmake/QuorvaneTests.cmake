@@ -9,6 +9,10 @@ function(quorvane_tests name label)
   if(NOT label STREQUAL "gui")
     target_link_libraries(${name} PRIVATE GTest::gtest_main)
   endif()
+  # What takes time here is compiling; what takes time in these tests is in the libraries.
+  if(label MATCHES "^(unit|gui)$")
+    target_compile_options(${name} PRIVATE -O0)
+  endif()
   # Windows on one screen take each other's focus, so only one program has it at a time.
   set(properties LABELS "${label}" TIMEOUT 300)
   if(label STREQUAL "gui")
