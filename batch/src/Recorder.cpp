@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "batch/LatticePicture.h"
-#include "batch/Png.h"
 #include "batch/Streams.h"
+#include "output/LatticePicture.h"
+#include "output/Png.h"
 
 namespace quorvane {
 namespace {

@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "DocumentSupport.h"
-#include "batch/LatticePicture.h"
 
 namespace quorvane {
 
@@ -50,11 +49,5 @@ std::vector<std::vector<long>> rowsOf(const std::string& csv);
 
 /// Waits until the condition holds; false if that takes longer than half a minute.
 bool waitUntil(const std::function<bool()>& condition);
-
-/// An 8-bit RGB image read back from a PNG file.
-Image readPng(const std::filesystem::path& file);
-
-/// Red, green, blue of a pixel, x from the left and y from the top.
-std::vector<int> pixelAt(const Image& image, int x, int y);
 
 }  // namespace quorvane

@@ -10,6 +10,7 @@
 
 #include "BatchSupport.h"
 #include "DocumentSupport.h"
+#include "OutputSupport.h"
 
 namespace quorvane {
 

@@ -3,7 +3,7 @@
 #include <cstdlib>
 
 #include "Lattices.h"
-#include "batch/LatticePicture.h"
+#include "output/LatticePicture.h"
 
 namespace quorvane {
 namespace {

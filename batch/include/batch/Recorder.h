@@ -6,7 +6,7 @@
 
 #include "batch/CommandLine.h"
 #include "batch/FrameFolder.h"
-#include "batch/PopulationTable.h"
+#include "output/PopulationTable.h"
 
 namespace quorvane {
 

@@ -3,8 +3,9 @@
 
 #include <random>
 
-#include "BatchSupport.h"
+#include "DocumentSupport.h"
 #include "LiteralBlend.h"
+#include "OutputSupport.h"
 
 namespace quorvane {
 namespace {

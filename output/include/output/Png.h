@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "batch/LatticePicture.h"
+#include "output/LatticePicture.h"
 
 namespace quorvane {
 

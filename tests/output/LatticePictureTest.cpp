@@ -3,9 +3,9 @@
 
 #include <limits>
 
-#include "BatchSupport.h"
 #include "DocumentSupport.h"
-#include "batch/LatticePicture.h"
+#include "OutputSupport.h"
+#include "output/LatticePicture.h"
 
 namespace quorvane {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "batch/LatticePicture.h"
+#include "output/LatticePicture.h"
 
 namespace quorvane {
 

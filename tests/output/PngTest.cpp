@@ -2,9 +2,9 @@
 
 #include <fstream>
 
-#include "BatchSupport.h"
 #include "DocumentSupport.h"
-#include "batch/Png.h"
+#include "OutputSupport.h"
+#include "output/Png.h"
 
 namespace quorvane {
 namespace {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "DocumentSupport.h"
-#include "batch/PopulationTable.h"
+#include "output/PopulationTable.h"
 
 namespace quorvane {
 namespace {

@@ -1,4 +1,4 @@
-#include "batch/LatticePicture.h"
+#include "output/LatticePicture.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "batch/PopulationTable.h"
+#include "output/PopulationTable.h"
 
 #include <array>
 

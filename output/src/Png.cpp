@@ -1,4 +1,4 @@
-#include "batch/Png.h"
+#include "output/Png.h"
 
 #include <png.h>
 

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <filesystem>
+#include <vector>
+
+#include "output/LatticePicture.h"
+
+namespace quorvane {
+
+/// An 8-bit RGB image read back from a PNG file.
+Image readPng(const std::filesystem::path& file);
+
+/// Red, green, blue of a pixel, x from the left and y from the top.
+std::vector<int> pixelAt(const Image& image, int x, int y);
+
+}  // namespace quorvane
