@@ -1,6 +1,7 @@
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME quorvane)
-set(CPACK_PACKAGE_CONTACT "Quorvane maintainers <maintainers@quorvane.invalid>")
+# The project has no address that could be reached, so none is named.
+set(CPACK_PACKAGE_CONTACT "The Quorvane authors")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
