@@ -4,16 +4,6 @@
 namespace quorvane {
 namespace {
 
-/// Calls the handler when the field loses the focus or takes Return, if something was typed. A field that is
-/// left shows its name from the beginning.
-template <class Handler>
-void connectName(QLineEdit* field, MainViewController* controller, Handler handler) {
-  QObject::connect(field, &QLineEdit::editingFinished, controller, [field, controller, handler] {
-    if (field->isModified()) (controller->*handler)();
-    if (!field->hasFocus()) field->home(false);
-  });
-}
-
 /// Calls the handler when the button is pressed. A press by its mnemonic comes a tenth of a second late, and
 /// the button may be disabled by then.
 template <class Handler>
@@ -46,11 +36,12 @@ void MainViewController::connectModelControls() {
   connect(ui->checkPauseWhilePaint, &QCheckBox::clicked, this, &Self::checkPauseWhilePaint);
   connect(ui->listPaintType, &QComboBox::activated, this, &Self::listPaintTypeChanged);
   connectButton(ui->buttonFullScreen, this, &Self::EnterFullScreen);
+  connect(myGraphicalLatticeModel, &GraphicalLatticeModelGL::fullScreenLeft, this, &Self::focusRunOrStop);
 }
 
 void MainViewController::connectPixelTypePanel() {
   using Self = MainViewController;
-  connectName(ui->textPixelName, this, &Self::textPixelNameChanged);
+  connect(ui->textPixelName, &NameField::nameEdited, this, &Self::textPixelNameChanged);
   connect(ui->listSelectPixelType, &QComboBox::activated, this, &Self::listSelectedPixelChanged);
   connect(ui->colorSelectedPixelColor, &ColorWell::picked, this, &Self::colorSelectedPixelColorChanged);
   connect(ui->sliderSelectedPixelPersistence, &DoubleSlider::moved, this,
@@ -67,7 +58,7 @@ void MainViewController::connectPixelTypePanel() {
 void MainViewController::connectRulePanel() {
   using Self = MainViewController;
   connect(ui->listSelectedRule, &QComboBox::activated, this, &Self::listSelectedRuleChanged);
-  connectName(ui->textSelectedRuleName, this, &Self::textRuleNameChanged);
+  connect(ui->textSelectedRuleName, &NameField::nameEdited, this, &Self::textRuleNameChanged);
   connect(ui->listSelectedRuleFacNum, &QComboBox::activated, this, &Self::listSelectedRuleFacNumChanged);
   connect(ui->listSelectedRuleFacPixel, &QComboBox::activated, this, &Self::listSelectedRuleFacPixelChanged);
   connect(ui->listNewRulePixelA, &QComboBox::activated, this, &Self::listNewRulePixelAChanged);
@@ -82,8 +73,9 @@ void MainViewController::connectRulePanel() {
 }
 
 void MainViewController::commitTypedNames() {
-  if (ui->textPixelName->isModified()) textPixelNameChanged();
-  if (ui->textSelectedRuleName->isModified()) textRuleNameChanged();
+  // The rule's first: a new name of a type shows the selected rule anew.
+  if (ui->textSelectedRuleName->isEdited()) textRuleNameChanged();
+  if (ui->textPixelName->isEdited()) textPixelNameChanged();
 }
 
 }  // namespace quorvane

@@ -78,6 +78,7 @@ void MainViewController::open(const QString& path) {
     return report(path, message);
   }
   awakenControls();
+  focusRunOrStop();
   myGraphicalLatticeModel->update();
   showDocumentInTitle(path);
 }
@@ -96,7 +97,7 @@ void MainViewController::report(const QString& path, const QString& message) {
 
 void MainViewController::showDocumentInTitle(const QString& path) {
   myWindow->setWindowTitle(QFileInfo(path).fileName() + " - Quorvane");
-  ui->statusLine->clearMessage();
+  ui->statusLine->refresh();
 }
 
 }  // namespace quorvane

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "app/FixedDecimals.h"
+
 namespace quorvane {
 namespace {
 
@@ -100,7 +102,7 @@ void DoubleSlider::keyPressEvent(QKeyEvent* event) {
 
 void DoubleSlider::showValue() {
   emit valueShown(decimals_ == 0 ? QLocale().toString(static_cast<qlonglong>(value_))
-                                 : QString::number(value_, 'f', decimals_));
+                                 : fixedDecimals(value_, decimals_));
 }
 
 }  // namespace quorvane

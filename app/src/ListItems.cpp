@@ -1,10 +1,13 @@
 #include "ListItems.h"
 
+#include "app/FixedDecimals.h"
+#include "app/PrintableText.h"
+
 namespace quorvane {
 namespace {
 
 QString title(int index, const std::string& name) {
-  return QString::number(index) + " - " + QString::fromStdString(name);
+  return QString::number(index) + " - " + printableText(name);
 }
 
 }  // namespace
@@ -21,14 +24,7 @@ Rgb pixelColor(const LatticeModel& model, int type) {
   return {model.getPixelColorR(type), model.getPixelColorG(type), model.getPixelColorB(type)};
 }
 
-QString threeDecimals(double value) { return QString::number(value, 'f', 3); }
-
-void showName(QLineEdit& field, const std::string& name) {
-  const QString text = QString::fromStdString(name);
-  const int cursor = field.hasFocus() && field.text() == text ? field.cursorPosition() : 0;
-  field.setText(text);
-  field.setCursorPosition(cursor);
-}
+QString threeDecimals(double value) { return fixedDecimals(value, 3); }
 
 void addPixelTypes(QComboBox& list, const LatticeModel& model) {
   for (int type = 0; type < model.getNumPixelTypes(); ++type) list.addItem(pixelTitle(model, type));

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QComboBox>
-#include <QLineEdit>
 #include <QString>
 
 #include "app/ColorWell.h"
@@ -19,10 +18,6 @@ Rgb pixelColor(const LatticeModel& model, int type);
 
 /// "%.3f", as the panel shows energies and probabilities.
 QString threeDecimals(double value);
-
-/// Shows a name from its beginning. Where the user is in the field and the name is what it shows already, the
-/// cursor stays.
-void showName(QLineEdit& field, const std::string& name);
 
 void addPixelTypes(QComboBox& list, const LatticeModel& model);
 /// Selects an item that was selected before the list was filled again; the first one if it is no longer

@@ -1,9 +1,10 @@
 #include "app/MainWindow.h"
 
 #include <QEvent>
-#include <QRegularExpressionValidator>
 
 #include "FontFit.h"
+#include "app/FullScreenNote.h"
+#include "app/PrintableText.h"
 #include "ui_MainWindow.h"
 
 namespace quorvane {
@@ -14,11 +15,13 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), ui_(std::make_uni
   keepRoomOfHiddenControls();
   fontFit_ = std::make_unique<FontFit>(*this, *ui_);
   fontFit_->fit();
-  acceptPrintableNamesOnly();
+  ui_->textNewRuleName->setValidator(newPrintableValidator(this));
   controller_ = std::make_unique<MainViewController>(this, ui_.get());
   controller_->awakeFromNib();
   plot_ = std::make_unique<PopulationPlot>(model(), *ui_->plotPopulations);
   followRun();
+  for (QAbstractButton* button : findChildren<QAbstractButton*>()) button->installEventFilter(&heldSpaceBar_);
+  new FullScreenNote(model());
 }
 
 MainWindow::~MainWindow() {
@@ -48,16 +51,11 @@ void MainWindow::keepRoomOfHiddenControls() {
   }
 }
 
-void MainWindow::acceptPrintableNamesOnly() {
-  // A document holds nothing else, and a save must not fail on a name typed here.
-  auto* printable = new QRegularExpressionValidator(QRegularExpression("[ -~]*"), this);
-  for (QLineEdit* field :
-       {ui_->textPixelName, ui_->textSelectedRuleName, static_cast<QLineEdit*>(ui_->textNewRuleName)})
-    field->setValidator(printable);
-}
-
 void MainWindow::followRun() {
   ui_->statusLine->follow(model());
+  // An assistive program presses a button without an event of a mouse or a key.
+  for (const QAbstractButton* button : findChildren<QAbstractButton*>())
+    connect(button, &QAbstractButton::pressed, ui_->statusLine, &StatusLine::clearMessage);
   connect(&model(), &GraphicalLatticeModelGL::frameDrawn, this, [this] { plot_->record(); });
   connect(&model(), &GraphicalLatticeModelGL::fullScreenLeft, ui_->statusLine, &StatusLine::refresh);
   // Lists are filled anew when a name changes, so the index goes through -1.

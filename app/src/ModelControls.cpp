@@ -33,11 +33,13 @@ void MainViewController::remake(int numTypes) {
 void MainViewController::buttonInitializeModelAction() {
   remake(ui->stepperNumPixelTypes->value());
   awakenControls();
-  ui->statusLine->clearMessage();
+  focusRunOrStop();
+  ui->statusLine->refresh();
 }
 
 void MainViewController::buttonRemakeModelClick() {
   remake(-1);
+  focusRunOrStop();
   ui->statusLine->refresh();
 }
 
@@ -61,11 +63,15 @@ void MainViewController::showStoppedConfiguration() {
   ui->buttonRemakeModel->setEnabled(true);
 }
 
+void MainViewController::focusRunOrStop() {
+  (ui->buttonRunModel->isEnabled() ? ui->buttonRunModel : ui->buttonStopModel)->setFocus();
+}
+
 void MainViewController::buttonRunLatticeModelAction() {
   showRunningConfiguration();
   try {
     myGraphicalLatticeModel->runLatticeModelInBackground();
-    ui->statusLine->clearMessage();
+    ui->statusLine->refresh();
   } catch (const std::system_error& error) {
     showStoppedConfiguration();
     ui->statusLine->showMessage(tr("The run cannot start: %1").arg(QString::fromLocal8Bit(error.what())));

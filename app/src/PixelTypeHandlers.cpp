@@ -9,10 +9,15 @@ int masqueradeTypeOf(int item, int selected) { return item < selected ? item : i
 
 }  // namespace
 
-void MainViewController::listSelectedPixelChanged() { refreshSelectedPixel(); }
+void MainViewController::listSelectedPixelChanged() {
+  commitTypedNames();
+  refreshSelectedPixel();
+}
 
 void MainViewController::textPixelNameChanged() {
-  myGraphicalLatticeModel->setPixelName(selectedPixelType(), ui->textPixelName->text().toStdString());
+  const int type = ui->textPixelName->item();
+  if (type < 0) return;
+  myGraphicalLatticeModel->setPixelName(type, ui->textPixelName->text().toStdString());
   refreshPixelLists();
   if (myGraphicalLatticeModel->getNumRules() > 0) refreshSelectedRule();
 }

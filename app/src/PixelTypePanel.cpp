@@ -45,7 +45,7 @@ void MainViewController::refreshSelectedPixel() {
   const LatticeModel& model = *myGraphicalLatticeModel;
   const int s = selectedPixelType();
   const int masquerade = model.getPixelMasqueradeAs(s);
-  showName(*ui->textPixelName, model.getPixelName(s));
+  ui->textPixelName->showName(s, model.getPixelName(s));
   ui->checkImmobilePixel->setChecked(model.getPixelImmobile(s) != 0);
   ui->colorSelectedPixelColor->setRgb(pixelColor(model, s));
   ui->sliderSelectedPixelPersistence->setValue(model.getPixelPersistence(s));

@@ -11,12 +11,15 @@ int endPointOf(const QComboBox& list) {
 
 }  // namespace
 
-void MainViewController::listSelectedRuleChanged() { refreshSelectedRule(); }
+void MainViewController::listSelectedRuleChanged() {
+  commitTypedNames();
+  refreshSelectedRule();
+}
 
 void MainViewController::textRuleNameChanged() {
-  const int r = selectedRule();
-  if (r < 0) return;
-  myGraphicalLatticeModel->setRuleName(r, ui->textSelectedRuleName->text().toStdString());
+  const int rule = ui->textSelectedRuleName->item();
+  if (rule < 0) return;
+  myGraphicalLatticeModel->setRuleName(rule, ui->textSelectedRuleName->text().toStdString());
   refreshRuleList();
 }
 

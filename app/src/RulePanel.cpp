@@ -41,7 +41,7 @@ void MainViewController::refreshRuleList() {
 }
 
 void MainViewController::noSelectedRule() {
-  ui->textSelectedRuleName->setText({});
+  ui->textSelectedRuleName->clearName();
   ui->textSelectedRuleName->setEnabled(false);
   ui->textSelectedRuleType->setText({});
   setParamRange(0.0, 1.0);
@@ -66,7 +66,7 @@ void MainViewController::refreshSelectedRule() {
   if (r < 0) return;
   ui->buttonZeroParam->setEnabled(true);
   ui->textSelectedRuleName->setEnabled(true);
-  showName(*ui->textSelectedRuleName, model.getRuleName(r));
+  ui->textSelectedRuleName->showName(r, model.getRuleName(r));
   showRuleType(model.getRuleType(r), model.getRuleFacNum(r));
 
   // Enabled also while it is hidden, as for an interaction.

@@ -1,5 +1,7 @@
 #include "app/StatusLine.h"
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QLocale>
 #include <algorithm>
 
@@ -7,17 +9,27 @@ namespace quorvane {
 namespace {
 
 constexpr int kMillisecondsBetweenRefreshes = 250;
+constexpr int kMillisecondsOfAMessage = 10'000;
 
-QString stateName(int state) {
-  switch (state) {
-    case kNotInitialised:
-      return StatusLine::tr("No model yet");
-    case kRunning:
-      return StatusLine::tr("Running");
-    case kPausedForPainting:
-      return StatusLine::tr("Paused for painting");
+bool isModifier(int key) {
+  return key == Qt::Key_Shift || key == Qt::Key_Control || key == Qt::Key_Alt || key == Qt::Key_AltGr ||
+         key == Qt::Key_Meta;
+}
+
+/// True where the user does something. A key that is a shortcut is heard of by its override alone.
+bool isAction(const QEvent& event) {
+  switch (event.type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::Wheel:
+    case QEvent::TouchBegin:
+    case QEvent::TabletPress:
+      return true;
+    case QEvent::KeyPress:
+    case QEvent::ShortcutOverride:
+      return !isModifier(static_cast<const QKeyEvent&>(event).key());
     default:
-      return StatusLine::tr("Stopped");
+      return false;
   }
 }
 
@@ -30,6 +42,9 @@ StatusLine::StatusLine(QWidget* parent) : ElidedLabel(parent) {
     measure();
     refresh();
   });
+  messageTimer_.setSingleShot(true);
+  messageTimer_.setInterval(kMillisecondsOfAMessage);
+  connect(&messageTimer_, &QTimer::timeout, this, &StatusLine::clearMessage);
 }
 
 void StatusLine::follow(const LatticeModel& model) {
@@ -41,17 +56,29 @@ void StatusLine::follow(const LatticeModel& model) {
 void StatusLine::refresh() {
   if (!model_) return;
   if (model_->varMyState != kRunning) numSamples_ = 0;
-  const QString details = message_.isEmpty() ? figures() : message_;
-  const QString state = stateName(model_->varMyState);
-  setText(details.isEmpty() ? state : state + tr("  ·  ") + details);
+  QStringList parts{state(), figures(), message_};
+  parts.removeAll(QString());
+  setText(parts.join(tr("  ·  ")));
 }
 
 void StatusLine::showMessage(const QString& message) {
   message_ = message;
+  messageTimer_.start();
+  qApp->installEventFilter(this);
   refresh();
 }
 
-void StatusLine::clearMessage() { showMessage({}); }
+void StatusLine::clearMessage() {
+  message_.clear();
+  messageTimer_.stop();
+  qApp->removeEventFilter(this);
+  refresh();
+}
+
+bool StatusLine::eventFilter(QObject* watched, QEvent* event) {
+  if (isAction(*event)) clearMessage();
+  return ElidedLabel::eventFilter(watched, event);
+}
 
 void StatusLine::measure() {
   if (!model_ || model_->varMyState != kRunning) return;
@@ -71,12 +98,26 @@ double StatusLine::sweepsPerSecond() const {
   return 1000.0 * static_cast<double>(last.sweeps - first.sweeps) / milliseconds;
 }
 
+QString StatusLine::state() const {
+  switch (model_->varMyState) {
+    case kNotInitialised:
+      if (!message_.isEmpty()) return tr("No model yet");
+      return tr("No model yet: Initialise fills a lattice at random, Open... brings an example");
+    case kRunning:
+      return tr("Running");
+    case kPausedForPainting:
+      return tr("Paused for painting");
+    default:
+      return tr("Stopped");
+  }
+}
+
 QString StatusLine::figures() const {
   if (model_->getIMax() == 0) return {};
   const QLocale locale;
   const QString sweeps = tr("%1 sweeps").arg(locale.toString(static_cast<qlonglong>(model_->sweepsDone())));
   const QString size = tr("%1 × %2 sites").arg(model_->getIMax()).arg(model_->getJMax());
-  if (model_->varMyState != kRunning) return sweeps + tr("  ·  ") + size;
+  if (model_->varMyState != kRunning || !message_.isEmpty()) return sweeps + tr("  ·  ") + size;
   return sweeps + tr("  ·  %1 sweeps/s  ·  ").arg(locale.toString(sweepsPerSecond(), 'f', 1)) + size;
 }
 

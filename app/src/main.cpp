@@ -6,7 +6,10 @@
 #include <malloc.h>
 #endif
 
+#include <optional>
+
 #include "app/AppDelegate.h"
+#include "app/DisplayCheck.h"
 #include "app/MainWindow.h"
 
 namespace {
@@ -27,7 +30,13 @@ int main(int argc, char** argv) {
   returnLargeBuffers();
   // The format of every context, so it has to be known before the application object.
   QSurfaceFormat::setDefaultFormat(GraphicalLatticeModelGL::surfaceFormat());
+  if (const auto why = whyNoWindow()) {
+    qCritical("Quorvane needs a display: %s", why->c_str());
+    return 1;
+  }
+  std::optional<QuietStart> quietStart(std::in_place);
   QApplication application(argc, argv);
+  quietStart.reset();
   QApplication::setApplicationName("Quorvane");
   QApplication::setDesktopFileName("quorvane");
   QApplication::setWindowIcon(QIcon(":/quorvane-128.png"));

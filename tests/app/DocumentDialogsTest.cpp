@@ -303,6 +303,11 @@ TEST_F(DocumentDialogs, ALatticeOneSiteWideCanBeRemade) {
   EXPECT_GE(model().getJMax(), 1);
 }
 
+TEST_F(DocumentDialogs, OpenHandsTheFocusToRun) {
+  choosePath("buttonOpenSystem", writeSample());
+  EXPECT_TRUE(gui::waitUntil([this] { return control("buttonRunModel").hasFocus(); }));
+}
+
 TEST_F(DocumentDialogs, TheOpenedLatticeIsDrawn) {
   choosePath("buttonOpenSystem", writeSample());
   EXPECT_TRUE(gui::waitUntil([this] { return !gui::screenOf(*window_).copy(model().geometry()).allGray(); }));

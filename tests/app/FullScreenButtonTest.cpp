@@ -42,6 +42,48 @@ TEST_F(FullScreenButton, SpaceRunsAndStopsThere) {
   leaveFullScreen();
 }
 
+TEST_F(FullScreenButton, BringsTheViewToTheFrontWhileItFillsTheScreen) {
+  initialise();
+  enterFullScreen();
+  window_->raise();
+  window_->activateWindow();
+  ASSERT_TRUE(gui::waitUntil([this] { return window_->isActiveWindow(); }));
+  click("buttonFullScreen");
+  EXPECT_TRUE(gui::waitUntil([this] { return model().isActiveWindow() && model().hasFocus(); }));
+  leaveFullScreen();
+}
+
+TEST_F(FullScreenButton, LeavesALineInTheWindowThatSaysHowToComeBack) {
+  initialise();
+  EXPECT_FALSE(visible("fullScreenNote"));
+  enterFullScreen();
+  EXPECT_TRUE(visible("fullScreenNote"));
+  EXPECT_EQ(text("fullScreenNote"),
+            "The lattice fills the screen. Full Screen takes you there, Escape brings it back.");
+  const QWidget& note = control("fullScreenNote");
+  EXPECT_EQ(note.geometry(), QRect(11, 29, 624, 526));
+  EXPECT_LE(note.fontMetrics().horizontalAdvance(text("fullScreenNote")), note.width());
+  window_->resize(1300, 800);
+  EXPECT_TRUE(gui::waitUntil([&] { return note.geometry() == QRect(11, 29, 744, 566); }));
+  leaveFullScreen();
+  EXPECT_FALSE(visible("fullScreenNote"));
+}
+
+TEST_F(FullScreenButton, LeavesTheFocusOnRunOrStopWhicheverIsEnabled) {
+  initialise();
+  enterFullScreen();
+  leaveFullScreen();
+  EXPECT_TRUE(gui::waitUntil([this] { return control("buttonRunModel").hasFocus(); }));
+
+  enterFullScreen();
+  window_->activateWindow();
+  ASSERT_TRUE(gui::waitUntil([this] { return window_->isActiveWindow(); }));
+  click("buttonRunModel");
+  model().exitFullScreenMode();
+  EXPECT_TRUE(gui::waitUntil([this] { return control("buttonStopModel").hasFocus(); }));
+  EXPECT_EQ(model().varMyState, kRunning);
+}
+
 TEST_F(FullScreenButton, TheWindowIsAsBeforeAfterwards) {
   initialise();
   enterFullScreen();

@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QProcess>
 #include <QTest>
 
 #include "WindowTest.h"
@@ -22,6 +23,33 @@ class ModelControls : public WindowTest {
            !enabled("buttonStopModel");
   }
 };
+
+TEST_F(ModelControls, InitialiseAndRemakeHandTheFocusToRun) {
+  initialise();
+  EXPECT_TRUE(control("buttonRunModel").hasFocus());
+  control("textPixelName").setFocus();
+  click("buttonRemakeModel");
+  EXPECT_TRUE(control("buttonRunModel").hasFocus());
+  // So the next step is one key.
+  QTest::keyClick(window_->windowHandle(), Qt::Key_Space);
+  EXPECT_EQ(model().varMyState, kRunning);
+}
+
+TEST_F(ModelControls, AHeldSpaceBarPressesRunAndNotStopAfterIt) {
+  initialise();
+  const auto tool = [](const QStringList& arguments) { return QProcess::execute("xdotool", arguments); };
+  bool ran = false;
+  const auto stoppedAfterwards = [&] {
+    ran = ran || model().varMyState == kRunning;
+    return ran && model().varMyState != kRunning;
+  };
+  ASSERT_EQ(tool({"keydown", "space"}), 0);
+  // Repeats begin after two thirds of a second and come 25 times a second.
+  EXPECT_FALSE(gui::waitUntil(stoppedAfterwards, std::chrono::milliseconds(1500)));
+  ASSERT_EQ(tool({"keyup", "space"}), 0);
+  EXPECT_TRUE(gui::waitUntil([this] { return model().varMyState == kRunning; }));
+  EXPECT_FALSE(gui::waitUntil(stoppedAfterwards, std::chrono::milliseconds(300)));
+}
 
 TEST_F(ModelControls, SteppingChangesOnlyTheTextBesideIt) {
   Stepper& stepper = get<Stepper>("stepperNumPixelTypes");

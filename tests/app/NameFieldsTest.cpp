@@ -1,8 +1,13 @@
+#include <QAccessible>
 #include <QApplication>
+#include <QFile>
 #include <QKeyEvent>
+#include <QTemporaryDir>
 #include <QTest>
 
+#include "FilePanel.h"
 #include "WindowTest.h"
+#include "document/ModelDocument.h"
 
 namespace quorvane {
 namespace {
@@ -131,6 +136,137 @@ TEST_F(NameFields, TakePrintableAsciiOnly) {
     for (const char* letter : {"é", "€", "~", " ", "!", "\t", "b"}) typeLetter(field, letter);
     EXPECT_EQ(text(field), "a~ !b") << field;
   }
+}
+
+TEST_F(NameFields, ANameGoesToTheTypeOrRuleItWasTypedForWhereTheFocusStays) {
+  // Assistive programs and some desktops choose an item without a click that takes the focus.
+  const auto chooseWithoutFocus = [this](const char* listName, int item) {
+    list(listName).setCurrentIndex(item);
+    emit list(listName).activated(item);
+  };
+  type("textPixelName", "gas");
+  chooseWithoutFocus("listSelectPixelType", 2);
+  EXPECT_EQ(model().getPixelName(0), "gas");
+  EXPECT_EQ(model().getPixelName(2), "Pixel");
+  EXPECT_EQ(list("listSelectPixelType").currentText(), "2 - Pixel");
+  EXPECT_EQ(text("textPixelName"), "Pixel");
+
+  type("textSelectedRuleName", "diffuse");
+  chooseWithoutFocus("listSelectedRule", 0);
+  EXPECT_EQ(model().getRuleName(1), "diffuse");
+  EXPECT_EQ(model().getRuleName(0), "grow");
+  EXPECT_EQ(text("textSelectedRuleName"), "grow");
+}
+
+TEST_F(NameFields, ANameOfARuleIsKeptWhileOneOfATypeIsStored) {
+  get<QLineEdit>("textSelectedRuleName").setText("diffuse");
+  get<QLineEdit>("textPixelName").setText("gas");
+  click("buttonAddNewPixel");
+  EXPECT_EQ(model().getRuleName(1), "diffuse");
+  EXPECT_EQ(model().getPixelName(0), "gas");
+}
+
+TEST_F(NameFields, TakeWhatAnAssistiveProgramWrites) {
+  for (const char* field : {"textPixelName", "textSelectedRuleName"}) {
+    control(field).setFocus();
+    QAccessible::queryAccessibleInterface(&control(field))->setText(QAccessible::Value, "spoken");
+    QTest::keyClick(&control(field), Qt::Key_Return);
+  }
+  EXPECT_EQ(model().getPixelName(0), "spoken");
+  EXPECT_EQ(model().getRuleName(1), "spoken");
+}
+
+/// A document whose lines end as on another system, so that each name has a carriage return behind it.
+class NamesOfADocument : public WindowTest {
+ protected:
+  void SetUp() override {
+    WindowTest::SetUp();
+    ASSERT_TRUE(folder_.isValid());
+    auto source = std::make_unique<LatticeModel>();
+    source->initializeLatticeModel(2, 3, 3);
+    source->setPixelName(0, "soil\r");
+    source->setPixelName(1, "\x1b[1mgr\tass\x7f\r");
+    source->makeNewRule("grow\r", kIrreversibleFlip, 0, 1);
+    source->makeNewRule("die\r", kIrreversibleFlip, 1, 0);
+    QFile file(path("in.quorvane"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray::fromStdString(writeDocument(*source)));
+    file.close();
+    ASSERT_TRUE(gui::choosePath(get<QPushButton>("buttonOpenSystem"), path("in.quorvane")));
+    ASSERT_EQ(model().getPixelName(0), "soil\r");
+    ASSERT_EQ(model().getRuleName(1), "die\r");
+  }
+  QString path(const QString& name) const { return folder_.filePath(name); }
+
+  QTemporaryDir folder_;
+};
+
+TEST_F(NamesOfADocument, AreShownWithoutWhatCannotBeSeen) {
+  EXPECT_EQ(text("textPixelName"), "soil");
+  EXPECT_EQ(text("textSelectedRuleName"), "grow");
+  EXPECT_EQ(items("listSelectPixelType"), QStringList({"0 - soil", "1 - [1mgrass"}));
+  EXPECT_EQ(items("listSelectedRule"), QStringList({"0 - grow", "1 - die"}));
+  EXPECT_EQ(text("textSelectedRulePixelB"), "1 - [1mgrass");
+  choose("listSelectPixelType", "1 - [1mgrass");
+  EXPECT_EQ(text("textPixelName"), "[1mgrass");
+}
+
+TEST_F(NamesOfADocument, AreSavedAsTheyWereWhileNobodyEditsThem) {
+  for (const char* field : {"textPixelName", "textSelectedRuleName"}) {
+    gui::click(control(field), control(field).rect().center());
+    QTest::keyClick(&control(field), Qt::Key_Return);
+  }
+  choose("listSelectPixelType", "1 - [1mgrass");
+  choose("listSelectedRule", "1 - die");
+  ASSERT_TRUE(gui::choosePath(get<QPushButton>("buttonSaveSystem"), path("out.quorvane")));
+  QFile before(path("in.quorvane")), after(path("out.quorvane"));
+  ASSERT_TRUE(before.open(QIODevice::ReadOnly) && after.open(QIODevice::ReadOnly));
+  EXPECT_EQ(after.readAll(), before.readAll());
+}
+
+TEST_F(NamesOfADocument, AreStoredAtReturn) {
+  type("textPixelName", "earth");
+  QTest::keyClick(&control("textPixelName"), Qt::Key_Return);
+  EXPECT_EQ(model().getPixelName(0), "earth");
+  EXPECT_EQ(items("listSelectPixelType"), QStringList({"0 - earth", "1 - [1mgrass"}));
+  type("textSelectedRuleName", "spread");
+  QTest::keyClick(&control("textSelectedRuleName"), Qt::Key_Return);
+  EXPECT_EQ(model().getRuleName(0), "spread");
+  EXPECT_EQ(items("listSelectedRule"), QStringList({"0 - spread", "1 - die"}));
+}
+
+TEST_F(NamesOfADocument, AreStoredWhenTheFieldIsLeft) {
+  for (const char* field : {"textPixelName", "textSelectedRuleName"}) {
+    gui::click(control(field), control(field).rect().center());
+    QTest::keyClick(&control(field), Qt::Key_End);
+    QTest::keyClick(&control(field), Qt::Key_X);
+    QTest::keyClick(&control(field), Qt::Key_Tab);
+  }
+  EXPECT_EQ(model().getPixelName(0), "soilx");
+  EXPECT_EQ(model().getRuleName(0), "growx");
+}
+
+TEST_F(NamesOfADocument, AreStoredWhenAnotherTypeOrRuleIsChosen) {
+  type("textPixelName", "earth");
+  choose("listSelectPixelType", "1 - [1mgrass");
+  EXPECT_EQ(model().getPixelName(0), "earth");
+  EXPECT_EQ(model().getPixelName(1), "\x1b[1mgr\tass\x7f\r");
+  type("textSelectedRuleName", "spread");
+  choose("listSelectedRule", "1 - die");
+  EXPECT_EQ(model().getRuleName(0), "spread");
+  EXPECT_EQ(model().getRuleName(1), "die\r");
+}
+
+TEST_F(NamesOfADocument, AreStoredAtSave) {
+  type("textPixelName", "earth");
+  // The shortcut leaves the focus in the field.
+  control("buttonSaveSystem").setFocusPolicy(Qt::NoFocus);
+  ASSERT_TRUE(gui::choosePath(get<QPushButton>("buttonSaveSystem"), path("out.quorvane")));
+  EXPECT_EQ(model().getPixelName(0), "earth");
+  auto saved = std::make_unique<LatticeModel>();
+  ASSERT_EQ(openDocument(*saved, path("out.quorvane").toStdString()).status, OpenStatus::kOpened);
+  EXPECT_EQ(saved->getPixelName(0), "earth");
+  EXPECT_EQ(saved->getRuleName(0), "grow\r");
 }
 
 TEST_F(NameFields, AClickIntoThePromptLetsTypingReplaceIt) {

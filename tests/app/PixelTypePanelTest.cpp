@@ -38,6 +38,17 @@ TEST_F(PixelTypePanel, ListsTheTypesToPassForWithoutTheSelectedOne) {
   EXPECT_EQ(list("listMasqueradeType").currentText(), "1 - Pixel");
 }
 
+TEST_F(PixelTypePanel, FiguresReadAsPrintfReadsThem) {
+  initialise();
+  model().setPixelField(1, 0.0625);
+  model().setPixelPersistence(1, 0.3125);
+  model().setPixelAlpha(1, -0.0);
+  choose("listSelectPixelType", "1 - Pixel");
+  EXPECT_EQ(text("textPixelField"), "0.062");
+  EXPECT_EQ(text("textSelectedPixelPersistence"), "0.312");
+  EXPECT_EQ(text("textSelectedPixelTrans"), "-0.000");
+}
+
 TEST_F(PixelTypePanel, TickingMasqueradeStoresTheFirstOtherType) {
   initialise(4);
   click("checkMasqueradePixel");

@@ -4,6 +4,8 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
+#include <QProcessEnvironment>
+#include <QTcpServer>
 
 #include "GuiSupport.h"
 #include "PrintText.h"
@@ -73,6 +75,83 @@ class ApplicationProcess : public ::testing::Test {
   QString window_;
   qint64 millisecondsToWindow_ = 0;
 };
+
+/// What the application says on standard error in an environment in which it cannot open its window, in which
+/// it must end by itself within five seconds with the status 1.
+QStringList linesOfAFailedStart(const QProcessEnvironment& environment) {
+  QProcess process;
+  process.setProcessEnvironment(environment);
+  QElapsedTimer clock;
+  clock.start();
+  process.start(APPLICATION, {});
+  EXPECT_TRUE(process.waitForFinished(30'000));
+  EXPECT_LT(clock.elapsed(), 5'000);
+  EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(process.exitCode(), 1);
+  EXPECT_EQ(process.readAllStandardOutput(), QByteArray());
+  return QString::fromLocal8Bit(process.readAllStandardError()).split('\n', Qt::SkipEmptyParts);
+}
+
+QProcessEnvironment withoutDisplay() {
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_XCB_GL_INTEGRATION"})
+    environment.remove(name);
+  return environment;
+}
+
+QProcessEnvironment withDisplay(const QString& display) {
+  QProcessEnvironment environment = withoutDisplay();
+  environment.insert("DISPLAY", display);
+  return environment;
+}
+
+TEST(ApplicationStart, SaysInOneLineThatThereIsNoDisplay) {
+  const QStringList expected{"Quorvane needs a display: neither DISPLAY nor WAYLAND_DISPLAY is set"};
+  EXPECT_EQ(linesOfAFailedStart(withoutDisplay()), expected);
+  for (const char* platform : {"xcb", "wayland"}) {
+    QProcessEnvironment environment = withoutDisplay();
+    environment.insert("QT_QPA_PLATFORM", platform);
+    EXPECT_EQ(linesOfAFailedStart(environment), expected) << platform;
+  }
+}
+
+TEST(ApplicationStart, SaysInOneLineThatTheDisplayCannotBeReached) {
+  EXPECT_EQ(linesOfAFailedStart(withDisplay("no-display")),
+            QStringList("Quorvane needs a display: the X server of DISPLAY=no-display cannot be reached"));
+}
+
+TEST(ApplicationStart, SaysInOneLineThatTheCompositorCannotBeReached) {
+  QProcessEnvironment environment = withoutDisplay();
+  environment.insert("WAYLAND_DISPLAY", "no-display");
+  const QStringList lines = linesOfAFailedStart(environment);
+  ASSERT_EQ(lines.size(), 1) << lines.join('\n').toStdString();
+  EXPECT_TRUE(lines[0].startsWith("Quorvane needs a display: ")) << lines[0].toStdString();
+}
+
+TEST(ApplicationStart, SaysInOneLineThatTheServerOffersNoOpenGl) {
+  QProcess server;
+  server.setProcessChannelMode(QProcess::SeparateChannels);
+  server.start("Xvfb", {"-displayfd", "1", "-screen", "0", "640x480x24", "-extension", "GLX"});
+  ASSERT_TRUE(server.waitForReadyRead(10'000));
+  const QString display = ":" + QString(server.readLine()).trimmed();
+  EXPECT_EQ(linesOfAFailedStart(withDisplay(display)),
+            QStringList("Quorvane needs a display: the X server of DISPLAY=" + display +
+                        " offers no OpenGL (no GLX; QT_XCB_GL_INTEGRATION=xcb_egl tries to do without)"));
+  server.terminate();
+  EXPECT_TRUE(server.waitForFinished());
+}
+
+TEST(ApplicationStart, SaysInOneLineThatTheServerDoesNotAnswer) {
+  // A display of its own number that takes connections and says nothing.
+  QTcpServer silent;
+  int number = 200;
+  constexpr int firstPort = 6000, last = 260;
+  while (!silent.listen(QHostAddress::LocalHost, static_cast<quint16>(firstPort + number)) && number < last)
+    ++number;
+  ASSERT_TRUE(silent.isListening());
+  EXPECT_EQ(linesOfAFailedStart(withDisplay("127.0.0.1:" + QString::number(number))),
+            QStringList("Quorvane needs a display: the X server of DISPLAY does not answer"));
+}
 
 TEST_F(ApplicationProcess, ShowsItsWindowSoonAfterItsStart) {
   std::printf("from the start of the process to its window: %lld ms\n",

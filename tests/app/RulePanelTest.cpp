@@ -20,6 +20,13 @@ class RulePanel : public WindowTest {
   }
 };
 
+TEST_F(RulePanel, TheParameterReadsAsPrintfReadsIt) {
+  addRule("grow", "Irreversible Flip", "0 - Pixel", "1 - Pixel");
+  model().setRuleParam(0, 0.0625);
+  choose("listSelectedRule", "0 - grow");
+  EXPECT_EQ(text("textSelectedRuleParam"), "0.062");
+}
+
 TEST_F(RulePanel, RenamingRetitlesTheRuleAndKeepsItSelected) {
   addRule("grow", "Irreversible Flip", kAny, kAny);
   addRule("swap", "Swap", kAny, kAny);

@@ -104,6 +104,31 @@ TEST_F(FullScreen, LeavesOnceAndTellsOnce) {
   EXPECT_EQ(left.count(), 1);
 }
 
+TEST_F(FullScreen, ComesToTheFrontWhenItIsEnteredAgainFromBehindAnotherWindow) {
+  QSignalSpy entered(view_, &GraphicalLatticeModelGL::fullScreenEntered);
+  enter();
+  window_.raise();
+  window_.activateWindow();
+  ASSERT_TRUE(gui::waitUntil([&] { return window_.isActiveWindow(); }));
+  view_->enterFullScreenMode();
+  EXPECT_TRUE(gui::waitUntil([&] { return view_->isActiveWindow() && view_->hasFocus(); }));
+  EXPECT_TRUE(fillsScreen());
+  EXPECT_EQ(entered.count(), 1);
+  // On top, too: the screen shows the view where the window stands.
+  EXPECT_TRUE(gui::waitUntil([&] {
+    const QImage screenshot = view_->screen()->grabWindow(0).toImage().convertToFormat(QImage::Format_RGB32);
+    return bool(gui::samePixels(screenshot, gui::frameOf(*view_)));
+  }));
+}
+
+TEST_F(FullScreen, KnowsItsPlaceInTheWindowMeanwhile) {
+  enter();
+  EXPECT_EQ(view_->placeInWindow(), QRect(11, 29, 444, 566));
+  window_.resize(900, 700);
+  ASSERT_TRUE(gui::waitUntil([&] { return window_.size() == QSize(900, 700); }));
+  EXPECT_EQ(view_->placeInWindow(), QRect(11, 29, 344, 466));
+}
+
 TEST_F(FullScreen, KeepsTheTabOrder) {
   ASSERT_EQ(before_->nextInFocusChain(), view_);
   enter();

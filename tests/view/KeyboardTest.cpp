@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QProcess>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -84,6 +85,9 @@ TEST(Keyboard, TakesTheSpaceBarAndEscapeFromTheWindow) {
   auto view = viewWithKeys();
   QTest::keyClick(view->windowHandle(), Qt::Key_Space);
   EXPECT_EQ(view->varMyState, kRunning);
+  // A press in the millisecond of the last release counts as a repeat, and no finger is that fast.
+  constexpr int milliseconds = 5;
+  QTest::qWait(milliseconds);
   QTest::keyClick(view->windowHandle(), Qt::Key_Space);
   EXPECT_EQ(view->varMyState, kStopped);
   QTest::keyClick(view->windowHandle(), Qt::Key_A);
@@ -99,6 +103,47 @@ TEST(Keyboard, TakesAHeldSpaceBarForOnePress) {
   QApplication::sendEvent(view.get(), &repeat);
   EXPECT_EQ(view->varMyState, kRunning);
   view->stopLatticeModel();
+}
+
+/// A key of the space bar, with the time that the window system gives it.
+void sendSpace(QWidget& view, QEvent::Type type, quint64 milliseconds) {
+  QKeyEvent event(type, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "));
+  event.setTimestamp(milliseconds);
+  QApplication::sendEvent(&view, &event);
+}
+
+TEST(Keyboard, TakesAHeldSpaceBarForOnePressWhereRepeatsAreNotMarked) {
+  auto view = viewWithKeys();
+  sendSpace(*view, QEvent::KeyPress, 1000);
+  for (const quint64 time : {1660, 1700, 1740}) {
+    sendSpace(*view, QEvent::KeyRelease, time);
+    sendSpace(*view, QEvent::KeyPress, time);
+    EXPECT_EQ(view->varMyState, kRunning) << time;
+  }
+  sendSpace(*view, QEvent::KeyRelease, 1750);
+  sendSpace(*view, QEvent::KeyPress, 1751);
+  EXPECT_EQ(view->varMyState, kStopped);
+}
+
+TEST(Keyboard, TakesPressesWithoutATimeForPresses) {
+  auto view = viewWithKeys();
+  for (const int state : {kRunning, kStopped, kRunning, kStopped}) {
+    sendSpace(*view, QEvent::KeyPress, 0);
+    EXPECT_EQ(view->varMyState, state);
+    sendSpace(*view, QEvent::KeyRelease, 0);
+  }
+}
+
+TEST(Keyboard, TakesAKeyThatIsHeldOnTheWindowSystemForOnePress) {
+  auto view = viewWithKeys();
+  const auto tool = [](const QStringList& arguments) { return QProcess::execute("xdotool", arguments); };
+  ASSERT_EQ(tool({"keydown", "space"}), 0);
+  EXPECT_TRUE(gui::waitUntil([&] { return view->varMyState == kRunning; }));
+  // Repeats begin after two thirds of a second and come 25 times a second.
+  EXPECT_FALSE(gui::waitUntil([&] { return view->varMyState != kRunning; }, std::chrono::milliseconds(1500)));
+  ASSERT_EQ(tool({"keyup", "space"}), 0);
+  ASSERT_EQ(tool({"key", "space"}), 0);
+  EXPECT_TRUE(gui::waitUntil([&] { return view->varMyState == kStopped; }));
 }
 
 /// Notes the keys that its children pass on.

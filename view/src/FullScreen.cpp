@@ -7,18 +7,23 @@
 namespace quorvane {
 
 void GraphicalLatticeModelGL::enterFullScreenMode() {
-  if (fillsScreen_) return;
-  fillsScreen_ = true;
-  geometryInWindow_ = geometry();
-  predecessorInTabOrder_ = previousInFocusChain();
-  // Keeps the parent, and with it the view's life, while the view is a window of its own.
-  setWindowFlags(Qt::Window);
+  const bool enters = !fillsScreen_;
+  if (enters) becomeWindow();
   // Where no window manager obeys the request for full screen, the geometry alone fills the screen.
   setGeometry(QGuiApplication::primaryScreen()->geometry());
   showFullScreen();
   raise();
   activateWindow();
   setFocus(Qt::OtherFocusReason);
+  if (enters) emit fullScreenEntered();
+}
+
+void GraphicalLatticeModelGL::becomeWindow() {
+  fillsScreen_ = true;
+  geometryInWindow_ = geometry();
+  predecessorInTabOrder_ = previousInFocusChain();
+  // Keeps the parent, and with it the view's life, while the view is a window of its own.
+  setWindowFlags(Qt::Window);
 }
 
 void GraphicalLatticeModelGL::exitFullScreenMode() {

@@ -35,6 +35,7 @@ GraphicalLatticeModelGL::GraphicalLatticeModelGL(QWidget* parent) : QOpenGLWidge
   setFormat(surfaceFormat());
   if (acceptsFirstResponder()) setFocusPolicy(Qt::StrongFocus);
   connect(this, &QOpenGLWidget::frameSwapped, this, [this] { pacer_.frameEnds(); });
+  installEventFilter(&heldSpaceBar_);
   viewDidMoveToWindow();
   awakeFromNib();
 }

@@ -10,7 +10,7 @@ namespace {
 enum KeyCode { kNoKey = -1, kSpaceBar = 49, kEscape = 53 };
 
 KeyCode keyCodeOf(const QKeyEvent& event) {
-  // A key that is held down is one press.
+  // A key that is held down is one press; where repeats are not marked, HeldSpaceBar knows them.
   if (event.isAutoRepeat()) return kNoKey;
   if (event.key() == Qt::Key_Space) return kSpaceBar;
   return event.key() == Qt::Key_Escape ? kEscape : kNoKey;

@@ -23,11 +23,14 @@ void GraphicalLatticeModelGL::viewDidMoveToWindow() {
 }
 
 void GraphicalLatticeModelGL::windowResized() {
-  if (isWindow()) return;
-  const QSize frame = window()->size();
-  const QPoint topLeft = parentWidget()->mapFrom(window(), QPoint(kLeft, kTop));
+  if (!isWindow()) setGeometry(placeInWindow());
+}
+
+QRect GraphicalLatticeModelGL::placeInWindow() const {
+  const QWidget& frame = *parentWidget()->window();
+  const QPoint topLeft = parentWidget()->mapFrom(&frame, QPoint(kLeft, kTop));
   const QSize room(frame.width() - kRight - kLeft, frame.height() - kTop - kBottom);
-  setGeometry(QRect(topLeft, room.expandedTo(QSize(0, 0))));
+  return {topLeft, room.expandedTo(QSize(0, 0))};
 }
 
 bool GraphicalLatticeModelGL::eventFilter(QObject* watched, QEvent* event) {

@@ -93,6 +93,8 @@ class MainViewController : public QObject {
   void remake(int numTypes);
   void showRunningConfiguration();
   void showStoppedConfiguration();
+  /// Lets the one that is enabled have the focus: it is what the user wants next.
+  void focusRunOrStop();
 
   /// Hands names over that were typed and not yet handed to the model. A field does so when it loses the
   /// focus, but on some desktops a click on a button leaves the focus where it is.

@@ -27,10 +27,10 @@ class MainWindow : public QMainWindow {
 
  private:
   void keepRoomOfHiddenControls();
-  void acceptPrintableNamesOnly();
   void followRun();
   void showPlottedTypes();
 
+  HeldSpaceBar heldSpaceBar_;
   std::unique_ptr<Ui::MainWindow> ui_;
   std::unique_ptr<FontFit> fontFit_;
   std::unique_ptr<MainViewController> controller_;

@@ -10,8 +10,9 @@
 
 namespace quorvane {
 
-/// One line about the run: its state, the sweeps done, sweeps a second and the lattice's size, or a message
-/// in place of the figures. Follows the model four times a second.
+/// One line about the run: its state, the sweeps done, sweeps a second and the lattice's size, or what to do
+/// where there is no model yet. Follows the model four times a second. A message stands behind them, in place
+/// of the rate, until the user does the next thing in any window of the application, or for ten seconds.
 class StatusLine : public ElidedLabel {
   Q_OBJECT
 
@@ -22,9 +23,12 @@ class StatusLine : public ElidedLabel {
   void follow(const LatticeModel& model);
   /// Shows the state of the model at once.
   void refresh();
-  /// Shows a line beside the state until clearMessage.
+  /// Shows a line behind the figures.
   void showMessage(const QString& message);
   void clearMessage();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   struct Sample {
@@ -34,11 +38,13 @@ class StatusLine : public ElidedLabel {
 
   void measure();
   double sweepsPerSecond() const;
+  QString state() const;
   QString figures() const;
 
   const LatticeModel* model_ = nullptr;
   QString message_;
   QTimer timer_;
+  QTimer messageTimer_;
   QElapsedTimer clock_;
   /// The last second and a quarter of the run, oldest first; the rate is taken over all of them.
   std::array<Sample, 6> samples_{};

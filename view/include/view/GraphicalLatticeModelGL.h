@@ -7,6 +7,7 @@
 
 #include "model/LatticeModel.h"
 #include "view/FramePacer.h"
+#include "view/HeldSpaceBar.h"
 
 class QOpenGLFunctions_2_1;
 
@@ -39,6 +40,8 @@ class GraphicalLatticeModelGL : public QOpenGLWidget, public LatticeModel {
   /// A window too small for that leaves a view of width or height 0. No effect while the view fills the
   /// screen or is a window itself.
   void windowResized();
+  /// Where windowResized places the view in its parent, also while it fills the screen. Needs a parent.
+  QRect placeInWindow() const;
   /// Sets the viewport to the view's bounds in device pixels. Makes the view's context current; no effect
   /// while there is none.
   void reshape();
@@ -58,8 +61,8 @@ class GraphicalLatticeModelGL : public QOpenGLWidget, public LatticeModel {
   /// Obeys 49 (space: run or stop) and 53 (Escape: stop and leave) in full screen; drops any other key.
   void keyDown(int keyCode);
 
-  /// Lets the view fill the primary screen and take the keyboard. setFullScreen is the caller's. No effect
-  /// while it does already.
+  /// Lets the view fill the primary screen and take the keyboard. setFullScreen is the caller's. A view that
+  /// fills it already, perhaps behind another window, comes to the front.
   void enterFullScreenMode();
   /// Puts the view back into its window. No effect, and no fullScreenLeft, unless it fills the screen.
   void exitFullScreenMode();
@@ -67,6 +70,8 @@ class GraphicalLatticeModelGL : public QOpenGLWidget, public LatticeModel {
  signals:
   /// A frame has been drawn, on the main thread.
   void frameDrawn();
+  /// The view fills the screen.
+  void fullScreenEntered();
   /// The view is back in its window.
   void fullScreenLeft();
 
@@ -93,10 +98,12 @@ class GraphicalLatticeModelGL : public QOpenGLWidget, public LatticeModel {
   void paintSite(int i, int j);
   QPointF viewPoint(const QMouseEvent& event) const;
   void startRun();
+  void becomeWindow();
   void stopAndLeaveFullScreen();
 
   std::atomic<bool> redrawPending_{false};
   FramePacer pacer_;
+  HeldSpaceBar heldSpaceBar_;
   QPointer<QWidget> followedWindow_;
   bool fillsScreen_ = false;
   QRect geometryInWindow_;

@@ -1,0 +1,28 @@
+#include "app/NameField.h"
+
+#include "app/PrintableText.h"
+
+namespace quorvane {
+
+NameField::NameField(QWidget* parent) : QLineEdit(parent) {
+  setValidator(newPrintableValidator(this));
+  connect(this, &QLineEdit::editingFinished, this, &NameField::finishEditing);
+}
+
+void NameField::showName(int item, const std::string& name) {
+  item_ = item;
+  shown_ = printableText(name);
+  const int cursor = hasFocus() && text() == shown_ ? cursorPosition() : 0;
+  setText(shown_);
+  setCursorPosition(cursor);
+}
+
+void NameField::clearName() { showName(-1, {}); }
+
+void NameField::finishEditing() {
+  if (isEdited()) emit nameEdited();
+  // A field that is left shows its name from the beginning.
+  if (!hasFocus()) home(false);
+}
+
+}  // namespace quorvane
