@@ -8,8 +8,8 @@
 
 namespace quorvane {
 
-/// Where rows go as they come: standard output, a device or pipe, or a GrowingFile that takes the place of its
-/// target at the end. No signal ends the process in the middle of a row of a file.
+/// Where rows go as they come: standard output, a device or pipe, or a GrowingFile that takes the place of
+/// its target at the end. No signal ends the process in the middle of a row of a file.
 class RowWriter {
  public:
   /// Makes the growing file. Throws BatchFailure, as write and finish do.

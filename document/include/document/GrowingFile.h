@@ -20,7 +20,8 @@ class GrowingFile {
   GrowingFile(const GrowingFile&) = delete;
   GrowingFile& operator=(const GrowingFile&) = delete;
 
-  /// Makes the file, empty, with the permissions of an existing target. Once only. A pipe waits for its reader.
+  /// Makes the file, empty, with the permissions of an existing target. Once only. A pipe waits for its
+  /// reader.
   std::error_code open(const std::filesystem::path& target);
 
   /// Hands the text to the system, so that it stays whatever becomes of this process. On failure the file
