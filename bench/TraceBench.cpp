@@ -38,6 +38,13 @@ void sweep(benchmark::State& state, const std::string& name) {
   state.counters["items"] = kSweeps * kAttempts;
 }
 
+/// The same without the traces, as the runner makes them where no picture is asked for.
+void sweepWithoutTraces(benchmark::State& state, const std::string& name) {
+  const auto model = tracedModel(caseOf(name));
+  for (auto _ : state) model->runSweeps(kSweeps, Traces::kLeftAlone);
+  state.counters["items"] = kSweeps * kAttempts;
+}
+
 void traceUpdate(benchmark::State& state) {
   const auto model = tracedModel(caseOf(kTwoTypes));
   for (auto _ : state) {
@@ -71,8 +78,10 @@ void repeated(const std::string& name, int iterations, Args&&... args) {
 }  // namespace
 
 void registerTraceBenchmarks() {
-  for (const SweepGoal& goal : sweepGoals())
+  for (const SweepGoal& goal : sweepGoals()) {
     repeated("Sweep/" + std::string(goal.name), 2, sweep, std::string(goal.name));
+    repeated("SweepWithoutTraces/" + std::string(goal.name), 2, sweepWithoutTraces, std::string(goal.name));
+  }
   repeated("TraceUpdate", 100, traceUpdate);
   repeated("TraceUpdateOfVanishedType", 100, traceUpdateOfVanishedType);
 }

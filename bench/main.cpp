@@ -36,6 +36,8 @@ void printOthers(const RatioReporter& reporter) {
   print("Draw", "ReferenceDraw");
   for (const auto& goal : quorvane::goals())
     print(std::string("Attempt/") + goal.name, std::string("ReferenceAttempt/") + goal.name);
+  for (const auto& goal : quorvane::sweepGoals())
+    print(std::string("SweepWithoutTraces/") + goal.name, std::string("Sweep/") + goal.name);
   print("TraceUpdateOfVanishedType", "TraceUpdate");
   std::printf("\nMilliseconds of the largest document, 256 x 256 sites (goal 10)\n");
   for (const char* of : {"WriteText", "ReadText", "Save", "Open"})

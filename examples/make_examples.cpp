@@ -6,6 +6,7 @@
 
 #include "Designs.h"
 #include "document/ModelDocument.h"
+#include "engine/f_ran0.h"
 
 namespace quorvane {
 namespace {
@@ -50,6 +51,7 @@ bool save(const Example& example, const std::filesystem::path& folder) {
 }  // namespace quorvane
 
 int main(int argc, char** argv) {
+  quorvane::processRandomSource.lookAtPlatform();
   if (argc != 2) {
     std::cerr << "usage: make_examples FOLDER\n";
     return 2;

@@ -11,6 +11,7 @@
 #include "app/AppDelegate.h"
 #include "app/DisplayCheck.h"
 #include "app/MainWindow.h"
+#include "engine/f_ran0.h"
 
 namespace {
 
@@ -27,6 +28,8 @@ void returnLargeBuffers() {
 
 int main(int argc, char** argv) {
   using namespace quorvane;
+  // First of all: later on other threads may use the C library's generator.
+  processRandomSource.lookAtPlatform();
   returnLargeBuffers();
   // The format of every context, so it has to be known before the application object.
   QSurfaceFormat::setDefaultFormat(GraphicalLatticeModelGL::surfaceFormat());

@@ -73,7 +73,9 @@ same number of sweeps give the same bytes, here and in the window.
 constexpr const char* kFooter =
     R"(A file "-" is standard input for DOCUMENT and standard output for --output,
 --populations or --picture; one of them only. Progress and messages go to standard
-error. Existing files are replaced, but never left half written.
+error. Existing files are replaced, but never left half written. Rows of
+--populations gather beside their FILE in .FILE.quorvane-PID.partial, which stays
+where the run is killed or fails.
 
 Ctrl-C (SIGINT) or SIGTERM stops the run after a whole sweep; what you asked for is
 then written as it stands. A second one ends the program at once.

@@ -52,6 +52,11 @@ std::int64_t sweepsAtOnce(const BatchOptions& options, std::int64_t done) {
   return std::min({most, untilRecord, options.sweeps - done});
 }
 
+/// Only pictures show the traces.
+Traces tracesFor(const BatchOptions& options) {
+  return options.picture || options.frames ? Traces::kUpdated : Traces::kLeftAlone;
+}
+
 /// Makes the sweeps, or fewer where a signal asks for it. The number of sweeps made.
 std::int64_t run(LatticeModel& model, const BatchOptions& options, Recorder& recorder) {
   Progress progress(options.sweeps, writesToStandardOutput(options));
@@ -61,7 +66,7 @@ std::int64_t run(LatticeModel& model, const BatchOptions& options, Recorder& rec
     if (last) return done;
     progress.show(done);
     const std::int64_t count = sweepsAtOnce(options, done);
-    model.runSweeps(count);
+    model.runSweeps(count, tracesFor(options));
     done += count;
     recorder.keepUp();
   }
@@ -76,31 +81,47 @@ void writeResults(const LatticeModel& model, const BatchOptions& options, Record
   if (options.picture) writeOutput(*options.picture, picture);
 }
 
+/// Which file a failure is about, and why.
+std::string lineOf(const std::exception& error, const BatchOptions& options) {
+  if (dynamic_cast<const BatchFailure*>(&error) != nullptr) return error.what();
+  return options.document.string() + ": " + error.what();
+}
+
+std::string whereRowsAre(const std::filesystem::path& left) {
+  return left.empty() ? "" : " (the rows so far are in " + left.string() + ")";
+}
+
+/// The number of sweeps made.
+std::int64_t runAndWrite(LatticeModel& model, const BatchOptions& options) {
+  Recorder recorder(model, options);
+  try {
+    const std::int64_t done = run(model, options, recorder);
+    writeResults(model, options, recorder);
+    return done;
+  } catch (const std::exception& error) {
+    throw BatchFailure(lineOf(error, options) + whereRowsAre(recorder.leaveRows()));
+  }
+}
+
 ExitStatus openAndRun(const BatchOptions& options, std::ostream& err) {
   const auto model = openModel(options.document);
   watchStopSignals();
   checkOutputs(options);
-  Recorder recorder(*model, options);
-  const std::int64_t done = run(*model, options, recorder);
-  const int signal = stopSignal();
-  writeResults(*model, options, recorder);
+  const std::int64_t done = runAndWrite(*model, options);
   if (done == options.sweeps) return kExitDone;
   err << "quorvane-batch: stopped after " << done << " of " << options.sweeps << " sweeps\n";
-  return signal == SIGTERM ? kExitTerminated : kExitInterrupted;
+  return stopSignal() == SIGTERM ? kExitTerminated : kExitInterrupted;
 }
 
 }  // namespace
 
 ExitStatus runBatch(const BatchOptions& options, std::ostream& err) {
-  constexpr const char* program = "quorvane-batch: ";
   try {
     return openAndRun(options, err);
-  } catch (const BatchFailure& failure) {
-    err << program << failure.what() << '\n';
   } catch (const std::exception& error) {
-    err << program << options.document.string() << ": " << error.what() << '\n';
+    err << "quorvane-batch: " << lineOf(error, options) << '\n';
+    return kExitFailed;
   }
-  return kExitFailed;
 }
 
 }  // namespace quorvane

@@ -28,6 +28,7 @@ void watchStopSignals() {
   handle(SIGINT, onStopSignal);
   handle(SIGTERM, onStopSignal);
   handle(SIGPIPE, SIG_IGN);
+  handle(SIGXFSZ, SIG_IGN);
 }
 
 void endBySignal(int signal) {

@@ -4,10 +4,8 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <optional>
 #include <system_error>
 
-#include "batch/StopSignals.h"
 #include "document/AtomicFile.h"
 
 namespace quorvane {
@@ -27,7 +25,6 @@ void writeStandardOutput(std::string_view content) {
   }
 }
 
-/// A device or a pipe may never take what is written to it, and leaves no temporary file.
 bool isDevice(const std::filesystem::path& target) {
   std::error_code error;
   const auto status = std::filesystem::status(target, error);
@@ -58,10 +55,14 @@ void checkOutput(const std::filesystem::path& target) {
   if (const auto error = checkFileCanBeWritten(target)) throw BatchFailure(target.string(), error.message());
 }
 
+std::optional<SignalsHeld> signalsHeldFor(const std::filesystem::path& target) {
+  if (isDevice(target)) return std::nullopt;
+  return std::optional<SignalsHeld>(std::in_place);
+}
+
 void writeOutput(const std::filesystem::path& target, std::string_view content) {
   if (isStandardStream(target)) return writeStandardOutput(content);
-  std::optional<SignalsHeld> held;
-  if (!isDevice(target)) held.emplace();
+  const auto held = signalsHeldFor(target);
   if (const auto error = writeFileAtomically(target, content))
     throw BatchFailure(target.string(), error.message());
 }

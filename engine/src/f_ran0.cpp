@@ -26,10 +26,18 @@ std::ptrdiff_t AdditiveFeedback::rewind(std::ptrdiff_t end) {
   return kLag;
 }
 
+void RandomSource::lookAtPlatform() {
+  if (looked_) return;
+  own_ = yieldsAdditiveFeedback(platform_, seed);
+  looked_ = true;
+}
+
 void RandomSource::initialise() {
-  own_ = platformIsKnown();
-  platform_.srand(static_cast<unsigned>(seed.load()));
-  generator_.seed(seed);
+  lookAtPlatform();
+  if (own_)
+    generator_.seed(seed);
+  else
+    platform_.srand(static_cast<unsigned>(seed.load()));
   seed = 1;
   for (std::uint32_t k = 1; k <= kSlots; ++k) draw();
   for (std::uint32_t k = 1; k <= kSlots; ++k) v[k] = entryOf(2 * draw());
@@ -42,17 +50,6 @@ std::uint32_t RandomSource::take(Entry fresh) {
   y = place;
   place = fresh;
   return twiceOf(y) >> 1;
-}
-
-bool RandomSource::platformIsKnown() {
-  // More than enough for every word of the state to have gone through the feedback many times.
-  constexpr int compared = 2000;
-  platform_.srand(static_cast<unsigned>(seed.load()));
-  generator_.seed(seed);
-  bool same = true;
-  for (int k = 0; k < compared; ++k)
-    if (generator_.next() != static_cast<std::uint32_t>(platform_.rand())) same = false;
-  return same;
 }
 
 }  // namespace quorvane

@@ -78,22 +78,22 @@ SystemArrays LatticeModel::arrays() {
 void LatticeModel::sweepWhileRunning() {
   Sweeper sweeper(arrays());
   while (varMyState == kRunning) {
-    sweepWithHistory(sweeper);
+    makeSweep(sweeper, Traces::kUpdated);
     requestRedrawFromRunLoop();
     waitAfterSweep();
   }
 }
 
-void LatticeModel::runSweeps(std::int64_t count) {
+void LatticeModel::runSweeps(std::int64_t count, Traces traces) {
   varMyState = kRunning;
   Sweeper sweeper(arrays());
-  for (; count > 0 && varMyState == kRunning; --count) sweepWithHistory(sweeper);
+  for (; count > 0 && varMyState == kRunning; --count) makeSweep(sweeper, traces);
   if (varMyState == kRunning) stopLatticeModel();
 }
 
-void LatticeModel::sweepWithHistory(Sweeper& sweeper) {
+void LatticeModel::makeSweep(Sweeper& sweeper, Traces traces) {
   sweeper.sweep(varMyState, kRunning);
-  updateHistory();
+  if (traces == Traces::kUpdated) updateHistory();
   sweepsDone_ = sweepsDone_ + 1;
 }
 

@@ -14,6 +14,7 @@
 #include "RunLoopThreads.h"
 #include "SystemReport.h"
 #include "app/DoubleSlider.h"
+#include "engine/f_ran0.h"
 
 namespace quorvane {
 namespace {
@@ -83,6 +84,7 @@ int run(const QStringList& arguments) {
 }  // namespace quorvane
 
 int main(int argc, char** argv) {
+  quorvane::processRandomSource.lookAtPlatform();
   QSurfaceFormat::setDefaultFormat(quorvane::GraphicalLatticeModelGL::surfaceFormat());
   QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   const QApplication application(argc, argv);

@@ -5,8 +5,10 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
 #include <csignal>
+#include <cstring>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
@@ -70,6 +72,14 @@ Finished BatchProcess::wait() {
 
 Finished runBatchProgram(const std::vector<std::string>& arguments, const std::string& input) {
   return BatchProcess(arguments, input).wait();
+}
+
+std::string whyNoTerminal() {
+  int ends[2];
+  if (::openpty(&ends[0], &ends[1], nullptr, nullptr, nullptr) != 0)
+    return std::string("no terminal can be had: ") + std::strerror(errno);
+  for (const int end : ends) ::close(end);
+  return {};
 }
 
 Finished runBatchProgramOnTerminal(const std::vector<std::string>& arguments) {

@@ -30,6 +30,7 @@ class BatchProcess {
   BatchProcess(const BatchProcess&) = delete;
   BatchProcess& operator=(const BatchProcess&) = delete;
 
+  pid_t id() const { return process_; }
   void signal(int number) const;
   Finished wait();
 
@@ -40,6 +41,9 @@ class BatchProcess {
 
 /// Runs quorvane-batch until it ends.
 Finished runBatchProgram(const std::vector<std::string>& arguments, const std::string& input = {});
+
+/// Why no terminal can be had here, as in some containers; empty where one can.
+std::string whyNoTerminal();
 
 /// Runs quorvane-batch with everything on a terminal; out is what the terminal received.
 Finished runBatchProgramOnTerminal(const std::vector<std::string>& arguments);

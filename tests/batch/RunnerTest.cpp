@@ -156,6 +156,7 @@ TEST_F(Runner, FailsWhereAnOutputFillsUp) {
 }
 
 TEST_F(Runner, ShowsItsProgressOnATerminalOnly) {
+  if (const auto why = whyNoTerminal(); !why.empty()) GTEST_SKIP() << why;
   const std::vector<std::string> arguments = {document_, "--sweeps", "1000"};
   EXPECT_THAT(runBatchProgramOnTerminal(arguments).out, HasSubstr("sweep 0 of 1000"));
   EXPECT_EQ(runBatchProgramOnTerminal(arguments).status, 0);

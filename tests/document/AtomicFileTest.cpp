@@ -1,13 +1,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <fstream>
 
 #include "DocumentSupport.h"
+#include "FileSizeLimit.h"
 #include "document/AtomicFile.h"
 
 namespace quorvane {
@@ -24,25 +23,6 @@ mode_t permissionsOf(const fs::path& file) {
   EXPECT_EQ(::stat(file.c_str(), &status), 0);
   return status.st_mode & 07777;
 }
-
-/// Files may not grow beyond some bytes while it lives.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) {
-    ::getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit limit{bytes, before_.rlim_max};
-    handler_ = std::signal(SIGXFSZ, SIG_IGN);
-    ::setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FileSizeLimit() {
-    ::setrlimit(RLIMIT_FSIZE, &before_);
-    std::signal(SIGXFSZ, handler_);
-  }
-
- private:
-  rlimit before_;
-  void (*handler_)(int);
-};
 
 TEST(AtomicFile, WritesANewFileWithTheUsualPermissions) {
   const TemporaryFolder folder;

@@ -10,6 +10,7 @@
 #include <stdexcept>
 
 #include "GuideCamera.h"
+#include "engine/f_ran0.h"
 
 namespace quorvane {
 namespace {
@@ -130,6 +131,7 @@ int makeAll(const Album& album) {
 }  // namespace quorvane
 
 int main(int argc, char** argv) {
+  quorvane::processRandomSource.lookAtPlatform();
   QSurfaceFormat::setDefaultFormat(quorvane::GraphicalLatticeModelGL::surfaceFormat());
   QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   const QApplication application(argc, argv);

@@ -317,6 +317,51 @@ TEST(RunLoop, RunningSweepsMakesExactlyAsManyAndEndsStopped) {
   EXPECT_EQ(model->sweepsDone(), 17);
 }
 
+TEST(RunLoop, SweepsThatLeaveTheTracesAloneMakeTheSameSitesAndDraws) {
+  const auto run = [](Traces traces) {
+    processRandomSource = RandomSource();
+    auto model = makeModel(3, 20, 20);
+    for (int type = 0; type < 3; ++type) model->setPixelPersistence(type, 0.5);
+    model->makeNewRule(SharedName("swap"), 2, -1, -1);
+    model->setRuleParam(0, 0.7);
+    model->runSweeps(25, traces);
+    return model;
+  };
+  const auto with = run(Traces::kUpdated);
+  const double next = fRandReal();
+  const auto without = run(Traces::kLeftAlone);
+  EXPECT_EQ(fRandReal(), next);
+  int moved = 0;
+  const auto start = makeModel(3, 20, 20);
+  processRandomSource = RandomSource();
+  start->initializeLatticeModel(3, 20, 20);
+  for (int i = 0; i < 20; ++i)
+    for (int j = 0; j < 20; ++j) {
+      ASSERT_EQ(without->getSiteValue(i, j), with->getSiteValue(i, j));
+      const int begun = start->getSiteValue(i, j);
+      if (without->getSiteValue(i, j) != begun) ++moved;
+      for (int type = 0; type < 3; ++type)
+        ASSERT_EQ(without->varMobileHistory[type][i][j], type == begun ? 1.0 : 0.0) << "a trace was updated";
+    }
+  EXPECT_GT(moved, 100);
+  EXPECT_GT(with->varMobileHistoryMax[0], 1.0);
+  EXPECT_EQ(without->sweepsDone(), 25);
+  EXPECT_EQ(without->varMyState, kStopped);
+}
+
+TEST(RunLoop, SweepsThatLeaveTheTracesAloneObeyAStop) {
+  auto model = makeModel(2, 256, 256);
+  std::thread other([&] {
+    EXPECT_TRUE(waitUntil([&] { return model->sweepsDone() > 2; }));
+    model->stopLatticeModel();
+  });
+  constexpr std::int64_t forever = std::numeric_limits<std::int64_t>::max();
+  model->runSweeps(forever, Traces::kLeftAlone);
+  other.join();
+  EXPECT_GT(model->sweepsDone(), 2);
+  EXPECT_EQ(model->varMyState, kStopped);
+}
+
 TEST(RunLoop, RunningSweepsEqualsTheLoopsOwn) {
   // Both make the same number of draws a sweep, so a loop stopped in its wait stands where runSweeps would.
   auto model = makeModel(2, 30, 30);

@@ -29,14 +29,15 @@ TEST(PopulationTable, CountsTheSitesOfEachType) {
   EXPECT_EQ(table.csv(), "sweep,\"a\",\"b\",\"c\"\n0,1,0,3\n5000000000,0,1,3\n");
 }
 
-TEST(PopulationTable, GivesEachRowOnceToWhoTakesThem) {
+TEST(PopulationTable, HoldsOnlyTheRowsSinceItWasCleared) {
   const auto model = twoByTwo();
   PopulationTable table(*model);
   table.addRow(*model, 0);
-  EXPECT_EQ(table.take(), "sweep,\"a\",\"b\",\"c\"\n0,1,0,3\n");
-  EXPECT_EQ(table.take(), "");
+  EXPECT_EQ(table.csv(), "sweep,\"a\",\"b\",\"c\"\n0,1,0,3\n");
+  table.clear();
+  EXPECT_EQ(table.csv(), "");
   table.addRow(*model, 1);
-  EXPECT_EQ(table.take(), "1,1,0,3\n");
+  EXPECT_EQ(table.csv(), "1,1,0,3\n");
 }
 
 TEST(PopulationTable, QuotesNames) {

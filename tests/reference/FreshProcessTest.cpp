@@ -27,6 +27,12 @@ TEST(FreshProcess, DrawsTheSameThreeValuesFirst) {
               ElementsAre(0.32136549381539226, 0.84746248042210937, 0.35341121396049857));
 }
 
+TEST(FreshProcess, DrawsTheSameWhileAnotherThreadDrawsFromTheCLibrary) {
+  const auto undisturbed = firstDraws("engine", 1000);
+  constexpr int starts = 20;
+  for (int start = 0; start < starts; ++start) ASSERT_EQ(firstDraws("disturbed", 1000), undisturbed);
+}
+
 TEST(FreshProcess, DrawsWhatAnotherFreshProcessDraws) {
   const auto draws = firstDraws("engine", 10'000);
   ASSERT_EQ(draws.size(), 10'000u);

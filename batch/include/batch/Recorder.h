@@ -2,10 +2,12 @@
 
 #include <chrono>
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 
 #include "batch/CommandLine.h"
 #include "batch/FrameFolder.h"
+#include "batch/RowWriter.h"
 #include "output/PopulationTable.h"
 
 namespace quorvane {
@@ -14,25 +16,35 @@ namespace quorvane {
 std::string pictureOf(const LatticeModel& model, const BatchOptions& options);
 
 /// What is recorded of a run while it goes on: rows of populations and frames, both of the same sweeps.
-/// Frames are on the disk at once. Rows for standard output wait a tenth of a second at most, those for a
-/// file until it is written as a whole.
+/// Frames are on the disk at once. Rows wait a tenth of a second at most, and never more of them than some
+/// ten kilobytes, so a long run keeps no more in memory than a short one. A file of rows takes the place of
+/// its target only at the end of the run; a run that fails or is killed later than at its start leaves it
+/// where it grew, with the rows so far.
 class Recorder {
  public:
   /// Makes the folder of the frames. Throws BatchFailure, as record does, where something cannot be written.
   Recorder(const LatticeModel& model, const BatchOptions& options);
 
   void record(std::int64_t sweep);
-  /// To be called every few sweeps: shows the rows that have waited long enough.
+  /// To be called every few sweeps: writes the rows that have waited long enough.
   void keepUp();
-  /// Writes the rows that are left.
+  /// Writes the rows that are left, and puts their file in its place.
   void finish();
 
+  /// For a run that has failed: saves the rows that wait, as far as possible, in the file that stays behind.
+  /// Its path; empty if no file stays.
+  std::filesystem::path leaveRows();
+
  private:
+  void writeRows();
+
   const LatticeModel& model_;
   const BatchOptions& options_;
   std::optional<FrameFolder> frames_;
   std::optional<PopulationTable> table_;
-  std::chrono::steady_clock::time_point nextStreaming_;
+  std::optional<RowWriter> rows_;
+  std::int64_t lastSweep_ = 0;
+  std::chrono::steady_clock::time_point nextWriting_;
 };
 
 }  // namespace quorvane

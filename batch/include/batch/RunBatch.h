@@ -11,9 +11,10 @@ namespace quorvane {
 ///
 /// A failure writes one line "quorvane-batch: FILE: why" to err, with "line N: " before the why where a line
 /// of the document is at fault. Nothing runs if the document is not whole or an output cannot be written, and
-/// no file is ever half written. Once the document is open, watchStopSignals holds: a run that a signal stops
-/// ends with the sweep it is in, writes what was asked for as it stands and says in one line to err how many
-/// sweeps it made.
+/// no file that was asked for is ever half written; the line also names the file with the rows of populations
+/// so far, where one stays behind. Once the document is open, watchStopSignals holds: a run that a signal
+/// stops ends with the sweep it is in, writes what was asked for as it stands and says in one line to err how
+/// many sweeps it made.
 ExitStatus runBatch(const BatchOptions& options, std::ostream& err);
 
 }  // namespace quorvane

@@ -6,7 +6,8 @@
 namespace quorvane {
 
 /// From now on the first of these signals only asks the run to stop, and the second ends the process at once.
-/// A reader of standard output that goes away ends it no more (no SIGPIPE): the next write fails instead.
+/// A reader that goes away (SIGPIPE) or a file that may grow no larger (SIGXFSZ) ends it no more: the write
+/// fails instead.
 void watchStopSignals();
 
 /// The signal that asked the run to stop, 0 while none has.

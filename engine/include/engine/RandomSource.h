@@ -2,8 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 
+#include "engine/PlatformRand.h"
 #include "engine/Relaxed.h"
 
 namespace quorvane {
@@ -67,18 +67,12 @@ class AdditiveFeedback {
   Relaxed<std::uint32_t> end_ = kLag;
 };
 
-/// The C library's generator; replaced only by tests.
-struct PlatformRand {
-  void (*srand)(unsigned) = &std::srand;
-  int (*rand)() = &std::rand;
-};
-
 /// A shuffle table of 97 slots in front of the C library's generator (Bays and Durham, ACM Trans. Math.
 /// Software 2, 59, 1976; `ran0` of Press et al., Numerical Recipes, 1986), seeded with 10 at the first draw.
 ///
 /// Yields bit for bit what `srand(10)` and `rand()` would yield through the table. Where the C library's
 /// generator is glibc's, the values come from `AdditiveFeedback`, because other code in the process (a
-/// graphics driver, say) may call `srand` and `rand` too; the first draw checks this, and where the generator
+/// graphics driver, say) may call `srand` and `rand` too; lookAtPlatform checks this, and where the generator
 /// is another, draws come from `rand` itself.
 class RandomSource {
  public:
@@ -133,6 +127,11 @@ class RandomSource {
     std::uint64_t y_;
   };
 
+  /// Finds out whether the platform's generator is the one computed here, if nobody has yet; the first draw
+  /// does so at the latest. Draws nothing from the source. Where other threads use the platform's generator
+  /// the answer takes longer, so a program asks before there are any.
+  void lookAtPlatform();
+
   /// Seeds the source if nothing has drawn from it yet.
   void start() {
     if (iff == 0) [[unlikely]]
@@ -145,7 +144,7 @@ class RandomSource {
     return static_cast<std::uint32_t>(slotOf(entryOf(2 * y)));
   }
 
-  /// True once the first draw has found the platform's generator to be the one computed here.
+  /// True once the platform's generator has been found to be the one computed here.
   bool drawsItself() const { return own_; }
 
  private:
@@ -164,10 +163,10 @@ class RandomSource {
   std::uint32_t draw() { return own_ ? generator_.next() : static_cast<std::uint32_t>(platform_.rand()); }
   std::uint32_t take(Entry fresh);
   void initialise();
-  bool platformIsKnown();
 
   PlatformRand platform_;
   AdditiveFeedback generator_;
+  Relaxed<bool> looked_;
   Relaxed<bool> own_;
   Relaxed<int> seed = 10;
   Relaxed<int> iff;

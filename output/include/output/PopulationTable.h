@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <string>
-#include <utility>
 
 #include "model/LatticeModel.h"
 
@@ -15,9 +14,10 @@ class PopulationTable {
   explicit PopulationTable(const LatticeModel& model);
 
   void addRow(const LatticeModel& model, std::int64_t sweep);
-  /// What was added since the last take, whole rows.
+  /// What was added since the last clear, whole rows.
   const std::string& csv() const { return csv_; }
-  std::string take() { return std::exchange(csv_, {}); }
+  /// Keeps the memory for the rows to come.
+  void clear() { csv_.clear(); }
 
  private:
   std::string csv_;
