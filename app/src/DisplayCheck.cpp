@@ -1,12 +1,12 @@
 #include "app/DisplayCheck.h"
 
-#include <csignal>
 #include <unistd.h>
 #include <xcb/xcb.h>
 
 #include <QDebug>
 #include <QStringList>
 #include <QtGlobal>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>

@@ -1,5 +1,3 @@
-#include "app/FixedDecimals.h"
-
 #include <gtest/gtest.h>
 
 #include <bit>
@@ -10,6 +8,7 @@
 #include <random>
 
 #include "PrintText.h"
+#include "app/FixedDecimals.h"
 
 namespace quorvane {
 namespace {

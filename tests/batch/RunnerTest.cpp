@@ -62,6 +62,18 @@ TEST_F(Runner, GivesTheSameBytesEveryTime) {
   EXPECT_EQ(run(), first);
 }
 
+TEST_F(Runner, GivesTheSameDocumentAndRowsWhetherOrNotAPictureShowsTheTraces) {
+  const auto run = [&](std::vector<std::string> more) {
+    more.insert(more.begin(),
+                {kExample, "--sweeps", "20", "--output", output_, "--populations", populations_});
+    EXPECT_EQ(runBatchProgram(more).status, 0);
+    return contentOf(output_) + contentOf(populations_);
+  };
+  const std::string plain = run({});
+  EXPECT_EQ(run({"--picture", picture_}), plain);
+  EXPECT_EQ(run({"--frames", folder_ / "film", "--every", "1"}), plain);
+}
+
 TEST_F(Runner, WritesThePopulationsOfTheFirstEveryKthAndTheLastSweep) {
   ASSERT_EQ(
       runBatchProgram({kExample, "--sweeps", "10", "--populations", populations_, "--every", "4"}).status, 0);

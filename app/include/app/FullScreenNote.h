@@ -6,7 +6,8 @@
 
 namespace quorvane {
 
-/// Stands where the lattice view was while the view fills the screen, and says where it is and how it comes back.
+/// Stands where the lattice view was while the view fills the screen, and says where it is and how it comes
+/// back.
 class FullScreenNote : public QLabel {
   Q_OBJECT
 

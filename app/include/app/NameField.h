@@ -13,8 +13,8 @@ class NameField : public QLineEdit {
  public:
   explicit NameField(QWidget* parent = nullptr);
 
-  /// Shows the name of an item from its beginning. Where the user is in the field and the name is what it shows
-  /// already, the cursor stays.
+  /// Shows the name of an item from its beginning. Where the user is in the field and the name is what it
+  /// shows already, the cursor stays.
   void showName(int item, const std::string& name);
   /// Shows the name of no item.
   void clearName();

@@ -4,8 +4,8 @@
 #include <QValidator>
 #include <string>
 
-/// Names as the window shows and takes them: printable ASCII, blank to tilde. A document holds nothing else that
-/// can be seen, and a save must not fail on a name typed here.
+/// Names as the window shows and takes them: printable ASCII, blank to tilde. A document holds nothing else
+/// that can be seen, and a save must not fail on a name typed here.
 namespace quorvane {
 
 /// The text without every other character, such as the carriage return that a document of another system
