@@ -77,22 +77,46 @@ SystemArrays LatticeModel::arrays() {
 
 void LatticeModel::sweepWhileRunning() {
   Sweeper sweeper(arrays());
-  while (varMyState == kRunning) {
-    sweepWithHistory(sweeper);
+  while (sweepIfRunning(sweeper)) {
     requestRedrawFromRunLoop();
     waitAfterSweep();
   }
 }
 
+bool LatticeModel::sweepIfRunning(Sweeper& sweeper) {
+  // Counted before the state is read: who has stopped the run and then counts no loop here sees none begin.
+  loopsInASweep_.fetch_add(1, std::memory_order_acq_rel);
+  const bool running = varMyState == kRunning;
+  if (running) sweepWithHistory(sweeper, kRunning);
+  loopsInASweep_.fetch_sub(1, std::memory_order_acq_rel);
+  loopsInASweep_.notify_all();
+  return running;
+}
+
+void LatticeModel::waitUntilNoLoopSweeps() {
+  // Reading alone would not do: a loop that is counted after this write also sees the state set before it.
+  const auto loops = [this] { return loopsInASweep_.fetch_add(0, std::memory_order_acq_rel); };
+  for (int sweeping = loops(); sweeping > 0; sweeping = loops()) loopsInASweep_.wait(sweeping);
+}
+
+bool LatticeModel::sweepOnce() {
+  if (varMyState != kStopped) return false;
+  waitUntilNoLoopSweeps();
+  Sweeper sweeper(arrays());
+  sweepWithHistory(sweeper, kStopped);
+  requestRedraw();
+  return true;
+}
+
 void LatticeModel::runSweeps(std::int64_t count) {
   varMyState = kRunning;
   Sweeper sweeper(arrays());
-  for (; count > 0 && varMyState == kRunning; --count) sweepWithHistory(sweeper);
+  for (; count > 0 && varMyState == kRunning; --count) sweepWithHistory(sweeper, kRunning);
   if (varMyState == kRunning) stopLatticeModel();
 }
 
-void LatticeModel::sweepWithHistory(Sweeper& sweeper) {
-  sweeper.sweep(varMyState, kRunning);
+void LatticeModel::sweepWithHistory(Sweeper& sweeper, RunState whileState) {
+  sweeper.sweep(varMyState, whileState);
   updateHistory();
   sweepsDone_ = sweepsDone_ + 1;
 }
