@@ -80,14 +80,24 @@ TEST(OneSweep, IsMadeOnlyWhileTheModelIsStopped) {
 TEST(OneSweep, ALoopThatIsStillInItsWaitDoesNotTakeItForARun) {
   auto model = makeModel(2, 64, 64);
   model->setSimulationSpeed(kSlowest);
-  model->runLatticeModelInBackground();
-  ASSERT_TRUE(waitUntil([&] { return model->redrawsFromRunLoop == 1; })) << "now in its wait";
+  std::atomic<bool> ended = false;
+  std::thread loop([&] {
+    model->runLatticeModel();
+    ended = true;
+  });
+  EXPECT_TRUE(waitUntil([&] { return model->redrawsFromRunLoop == 1; })) << "now in its wait";
   model->stopLatticeModel();
-  model->setSimulationSpeed(kFastest);
-  for (int sweep = 0; sweep < 100; ++sweep) ASSERT_TRUE(model->sweepOnce());
-  EXPECT_EQ(model->sweepsDone(), 101);
-  model->endRunLoops();
-  EXPECT_EQ(model->sweepsDone(), 101);
+  // Sweep upon sweep: a pause between them would let the loop end there.
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+  int sweeps = 0;
+  for (; !ended && std::chrono::steady_clock::now() < deadline; ++sweeps) {
+    if (sweeps == 10) model->setSimulationSpeed(kFastest);
+    EXPECT_TRUE(model->sweepOnce());
+  }
+  EXPECT_TRUE(ended);
+  model->stopLatticeModel();
+  loop.join();
+  EXPECT_EQ(model->sweepsDone(), 1 + sweeps);
   EXPECT_EQ(model->redrawsFromRunLoop, 1);
 }
 
@@ -115,7 +125,7 @@ TEST(OneSweep, NeverOverlapsWithASweepThatIsAboutToBegin) {
   auto model = makeModel(1, 1, 1);
   model->setPixelPersistence(0, 1.0);
   model->setSimulationSpeed(kFastest);
-  for (int round = 0; round < 2000; ++round) {
+  for (int round = 0; round < 200; ++round) {
     const auto before = model->sweepsDone();
     model->runLatticeModelInBackground();
     ASSERT_TRUE(waitUntil([&] { return model->sweepsDone() > before; }));

@@ -3,7 +3,9 @@
 #include <QMainWindow>
 #include <memory>
 
+#include "app/LatticeMenu.h"
 #include "app/MainViewController.h"
+#include "app/PlotMenu.h"
 #include "app/PopulationPlot.h"
 
 namespace quorvane {
@@ -29,12 +31,15 @@ class MainWindow : public QMainWindow {
   void keepRoomOfHiddenControls();
   void acceptPrintableNamesOnly();
   void followRun();
+  void addContextMenus();
   void showPlottedTypes();
 
   std::unique_ptr<Ui::MainWindow> ui_;
   std::unique_ptr<FontFit> fontFit_;
   std::unique_ptr<MainViewController> controller_;
   std::unique_ptr<PopulationPlot> plot_;
+  std::unique_ptr<LatticeMenu> latticeMenu_;
+  std::unique_ptr<PlotMenu> plotMenu_;
 };
 
 }  // namespace quorvane
