@@ -96,6 +96,7 @@ void MainViewController::report(const QString& path, const QString& message) {
 }
 
 void MainViewController::showDocumentInTitle(const QString& path) {
+  myWindow->setWindowFilePath(path);
   myWindow->setWindowTitle(QFileInfo(path).fileName() + " - Quorvane");
   ui->statusLine->refresh();
 }

@@ -22,6 +22,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), ui_(std::make_uni
   followRun();
   for (QAbstractButton* button : findChildren<QAbstractButton*>()) button->installEventFilter(&heldSpaceBar_);
   new FullScreenNote(model());
+  addContextMenus();
 }
 
 MainWindow::~MainWindow() {
@@ -57,10 +58,23 @@ void MainWindow::followRun() {
   for (const QAbstractButton* button : findChildren<QAbstractButton*>())
     connect(button, &QAbstractButton::pressed, ui_->statusLine, &StatusLine::clearMessage);
   connect(&model(), &GraphicalLatticeModelGL::frameDrawn, this, [this] { plot_->record(); });
+  // Points of another lattice are not of this one.
+  connect(&model(), &GraphicalLatticeModelGL::latticeRenewed, this, [this] { plot_->startAnew(); });
   connect(&model(), &GraphicalLatticeModelGL::fullScreenLeft, ui_->statusLine, &StatusLine::refresh);
   // Lists are filled anew when a name changes, so the index goes through -1.
   for (const QComboBox* list : {ui_->listSelectPixelType, ui_->listPaintType})
     connect(list, &QComboBox::currentIndexChanged, this, &MainWindow::showPlottedTypes);
+}
+
+void MainWindow::addContextMenus() {
+  latticeMenu_ = std::make_unique<LatticeMenu>(*this, model());
+  connect(latticeMenu_.get(), &LatticeMenu::sweepMade, this, [this] {
+    plot_->addPoint();
+    ui_->statusLine->clearMessage();
+  });
+  plotMenu_ = std::make_unique<PlotMenu>(*ui_->plotPopulations, *plot_);
+  connect(latticeMenu_.get(), &LatticeMenu::failed, ui_->statusLine, &StatusLine::showMessage);
+  connect(plotMenu_.get(), &PlotMenu::failed, ui_->statusLine, &StatusLine::showMessage);
 }
 
 void MainWindow::showPlottedTypes() {

@@ -1,16 +1,28 @@
 #include "app/PopulationPlot.h"
 
+#include <numeric>
+
 #include "view/GraphicalPlot.h"
 
 namespace quorvane {
 
-void PopulationPlot::record() {
-  if (model_.varMyState != kRunning) return;
-  points_[static_cast<std::size_t>((first_ + numPoints_) % kMaxPoints)] = countShares();
+void PopulationPlot::addPoint() {
+  points_[static_cast<std::size_t>((first_ + numPoints_) % kMaxPoints)] = {model_.sweepsDone(),
+                                                                           countSites(model_)};
   if (numPoints_ < kMaxPoints)
     ++numPoints_;
   else
     first_ = (first_ + 1) % kMaxPoints;
+  refresh();
+}
+
+void PopulationPlot::record() {
+  if (model_.varMyState == kRunning) addPoint();
+}
+
+void PopulationPlot::startAnew() {
+  first_ = 0;
+  numPoints_ = 0;
   refresh();
 }
 
@@ -20,20 +32,21 @@ void PopulationPlot::showTypes(int red, int green) {
   refresh();
 }
 
-double PopulationPlot::share(int type, int point) const {
-  if (type < 0 || type >= kMaxPixelTypes) return 0.0;
-  return points_[static_cast<std::size_t>((first_ + point) % kMaxPoints)][static_cast<std::size_t>(type)];
+const PopulationPlot::Point& PopulationPlot::at(int point) const {
+  return points_[static_cast<std::size_t>((first_ + point) % kMaxPoints)];
 }
 
-PopulationPlot::Shares PopulationPlot::countShares() const {
-  const int imax = model_.getIMax(), jmax = model_.getJMax();
-  std::array<int, kMaxPixelTypes> sites{};
-  for (int i = 0; i < imax; ++i)
-    for (int j = 0; j < jmax; ++j) ++sites[static_cast<std::size_t>(model_.getSiteValue(i, j))];
-  Shares shares{};
-  for (std::size_t type = 0; type < shares.size(); ++type)
-    shares[type] = static_cast<double>(sites[type]) / (imax * jmax);
-  return shares;
+double PopulationPlot::share(int type, int point) const {
+  if (type < 0 || type >= kMaxPixelTypes) return 0.0;
+  const SiteCounts& sites = at(point).sites;
+  const int all = std::accumulate(sites.begin(), sites.end(), 0);
+  return all == 0 ? 0.0 : static_cast<double>(sites[static_cast<std::size_t>(type)]) / all;
+}
+
+std::string PopulationPlot::csv() const {
+  PopulationTable table(model_);
+  for (int point = 0; point < numPoints_; ++point) table.addRow(at(point).sites, at(point).sweep);
+  return table.csv();
 }
 
 void PopulationPlot::refresh() {

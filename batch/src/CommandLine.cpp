@@ -143,7 +143,8 @@ void addOptions(CLI::App& app, BatchOptions& options) {
 
   constexpr const char* pictures = "How pictures and frames look";
   app.add_option("--scale", options.scale,
-                 "Pixels a site, 1 to " + std::to_string(kMaxScale) + " (default 4)")
+                 "Pixels a site, 1 to " + std::to_string(kMaxScale) + " (default " +
+                     std::to_string(kDefaultScale) + ")")
       ->check(wholeNumber(1, kMaxScale))
       ->type_name("P")
       ->group(pictures);

@@ -62,6 +62,7 @@ void LatticeModel::initializeLatticeModel(int numTypes, int imax, int jmax) {
     reinitHistory(type);
   }
   varMyState = kStopped;
+  latticeReplaced();
   requestRedraw();
 }
 

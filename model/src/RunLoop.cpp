@@ -77,22 +77,46 @@ SystemArrays LatticeModel::arrays() {
 
 void LatticeModel::sweepWhileRunning() {
   Sweeper sweeper(arrays());
-  while (varMyState == kRunning) {
-    makeSweep(sweeper, Traces::kUpdated);
+  while (sweepIfRunning(sweeper)) {
     requestRedrawFromRunLoop();
     waitAfterSweep();
   }
 }
 
+bool LatticeModel::sweepIfRunning(Sweeper& sweeper) {
+  // Counted before the state is read: who has stopped the run and then counts no loop here sees none begin.
+  loopsInASweep_.fetch_add(1, std::memory_order_acq_rel);
+  const bool running = varMyState == kRunning;
+  if (running) makeSweep(sweeper, kRunning, Traces::kUpdated);
+  loopsInASweep_.fetch_sub(1, std::memory_order_acq_rel);
+  loopsInASweep_.notify_all();
+  return running;
+}
+
+void LatticeModel::waitUntilNoLoopSweeps() {
+  // Reading alone would not do: a loop that is counted after this write also sees the state set before it.
+  const auto loops = [this] { return loopsInASweep_.fetch_add(0, std::memory_order_acq_rel); };
+  for (int sweeping = loops(); sweeping > 0; sweeping = loops()) loopsInASweep_.wait(sweeping);
+}
+
+bool LatticeModel::sweepOnce() {
+  if (varMyState != kStopped) return false;
+  waitUntilNoLoopSweeps();
+  Sweeper sweeper(arrays());
+  makeSweep(sweeper, kStopped, Traces::kUpdated);
+  requestRedraw();
+  return true;
+}
+
 void LatticeModel::runSweeps(std::int64_t count, Traces traces) {
   varMyState = kRunning;
   Sweeper sweeper(arrays());
-  for (; count > 0 && varMyState == kRunning; --count) makeSweep(sweeper, traces);
+  for (; count > 0 && varMyState == kRunning; --count) makeSweep(sweeper, kRunning, traces);
   if (varMyState == kRunning) stopLatticeModel();
 }
 
-void LatticeModel::makeSweep(Sweeper& sweeper, Traces traces) {
-  sweeper.sweep(varMyState, kRunning);
+void LatticeModel::makeSweep(Sweeper& sweeper, RunState whileState, Traces traces) {
+  sweeper.sweep(varMyState, whileState);
   if (traces == Traces::kUpdated) updateHistory();
   sweepsDone_ = sweepsDone_ + 1;
 }

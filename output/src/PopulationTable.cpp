@@ -1,7 +1,5 @@
 #include "output/PopulationTable.h"
 
-#include <array>
-
 namespace quorvane {
 namespace {
 
@@ -14,26 +12,25 @@ std::string quoted(const std::string& text) {
   return result + '"';
 }
 
-std::array<int, kMaxPixelTypes> countSites(const LatticeModel& model) {
-  std::array<int, kMaxPixelTypes> counts = {};
-  for (int i = 0; i < model.getIMax(); ++i)
-    for (int j = 0; j < model.getJMax(); ++j) ++counts[static_cast<std::size_t>(model.getSiteValue(i, j))];
+}  // namespace
+
+SiteCounts countSites(const LatticeModel& model) {
+  SiteCounts counts = {};
+  const int imax = model.getIMax(), jmax = model.getJMax();
+  for (int i = 0; i < imax; ++i)
+    for (int j = 0; j < jmax; ++j) ++counts[static_cast<std::size_t>(model.getSiteValue(i, j))];
   return counts;
 }
 
-}  // namespace
-
-PopulationTable::PopulationTable(const LatticeModel& model) {
-  csv_ = "sweep";
+PopulationTable::PopulationTable(const LatticeModel& model)
+    : numTypes_(static_cast<std::size_t>(model.getNumPixelTypes())), csv_("sweep") {
   for (int t = 0; t < model.getNumPixelTypes(); ++t) csv_ += ',' + quoted(model.getPixelName(t));
   csv_ += '\n';
 }
 
-void PopulationTable::addRow(const LatticeModel& model, std::int64_t sweep) {
-  const auto counts = countSites(model);
+void PopulationTable::addRow(const SiteCounts& counts, std::int64_t sweep) {
   csv_ += std::to_string(sweep);
-  for (int t = 0; t < model.getNumPixelTypes(); ++t)
-    csv_ += ',' + std::to_string(counts[static_cast<std::size_t>(t)]);
+  for (std::size_t t = 0; t < numTypes_; ++t) csv_ += ',' + std::to_string(counts[t]);
   csv_ += '\n';
 }
 

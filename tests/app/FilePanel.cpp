@@ -12,7 +12,7 @@
 
 namespace quorvane::gui {
 
-bool withFilePanel(QAbstractButton& button, const std::function<void(QFileDialog&)>& deal) {
+bool withFilePanel(const std::function<void()>& open, const std::function<void(QFileDialog&)>& deal) {
   // The panel runs an event loop of its own until it is dealt with.
   bool dealt = false;
   QTimer poll;
@@ -23,8 +23,12 @@ bool withFilePanel(QAbstractButton& button, const std::function<void(QFileDialog
     deal(*panel);
   });
   poll.start(20);
-  click(button, button.rect().center());
+  open();
   return dealt;
+}
+
+bool withFilePanel(QAbstractButton& button, const std::function<void(QFileDialog&)>& deal) {
+  return withFilePanel([&button] { click(button, button.rect().center()); }, deal);
 }
 
 bool acceptFilePanel(QFileDialog& panel, const QString& path) {

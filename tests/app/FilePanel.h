@@ -7,6 +7,9 @@
 /// Open and Save panels in a test, dealt with by keys and clicks.
 namespace quorvane::gui {
 
+/// Calls what opens a file panel and deals with the panel. False if no panel came.
+bool withFilePanel(const std::function<void()>& open, const std::function<void(QFileDialog&)>& deal);
+
 /// Clicks the button and deals with the file panel that it opens. False if no panel came.
 bool withFilePanel(QAbstractButton& button, const std::function<void(QFileDialog&)>& deal);
 

@@ -155,7 +155,7 @@ TEST_F(Outlets, TheTabKeyReachesEveryControlGroupByGroup) {
     if (group && (groups.isEmpty() || groups.last() != group->objectName())) groups += group->objectName();
   }
   EXPECT_EQ(groups, QStringList({"groupModel", "groupRun", "groupPaint", "groupPixelType",
-                                 "groupSelectedRule", "groupNewRule"}));
+                                 "groupSelectedRule", "groupNewRule", "groupPlot"}));
 }
 
 }  // namespace

@@ -1,3 +1,7 @@
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "FilePanel.h"
 #include "WindowTest.h"
 #include "app/PopulationPlot.h"
 #include "view/GraphicalPlot.h"
@@ -53,6 +57,53 @@ TEST_F(Populations, KeepsTheLast256Points) {
   EXPECT_EQ(plot_.share(1, 255), 0.99);
 }
 
+TEST_F(Populations, APointCanBeAddedWhileTheModelIsStopped) {
+  model_->varMyState = kStopped;
+  hold(25);
+  plot_.addPoint();
+  EXPECT_EQ(plot_.numPoints(), 1);
+  EXPECT_EQ(plot_.share(1, 0), 0.25);
+}
+
+TEST_F(Populations, StartAnewWithoutAPoint) {
+  hold(25);
+  plot_.showTypes(1, 2);
+  for (int point = 0; point < 300; ++point) plot_.record();
+  plot_.startAnew();
+  EXPECT_EQ(plot_.numPoints(), 0);
+  EXPECT_EQ(at(5, 75), QColor(Qt::white));
+  hold(60);
+  plot_.record();
+  EXPECT_EQ(plot_.numPoints(), 1);
+  EXPECT_EQ(plot_.share(1, 0), 0.6);
+}
+
+TEST_F(Populations, AreATableOfTheSweepsAndSitesOfThePointsKept) {
+  model_->setPixelName(1, "with \"quotes\", a comma");
+  model_->varMyState = kStopped;
+  hold(100);
+  for (int point = 0; point < 44; ++point) plot_.addPoint();
+  for (int point = 0; point < 256; ++point) {
+    ASSERT_TRUE(model_->sweepOnce());
+    hold(point % 100);
+    plot_.addPoint();
+  }
+  std::string expected = "sweep,\"Pixel\",\"with \"\"quotes\"\", a comma\",\"Pixel\"\n";
+  for (int point = 0; point < 256; ++point)
+    expected += std::to_string(point + 1) + ',' + std::to_string(100 - point % 100) + ',' +
+                std::to_string(point % 100) + ",0\n";
+  EXPECT_EQ(plot_.csv(), expected);
+}
+
+TEST_F(Populations, HoldNothingForATypeOfTheTimeBeforeItWasAdded) {
+  hold(25);
+  plot_.record();
+  model_->addPixelType();
+  model_->setSiteValue(9, 9, 3);
+  plot_.record();
+  EXPECT_EQ(plot_.csv(), "sweep,\"Pixel\",\"Pixel\",\"Pixel\",\"New Pixel\"\n0,75,25,0,0\n0,74,25,0,1\n");
+}
+
 TEST_F(Populations, ShowsTheFirstTypeInRedAndTheOtherInGreen) {
   hold(25);
   plot_.showTypes(1, 0);
@@ -91,6 +142,59 @@ TEST_F(PlotInTheWindow, HasAPointForEachRedrawOfARun) {
   double sum = 0.0;
   for (int type = 0; type < 3; ++type) sum += window_->plot().share(type, points - 1);
   EXPECT_NEAR(sum, 1.0, 1e-12);
+}
+
+TEST_F(PlotInTheWindow, StartsAnewWithRemake) {
+  initialise(3);
+  click("buttonRunModel");
+  ASSERT_TRUE(gui::waitUntil([this] { return window_->plot().numPoints() >= 3; }));
+  click("buttonStopModel");
+  gui::processEvents();
+  EXPECT_GE(window_->plot().numPoints(), 3);
+  click("buttonRemakeModel");
+  EXPECT_EQ(window_->plot().numPoints(), 0);
+}
+
+TEST_F(PlotInTheWindow, StartsAnewWithTheDocumentAfterOneThatWasCutShort) {
+  const QTemporaryDir folder;
+  const QString shortOne = folder.filePath("short.quorvane"), refused = folder.filePath("refused.quorvane");
+  const QString whole = QString(EXAMPLES) + "/phase-separation.quorvane";
+  QFile document(whole), cut(shortOne), bad(refused);
+  ASSERT_TRUE(document.open(QIODevice::ReadOnly) && cut.open(QIODevice::WriteOnly));
+  ASSERT_TRUE(bad.open(QIODevice::WriteOnly));
+  cut.write(document.readAll().left(1000));
+  cut.close();
+  bad.write("300\n20\n2\n");
+  bad.close();
+  const auto open = [this](const QString& path) {
+    ASSERT_TRUE(gui::choosePath(get<QPushButton>("buttonOpenSystem"), path));
+  };
+  const auto addTwoPoints = [this] {
+    for (int sweep = 0; sweep < 2; ++sweep) key("listNewRuleType", Qt::Key_Right, 1, Qt::ControlModifier);
+    ASSERT_EQ(window_->plot().numPoints(), 2);
+  };
+  open(shortOne);
+  addTwoPoints();
+  open(refused);
+  EXPECT_EQ(window_->plot().numPoints(), 2) << "nothing has changed";
+  open(shortOne);
+  EXPECT_EQ(window_->plot().numPoints(), 0) << "what there was of it is another lattice";
+  addTwoPoints();
+  open(whole);
+  EXPECT_EQ(window_->plot().numPoints(), 0);
+}
+
+TEST_F(PlotInTheWindow, StartsAnewWithInitialiseAfterADocumentThatWasCutShort) {
+  const QTemporaryDir folder;
+  QFile cut(folder.filePath("short.quorvane"));
+  ASSERT_TRUE(cut.open(QIODevice::WriteOnly));
+  cut.write("3\n2\n2\n0\n1\n");
+  cut.close();
+  ASSERT_TRUE(gui::choosePath(get<QPushButton>("buttonOpenSystem"), cut.fileName()));
+  key("buttonInitialiseModel", Qt::Key_Right, 2, Qt::ControlModifier);
+  EXPECT_EQ(window_->plot().numPoints(), 2);
+  click("buttonInitialiseModel");
+  EXPECT_EQ(window_->plot().numPoints(), 0);
 }
 
 TEST_F(PlotInTheWindow, TheLegendNamesTheChosenTypes) {

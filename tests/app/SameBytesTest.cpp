@@ -8,7 +8,7 @@ namespace {
 
 struct Sweeps {
   const char* document;
-  const char* way;  ///< of the window: "loop", by the run loop, or "calls", by calls of the model
+  const char* way;  ///< of the window: by the run "loop", by "calls" of the model, by the "keys" of One Sweep
   const char* count;
 };
 
@@ -35,13 +35,13 @@ TEST_P(SameBytes, FromTheWindowAndFromTheHeadlessRunner) {
   EXPECT_EQ(contentOf(byWindow), contentOf(byRunner));
 }
 
-INSTANTIATE_TEST_SUITE_P(Examples, SameBytes,
-                         ::testing::Values(Sweeps{"phase-separation", "loop", "1"},
-                                           Sweeps{"phase-separation", "calls", "50"},
-                                           Sweeps{"facilitated-flips", "loop", "4"},
-                                           Sweeps{"facilitated-flips", "calls", "50"},
-                                           Sweeps{"growth-from-a-seed", "loop", "3"},
-                                           Sweeps{"growth-from-a-seed", "calls", "50"}));
+INSTANTIATE_TEST_SUITE_P(
+    Examples, SameBytes,
+    ::testing::Values(Sweeps{"phase-separation", "loop", "1"}, Sweeps{"phase-separation", "calls", "50"},
+                      Sweeps{"facilitated-flips", "loop", "4"}, Sweeps{"facilitated-flips", "calls", "50"},
+                      Sweeps{"phase-separation", "keys", "12"}, Sweeps{"facilitated-flips", "keys", "50"},
+                      Sweeps{"growth-from-a-seed", "loop", "3"},
+                      Sweeps{"growth-from-a-seed", "calls", "50"}));
 
 }  // namespace
 }  // namespace quorvane

@@ -1,9 +1,10 @@
 // A second application for tests: the main window in a process of its own, used as a person does.
 //
-//   window_session OPENED SAVED [loop N | calls N]
+//   window_session OPENED SAVED [loop N | calls N | keys N]
 //
-// Opens a document through its panel, makes N sweeps, by the run loop or by calls of the model, saves through
-// the panel and writes the report of what it found before the first sweep to its standard output.
+// Opens a document through its panel, makes N sweeps, by the run loop, by calls of the model or by the keys
+// of One Sweep, saves through the panel and writes the report of what it found before the first sweep to its
+// standard output.
 
 #include <QApplication>
 #include <QSurfaceFormat>
@@ -50,6 +51,15 @@ class Session {
     model().runSweeps(count);
     return model().sweepsDone() == count;
   }
+  bool sweepByKeys(int count) {
+    for (int sweeps = 0; sweeps < count; ++sweeps)
+      QTest::keyClick(&window_, Qt::Key_Right, Qt::ControlModifier);
+    return model().sweepsDone() == count;
+  }
+  bool sweep(const QString& way, int count) {
+    if (way == "loop") return sweepByRunLoop(count);
+    return way == "keys" ? sweepByKeys(count) : sweepByCalls(count);
+  }
 
  private:
   LatticeModel& model() { return window_.model(); }
@@ -72,11 +82,8 @@ int run(const QStringList& arguments) {
   if (!session.show()) return fail("showing the window");
   if (!session.open(arguments.at(1))) return fail("opening");
   std::puts(qPrintable(session.report().join('\n')));
-  if (arguments.size() == 5) {
-    const bool byLoop = arguments.at(3) == "loop";
-    const int count = arguments.at(4).toInt();
-    if (!(byLoop ? session.sweepByRunLoop(count) : session.sweepByCalls(count))) return fail("sweeping");
-  }
+  if (arguments.size() == 5 && !session.sweep(arguments.at(3), arguments.at(4).toInt()))
+    return fail("sweeping");
   return session.save(arguments.at(2)) ? 0 : fail("saving");
 }
 

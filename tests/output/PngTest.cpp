@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <png.h>
 
 #include <fstream>
 
@@ -17,6 +18,20 @@ Image gradient(int width, int height) {
   return image;
 }
 
+/// The bytes that the library's interface for whole pictures gives, which knows no text fields.
+std::string encodedWhole(const Image& image) {
+  png_image png = {};
+  png.version = PNG_IMAGE_VERSION;
+  png.width = static_cast<png_uint_32>(image.width);
+  png.height = static_cast<png_uint_32>(image.height);
+  png.format = PNG_FORMAT_RGB;
+  png_alloc_size_t size = PNG_IMAGE_PNG_SIZE_MAX(png);
+  std::string bytes(size, '\0');
+  EXPECT_TRUE(png_image_write_to_memory(&png, bytes.data(), &size, 0, image.rgb.data(), 0, nullptr));
+  bytes.resize(size);
+  return bytes;
+}
+
 TEST(Png, ReadsBackAsTheSamePixels) {
   const TemporaryFolder folder;
   for (const auto& [width, height] : {std::pair(1, 1), {1, 7}, {256, 3}, {61, 97}}) {
@@ -31,6 +46,35 @@ TEST(Png, ReadsBackAsTheSamePixels) {
 
 TEST(Png, OfTheSameImageHasTheSameBytes) {
   EXPECT_EQ(encodePng(gradient(20, 30)), encodePng(gradient(20, 30)));
+}
+
+TEST(Png, WithoutTextsHasTheBytesOfTheLibrarysInterfaceForWholePictures) {
+  for (const auto& [width, height] : {std::pair(1, 1), {1, 7}, {256, 3}, {61, 97}, {1024, 700}}) {
+    const Image image = gradient(width, height);
+    EXPECT_EQ(encodePng(image), encodedWhole(image)) << width << " x " << height;
+  }
+}
+
+TEST(Png, KeepsItsTexts) {
+  const TemporaryFolder folder;
+  const Image image = gradient(61, 97);
+  const std::vector<Text> texts = {{"Software", "Quorvane 1.2"},
+                                   {"Document", "caf\xC3\xA9 \xE6\x99\xB6.quorvane"},
+                                   {"Sweeps", "5000000000"},
+                                   {"Comment", ""}};
+  std::vector<PngText> fields;
+  for (const auto& [key, text] : texts) fields.push_back({key, text});
+  std::ofstream(folder / "image.png", std::ios::binary) << encodePng(image, fields);
+  EXPECT_EQ(textsOf(folder / "image.png"), texts);
+  EXPECT_EQ(readPng(folder / "image.png").rgb, image.rgb);
+}
+
+TEST(Png, TextsComeBeforeThePixelsAndChangeNothingElse) {
+  const Image image = gradient(20, 30);
+  const std::string plain = encodePng(image), withText = encodePng(image, {{"Sweeps", "12"}});
+  const std::size_t pixels = plain.find("IDAT"), later = withText.find("IDAT");
+  EXPECT_LT(withText.find("tEXtSweeps"), later);
+  EXPECT_EQ(withText.substr(later), plain.substr(pixels));
 }
 
 TEST(Png, OfNoPixelsIsAnError) { EXPECT_THROW(encodePng(Image{}), std::runtime_error); }

@@ -29,6 +29,16 @@ TEST(PopulationTable, CountsTheSitesOfEachType) {
   EXPECT_EQ(table.csv(), "sweep,\"a\",\"b\",\"c\"\n0,1,0,3\n5000000000,0,1,3\n");
 }
 
+TEST(PopulationTable, TakesCountsThatWereMadeBefore) {
+  const auto model = twoByTwo();
+  PopulationTable table(*model);
+  const SiteCounts counts = countSites(*model);
+  EXPECT_EQ(counts, (SiteCounts{1, 0, 3}));
+  model->setSiteValue(1, 1, 0);
+  table.addRow(counts, 7);
+  EXPECT_EQ(table.csv(), "sweep,\"a\",\"b\",\"c\"\n7,1,0,3\n");
+}
+
 TEST(PopulationTable, HoldsOnlyTheRowsSinceItWasCleared) {
   const auto model = twoByTwo();
   PopulationTable table(*model);

@@ -55,6 +55,8 @@ bool GraphicalLatticeModelGL::canDraw() {
 
 void GraphicalLatticeModelGL::requestRedraw() { update(); }
 
+void GraphicalLatticeModelGL::latticeReplaced() { emit latticeRenewed(); }
+
 void GraphicalLatticeModelGL::requestRedrawFromRunLoop() {
   // A loop faster than the screen must not fill the event queue.
   if (redrawPending_.exchange(true)) return;

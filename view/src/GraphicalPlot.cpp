@@ -2,6 +2,8 @@
 
 #include <QPaintEvent>
 #include <QPainter>
+#include <QStyle>
+#include <QStyleOptionFocusRect>
 #include <algorithm>
 
 namespace quorvane {
@@ -43,9 +45,18 @@ void GraphicalPlot::drawRect(const QRectF& rect) {
   }
 }
 
+void GraphicalPlot::drawFocusFrame() {
+  QStyleOptionFocusRect option;
+  option.initFrom(this);
+  option.backgroundColor = Qt::white;
+  QPainter painter(this);
+  style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+}
+
 void GraphicalPlot::paintEvent(QPaintEvent* event) {
   const QRectF rect = event->rect();
   drawRect(QRectF(rect.x(), height() - rect.bottom(), rect.width(), rect.height()));
+  if (hasFocus()) drawFocusFrame();
 }
 
 }  // namespace quorvane

@@ -3,7 +3,9 @@
 #include <QMainWindow>
 #include <memory>
 
+#include "app/LatticeMenu.h"
 #include "app/MainViewController.h"
+#include "app/PlotMenu.h"
 #include "app/PopulationPlot.h"
 
 namespace quorvane {
@@ -28,6 +30,7 @@ class MainWindow : public QMainWindow {
  private:
   void keepRoomOfHiddenControls();
   void followRun();
+  void addContextMenus();
   void showPlottedTypes();
 
   HeldSpaceBar heldSpaceBar_;
@@ -35,6 +38,8 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<FontFit> fontFit_;
   std::unique_ptr<MainViewController> controller_;
   std::unique_ptr<PopulationPlot> plot_;
+  std::unique_ptr<LatticeMenu> latticeMenu_;
+  std::unique_ptr<PlotMenu> plotMenu_;
 };
 
 }  // namespace quorvane

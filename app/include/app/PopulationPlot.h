@@ -1,8 +1,10 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
+#include <string>
 
-#include "model/LatticeModel.h"
+#include "output/PopulationTable.h"
 
 namespace quorvane {
 
@@ -10,7 +12,7 @@ class GraphicalPlot;
 
 /// Feeds a plot view with the shares of the lattice's sites that two pixel types hold.
 ///
-/// The shares of all types are kept for the last 256 points, so that the types shown can be exchanged at any
+/// The sites of all types are kept for the last 256 points, so that the types shown can be exchanged at any
 /// time.
 class PopulationPlot {
  public:
@@ -19,24 +21,34 @@ class PopulationPlot {
   /// Both must outlive it.
   PopulationPlot(const LatticeModel& model, GraphicalPlot& plot) : model_(model), plot_(plot) {}
 
-  /// Counts the lattice's sites and appends a point, if the model runs.
+  /// Counts the lattice's sites and appends a point.
+  void addPoint();
+  /// As addPoint, if the model runs: for frames, which are also drawn of a model that stands still.
   void record();
+  /// Forgets every point.
+  void startAnew();
   /// Shows the shares of one type in red and of another in green; -1 shows none, at 0.
   void showTypes(int red, int green);
 
   int numPoints() const { return numPoints_; }
   /// The share of a type at a point, 0 to 1; point 0 is the oldest.
   double share(int type, int point) const;
+  /// The points as a table of sweeps and sites, oldest first, with a column for each type that there is now;
+  /// points from before a type was added hold 0 for it.
+  std::string csv() const;
 
  private:
-  using Shares = std::array<double, kMaxPixelTypes>;
+  struct Point {
+    std::int64_t sweep = 0;
+    SiteCounts sites{};
+  };
 
-  Shares countShares() const;
+  const Point& at(int point) const;
   void refresh();
 
   const LatticeModel& model_;
   GraphicalPlot& plot_;
-  std::array<Shares, kMaxPoints> points_{};
+  std::array<Point, kMaxPoints> points_{};
   int first_ = 0;
   int numPoints_ = 0;
   int red_ = 0, green_ = 0;

@@ -5,6 +5,8 @@
 #include <optional>
 #include <variant>
 
+#include "output/LatticePicture.h"
+
 namespace quorvane {
 
 /// Exit statuses of quorvane-batch.
@@ -25,11 +27,9 @@ struct BatchOptions {
   std::optional<std::filesystem::path> frames;       ///< the folder of numbered PNGs, never "-"
   std::int64_t every = 1;                            ///< sweeps between rows and between frames, 1 or more
   std::optional<std::filesystem::path> picture;      ///< the lattice after the run as PNG
-  int scale = 4;                                     ///< pixels a site in pictures, 1 to kMaxScale
+  int scale = kDefaultScale;                         ///< pixels a site in pictures, 1 to kMaxScale
   bool trace = false;                                ///< pictures show each type's trace beside the lattice
 };
-
-inline constexpr int kMaxScale = 32;
 
 /// The options of a command line, or the status to exit with if there is nothing to run: kExitDone after
 /// --help and --version, else kExitUsage. Writes these to standard output, and what is wrong as one line to

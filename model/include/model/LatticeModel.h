@@ -174,6 +174,12 @@ class LatticeModel : public ModelState {
   /// as 1. Where nobody looks at the traces, a sweep that leaves them alone is faster and otherwise the same.
   void runSweeps(std::int64_t count, Traces traces = Traces::kUpdated);
 
+  /// While the model is stopped: one whole sweep with its history on the calling thread, exactly as the run
+  /// loop makes it, and one redraw. False, and nothing happens, in any other run state. The state stays 1, so
+  /// that no loop of a former run takes it for its own; one that is still inside its last sweep is waited
+  /// for, at most an attempt and an update of the traces.
+  bool sweepOnce();
+
   /// One sweep: varImax * varJmax + 1 attempts at random sites, left early when the run state is not 2. Draws
   /// for each attempt fRandInt(varImax), fRandInt(varJmax) and those of fModelCycle. What is changed
   /// meanwhile takes effect as Sweeper says.
@@ -183,7 +189,7 @@ class LatticeModel : public ModelState {
   /// maxima, which are at least 1.
   void updateHistory();
 
-  /// Sweeps that the run loops and runSweeps have finished since the model was made; a stopped sweep counts
+  /// Sweeps that the run loops, runSweeps and sweepOnce have finished since the model was made; a stopped sweep counts
   /// too.
   std::int64_t sweepsDone() const { return sweepsDone_; }
 
@@ -192,6 +198,8 @@ class LatticeModel : public ModelState {
   virtual void requestRedraw() {}
   /// Called on the run loop's thread after every sweep.
   virtual void requestRedrawFromRunLoop() {}
+  /// Called on the main thread when initializeLatticeModel has made another lattice.
+  virtual void latticeReplaced() {}
 
  private:
   struct BackgroundLoop {
@@ -201,7 +209,9 @@ class LatticeModel : public ModelState {
 
   void sweepWhileRunning();
   SystemArrays arrays();
-  void makeSweep(Sweeper& sweeper, Traces traces);
+  bool sweepIfRunning(Sweeper& sweeper);
+  void makeSweep(Sweeper& sweeper, RunState whileState, Traces traces);
+  void waitUntilNoLoopSweeps();
   void waitAfterSweep() const;
   void joinFinishedLoops();
 
@@ -213,6 +223,7 @@ class LatticeModel : public ModelState {
   void clearInteraction(int endA, int endB);
 
   Relaxed<std::int64_t> sweepsDone_;
+  std::atomic<int> loopsInASweep_{0};
   std::list<BackgroundLoop> backgroundLoops_;
 };
 

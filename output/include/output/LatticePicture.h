@@ -14,6 +14,10 @@ struct Image {
   std::vector<std::uint8_t> rgb;
 };
 
+/// Pixels a site where nobody chose, and the most that a user may choose.
+inline constexpr int kDefaultScale = 4;
+inline constexpr int kMaxScale = 32;
+
 /// The display trace of a model as the view shows it at a whole number of pixels a site.
 ///
 /// The picture is exactly as large as the lattice, with j upwards. Each site is a square for each pixel type

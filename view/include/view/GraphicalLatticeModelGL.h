@@ -72,11 +72,14 @@ class GraphicalLatticeModelGL : public QOpenGLWidget, public LatticeModel {
   void frameDrawn();
   /// The view fills the screen.
   void fullScreenEntered();
+  /// The model has another lattice, or its sites were filled anew.
+  void latticeRenewed();
   /// The view is back in its window.
   void fullScreenLeft();
 
  protected:
   void requestRedraw() override;
+  void latticeReplaced() override;
   /// Posts one redraw to the main thread, which takes it up after a pause as long as the last frame took;
   /// requests made before that are merged into it.
   void requestRedrawFromRunLoop() override;

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QAction>
+#include <QMainWindow>
+#include <QMenu>
+#include <QObject>
+
+#include "app/PictureDialogs.h"
+
+namespace quorvane {
+
+class GraphicalLatticeModelGL;
+
+/// The lattice view's context menu: one sweep, and its picture to the clipboard or into a file.
+///
+/// It opens by the right button and, while the view has the keyboard, by the menu key and Shift+F10; not
+/// during a stroke. Its shortcuts work in the whole window, and in the view while that fills the screen,
+/// where the control that has the keyboard has no use of its own for them. Main thread only.
+class LatticeMenu : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Both must outlive it.
+  LatticeMenu(QMainWindow& window, GraphicalLatticeModelGL& view);
+
+ signals:
+  /// One sweep has been made.
+  void sweepMade();
+  /// One line for the user about something that went wrong.
+  void failed(const QString& message);
+
+ protected:
+  /// Leaves the keys of a slider to it.
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  QAction* add(const QString& text, const char* objectName, const QKeySequence& shortcut);
+  void open(QPoint position);
+  void enableWhatMakesSense();
+  void enableAll();
+
+  void makeOneSweep();
+  void copyPicture();
+  void savePicture();
+  bool hasLattice() const;
+  bool isPainting() const;
+
+  QMainWindow& window_;
+  GraphicalLatticeModelGL& view_;
+  PictureDialogs pictures_;
+  QMenu* menu_;
+  QAction *oneSweep_, *copyPicture_, *savePicture_;
+};
+
+}  // namespace quorvane

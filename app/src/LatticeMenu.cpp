@@ -1,0 +1,97 @@
+#include "app/LatticeMenu.h"
+
+#include <QAbstractSlider>
+#include <QKeyEvent>
+#include <QMessageBox>
+
+#include "MenuKey.h"
+#include "view/GraphicalLatticeModelGL.h"
+
+namespace quorvane {
+
+LatticeMenu::LatticeMenu(QMainWindow& window, GraphicalLatticeModelGL& view)
+    : window_(window), view_(view), pictures_(window, view), menu_(new QMenu(tr("Lattice"), &view)) {
+  menu_->setObjectName("menuLattice");
+  menu_->setAccessibleName(tr("Lattice"));
+  // The click that closes the menu paints nothing.
+  menu_->setAttribute(Qt::WA_NoMouseReplay);
+  oneSweep_ = add(tr("One &Sweep"), "actionOneSweep", Qt::CTRL | Qt::Key_Right);
+  menu_->addSeparator();
+  copyPicture_ = add(tr("&Copy Picture"), "actionCopyPicture", Qt::CTRL | Qt::SHIFT | Qt::Key_C);
+  savePicture_ = add(tr("Save &Picture…"), "actionSavePicture", Qt::CTRL | Qt::SHIFT | Qt::Key_P);
+  copyPicture_->setAutoRepeat(false);
+  savePicture_->setAutoRepeat(false);
+
+  connect(oneSweep_, &QAction::triggered, this, &LatticeMenu::makeOneSweep);
+  connect(copyPicture_, &QAction::triggered, this, &LatticeMenu::copyPicture);
+  connect(savePicture_, &QAction::triggered, this, &LatticeMenu::savePicture);
+  // Nobody tells when the model's state changes, so the entries follow it only while they are seen.
+  connect(menu_, &QMenu::aboutToShow, this, &LatticeMenu::enableWhatMakesSense);
+  connect(menu_, &QMenu::aboutToHide, this, &LatticeMenu::enableAll);
+
+  view_.setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(&view_, &QWidget::customContextMenuRequested, this, &LatticeMenu::open);
+  openMenuByShiftF10(view_);
+  for (auto* slider : window_.findChildren<QAbstractSlider*>()) slider->installEventFilter(this);
+}
+
+QAction* LatticeMenu::add(const QString& text, const char* objectName, const QKeySequence& shortcut) {
+  QAction* action = menu_->addAction(text);
+  action->setObjectName(objectName);
+  action->setShortcut(shortcut);
+  action->setShortcutVisibleInContextMenu(true);
+  // The view is a window of its own while it fills the screen.
+  window_.addAction(action);
+  view_.addAction(action);
+  return action;
+}
+
+bool LatticeMenu::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) {
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    if (QKeySequence(key.keyCombination()) == oneSweep_->shortcut()) {
+      event->accept();
+      return true;
+    }
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+void LatticeMenu::open(QPoint position) {
+  // A menu takes the mouse, and the stroke would never end.
+  if (!isPainting()) menu_->popup(view_.mapToGlobal(position));
+}
+
+void LatticeMenu::enableWhatMakesSense() {
+  oneSweep_->setEnabled(view_.varMyState == kStopped);
+  copyPicture_->setEnabled(hasLattice());
+  savePicture_->setEnabled(hasLattice());
+}
+
+void LatticeMenu::enableAll() {
+  for (QAction* action : menu_->actions()) action->setEnabled(true);
+}
+
+void LatticeMenu::makeOneSweep() {
+  if (view_.sweepOnce()) emit sweepMade();
+}
+
+void LatticeMenu::copyPicture() {
+  if (hasLattice()) pictures_.copyPicture();
+}
+
+void LatticeMenu::savePicture() {
+  // A panel takes the mouse as a menu does.
+  if (!hasLattice() || isPainting()) return;
+  const QString failure = pictures_.savePicture();
+  if (failure.isEmpty()) return;
+  emit failed(failure);
+  // The window that says so is behind the view.
+  if (view_.isWindow()) QMessageBox::warning(&view_, tr("Save the picture"), failure);
+}
+
+bool LatticeMenu::hasLattice() const { return view_.varMyState > kNotInitialised; }
+
+bool LatticeMenu::isPainting() const { return view_.varPainting == 1; }
+
+}  // namespace quorvane

@@ -1,0 +1,100 @@
+#include "app/PictureDialogs.h"
+
+#include <QClipboard>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QImage>
+#include <QLabel>
+#include <QSpinBox>
+#include <stdexcept>
+#include <vector>
+
+#include "app/SavePanel.h"
+#include "output/Png.h"
+#include "view/GraphicalLatticeModelGL.h"
+
+namespace quorvane {
+namespace {
+
+/// Shows that the window is busy while it lives.
+class Busy {
+ public:
+  Busy() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+  ~Busy() { QGuiApplication::restoreOverrideCursor(); }
+  Busy(const Busy&) = delete;
+  Busy& operator=(const Busy&) = delete;
+};
+
+/// A panel for pictures with a field for the pixels a site, and what size that gives.
+class PicturePanel : public SavePanel {
+ public:
+  PicturePanel(QWidget* parent, const LatticeModel& model, int scale)
+      : SavePanel(parent, PictureDialogs::tr("Save the picture"), PictureDialogs::tr("Pictures"), "png"),
+        pixels_(new QSpinBox(this)) {
+    auto* caption = new QLabel(PictureDialogs::tr("&Pixels a site:"), this);
+    caption->setBuddy(pixels_);
+    pixels_->setObjectName("pixelsASite");
+    pixels_->setAccessibleName(PictureDialogs::tr("Pixels a site"));
+    pixels_->setRange(1, kMaxScale);
+
+    auto* size = new QLabel(this);
+    size->setObjectName("sizeOfPicture");
+    const auto showSize = [size, imax = model.getIMax(), jmax = model.getJMax()](int pixels) {
+      size->setText(PictureDialogs::tr("%1 × %2 pixels").arg(imax * pixels).arg(jmax * pixels));
+    };
+    QObject::connect(pixels_, &QSpinBox::valueChanged, size, showSize);
+    pixels_->setValue(scale);
+    showSize(scale);
+
+    auto* row = new QWidget(this);
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins({});
+    layout->addWidget(pixels_);
+    layout->addWidget(size);
+    layout->addStretch();
+    addRow(caption, row);
+  }
+
+  int scale() const { return pixels_->value(); }
+
+ private:
+  QSpinBox* pixels_;
+};
+
+}  // namespace
+
+void PictureDialogs::copyPicture() const {
+  const Busy busy;
+  const Image picture = drawLattice(view_, scale_);
+  const QImage shared(picture.rgb.data(), picture.width, picture.height, 3 * picture.width,
+                      QImage::Format_RGB888);
+  QGuiApplication::clipboard()->setImage(shared.copy());
+}
+
+QString PictureDialogs::savePicture() {
+  // The view's window: the view itself where it fills the screen.
+  PicturePanel panel(view_.window(), view_, scale_);
+  const auto [folder, baseName] = suggestedFile(window_.windowFilePath(), tr("lattice"));
+  panel.suggest(folder_.isEmpty() ? folder : folder_, baseName);
+  const QString path = panel.run();
+  if (path.isEmpty()) return {};
+  folder_ = QFileInfo(path).absolutePath();
+  scale_ = panel.scale();
+  return write(path);
+}
+
+QString PictureDialogs::write(const QString& path) const {
+  const Busy busy;
+  std::vector<PngText> texts = {{"Software", "Quorvane " QUORVANE_VERSION},
+                                {"Sweeps", std::to_string(view_.sweepsDone())}};
+  const QString document = QFileInfo(window_.windowFilePath()).fileName();
+  if (!document.isEmpty()) texts.push_back({"Document", document.toStdString()});
+  try {
+    return writeResult(path, encodePng(drawLattice(view_, scale_), texts));
+  } catch (const std::exception& error) {
+    return notSaved(path, QString::fromLocal8Bit(error.what()));
+  }
+}
+
+}  // namespace quorvane

@@ -1,0 +1,41 @@
+#include "app/PlotMenu.h"
+
+#include <QFileInfo>
+
+#include "MenuKey.h"
+#include "app/PopulationPlot.h"
+#include "app/SavePanel.h"
+
+namespace quorvane {
+
+PlotMenu::PlotMenu(QWidget& view, const PopulationPlot& plot)
+    : view_(view), plot_(plot), menu_(new QMenu(tr("Shares of the lattice"), &view)) {
+  menu_->setObjectName("menuPlot");
+  menu_->setAccessibleName(tr("Shares of the lattice"));
+  saveShares_ = menu_->addAction(tr("&Save Shares…"), this, &PlotMenu::saveShares);
+  saveShares_->setObjectName("actionSaveShares");
+  view_.setFocusPolicy(Qt::TabFocus);
+  view_.setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(&view_, &QWidget::customContextMenuRequested, this, &PlotMenu::open);
+  openMenuByShiftF10(view_);
+}
+
+void PlotMenu::open(QPoint position) {
+  saveShares_->setEnabled(plot_.numPoints() > 0);
+  menu_->popup(view_.mapToGlobal(position));
+}
+
+void PlotMenu::saveShares() {
+  // As they are now: a run goes on while the panel asks.
+  const std::string shares = plot_.csv();
+  SavePanel panel(view_.window(), tr("Save the shares"), tr("Tables"), "csv");
+  const auto [folder, baseName] = suggestedFile(view_.window()->windowFilePath(), tr("shares"));
+  panel.suggest(folder_.isEmpty() ? folder : folder_, baseName);
+  const QString path = panel.run();
+  if (path.isEmpty()) return;
+  folder_ = QFileInfo(path).absolutePath();
+  const QString failure = writeResult(path, shares);
+  if (!failure.isEmpty()) emit failed(failure);
+}
+
+}  // namespace quorvane
