@@ -1,5 +1,7 @@
 #include <fstream>
+#include <iterator>
 #include <optional>
+#include <utility>
 
 #include "Ascii.h"
 #include "DocumentParser.h"
@@ -14,13 +16,20 @@ RowLengths rowLengthsOf(const LatticeModel& model) {
   return lengths;
 }
 
-void applyLattice(LatticeModel& model, const DocumentHeader& header, const std::vector<int>& sites) {
+/// Of a site that the text does not reach, where no type is drawn at random for it.
+constexpr int kNoType = -1;
+
+void setSites(LatticeModel& model, const DocumentHeader& header, const std::vector<int>& sites) {
   int k = 0;
   for (const int type : sites) {
     model.setSiteValue(k / header.jmax, k % header.jmax, type);
     ++k;
   }
-  if (k < header.imax * header.jmax) return;
+}
+
+void applyLattice(LatticeModel& model, const DocumentHeader& header, const std::vector<int>& sites) {
+  setSites(model, header, sites);
+  if (std::ssize(sites) < header.imax * header.jmax) return;
   for (int t = 0; t < header.numTypes; ++t) model.reinitHistory(t);
 }
 
@@ -29,7 +38,7 @@ void applyPixelType(LatticeModel& model, int t, const PixelTypeBlock& block) {
   if (numLines >= 1) model.setPixelName(t, block.name);
   if (numLines >= 2) model.setPixelImmobile(t, block.immobile);
   if (numLines >= 3) model.setPixelMasqueradeAs(t, block.masquerade);
-  if (numLines >= 6) model.setPixelColor(t, block.red, block.green, block.blue);
+  if (numLines >= PixelTypeBlock::kLinesToColor) model.setPixelColor(t, block.red, block.green, block.blue);
   if (numLines >= 7) model.setPixelPersistence(t, block.persistence);
   if (numLines >= 8) model.setPixelAlpha(t, block.alpha);
   if (numLines >= 9) model.setPixelField(t, block.field);
@@ -70,19 +79,43 @@ std::optional<std::string> readWholeFile(const std::filesystem::path& path) {
 
 }  // namespace
 
-OpenResult readDocument(LatticeModel& model, std::string_view text, const HeaderObserver& onHeader) {
-  if (findNonAscii(text) != std::string_view::npos) return {OpenStatus::kUnreadable, kLogNoLines};
+Inspection inspectDocument(const LatticeModel& model, std::string_view text) {
+  if (findNonAscii(text) != std::string_view::npos) return {{OpenStatus::kUnreadable, kLogNoLines}, {}};
   try {
-    const ParsedDocument document = parseDocument(text, rowLengthsOf(model));
-    if (document.header) {
-      if (onHeader) onHeader(*document.header);
-      apply(model, document);
-    }
-    if (document.cutShort) return {OpenStatus::kCutShort, *document.cutShort};
-    return {OpenStatus::kOpened, {}};
+    ParsedDocument document = parseDocument(text, rowLengthsOf(model));
+    OpenResult result{OpenStatus::kOpened, {}};
+    if (document.cutShort) result = {OpenStatus::kCutShort, *document.cutShort};
+    return {std::move(result), std::move(document)};
   } catch (const DocumentRefused& refused) {
-    return {OpenStatus::kRefused, refused.what()};
+    return {{OpenStatus::kRefused, refused.what()}, {}};
   }
+}
+
+void layOutLattice(LatticeModel& unused, const ParsedDocument& document) {
+  const auto [imax, jmax, numTypes] = *document.header;
+  unused.varImax = imax;
+  unused.varJmax = jmax;
+  unused.varNumSiteTypes = numTypes;
+  for (int i = 0; i < imax; ++i)
+    for (int j = 0; j < jmax; ++j) unused.setSiteValue(i, j, kNoType);
+  setSites(unused, *document.header, document.sites);
+  for (int t = 0; t < numTypes; ++t) {
+    const double grey = static_cast<double>(t) / numTypes;
+    unused.setPixelColor(t, grey, grey, grey);
+    unused.setPixelAlpha(t, 1.0);
+    unused.reinitHistory(t);
+  }
+  int t = 0;
+  for (const PixelTypeBlock& block : document.types) applyPixelType(unused, t++, block);
+}
+
+OpenResult readDocument(LatticeModel& model, std::string_view text, const HeaderObserver& onHeader) {
+  const Inspection found = inspectDocument(model, text);
+  if (found.document.header) {
+    if (onHeader) onHeader(*found.document.header);
+    apply(model, found.document);
+  }
+  return found.result;
 }
 
 OpenResult openDocument(LatticeModel& model, const std::filesystem::path& path,

@@ -1,39 +1,13 @@
-#include <QApplication>
-#include <QClipboard>
-#include <QDialogButtonBox>
-#include <QFileDialog>
-#include <QMessageBox>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
 
+#include "FilePanel.h"
+#include "Log.h"
 #include "WindowTest.h"
 #include "document/ModelDocument.h"
 
 namespace quorvane {
 namespace {
-
-QStringList* logged = nullptr;
-
-/// Collects what goes to the log while it lives.
-class Log {
- public:
-  Log() {
-    logged = &lines_;
-    former_ = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& line) {
-      if (logged && !line.startsWith("qt.")) *logged += line;
-    });
-  }
-  ~Log() {
-    qInstallMessageHandler(former_);
-    logged = nullptr;
-  }
-  const QStringList& lines() const { return lines_; }
-
- private:
-  QStringList lines_;
-  QtMessageHandler former_;
-};
 
 class DocumentDialogs : public WindowTest {
  protected:
@@ -44,60 +18,20 @@ class DocumentDialogs : public WindowTest {
 
   QString path(const QString& name) const { return folder_.filePath(name); }
 
-  /// Presses the button and deals with the panel that it opens.
-  template <class Deal>
-  void withPanel(const char* button, Deal deal) {
-    bool dealt = false;
-    QTimer poll;
-    QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
-      auto* panel = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-      if (!panel || dealt) return;
-      dealt = true;
-      deal(*panel);
-    });
-    poll.start(20);
-    click(button);
-    EXPECT_TRUE(dealt);
-  }
-  static void accept(QFileDialog& panel, const QString& file) {
-    auto* name = panel.findChild<QLineEdit*>("fileNameEdit");
-    auto* buttons = panel.findChild<QDialogButtonBox*>("buttonBox");
-    ASSERT_TRUE(name && buttons);
-    // Pasted: while letters are typed, the panel completes them from what it reads in the background.
-    QApplication::clipboard()->setText(file);
-    QTest::keyClick(name, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClick(name, Qt::Key_V, Qt::ControlModifier);
-    EXPECT_TRUE(name->text().endsWith(QFileInfo(file).fileName()));
-    if (QWidget* completions = QApplication::activePopupWidget()) completions->close();
-    const bool saves = panel.acceptMode() == QFileDialog::AcceptSave;
-    QPushButton* confirm = buttons->button(saves ? QDialogButtonBox::Save : QDialogButtonBox::Open);
-    ASSERT_NE(confirm, nullptr);
-    // The panel reads the folder in the background before it accepts a name.
-    EXPECT_TRUE(gui::waitUntil([confirm] { return confirm->isEnabled(); }));
-    gui::click(*confirm, confirm->rect().center());
-    EXPECT_FALSE(panel.isVisible());
-    if (panel.isVisible()) panel.reject();
-  }
   void choosePath(const char* button, const QString& file) {
-    withPanel(button, [&](QFileDialog& panel) { accept(panel, file); });
+    EXPECT_TRUE(gui::choosePath(get<QPushButton>(button), file));
   }
-  /// Saves under a name and answers the question that comes after the panel. False if none came.
-  bool saveAndAnswer(const QString& file, QMessageBox::StandardButton answer) {
-    bool asked = false;
-    QTimer poll;
-    QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
-      auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-      if (!question || asked) return;
-      asked = true;
-      EXPECT_TRUE(question->text().contains("run.1.quorvane")) << question->text().toStdString();
-      gui::click(*question->button(answer), QPoint(8, 8));
-    });
-    poll.start(20);
-    choosePath("buttonSaveSystem", file);
-    return asked;
+  void withPanel(const char* button, const std::function<void(QFileDialog&)>& deal) {
+    EXPECT_TRUE(gui::withFilePanel(get<QPushButton>(button), deal));
   }
   void cancel(const char* button) {
     withPanel(button, [](QFileDialog& panel) { QTest::keyClick(&panel, Qt::Key_Escape); });
+  }
+  /// Saves under a name and answers the question that the panel asks. False if none came.
+  bool saveAndAnswer(const QString& file, QMessageBox::StandardButton answer) {
+    const gui::MessageAnswer answered(answer);
+    EXPECT_EQ(gui::choosePath(get<QPushButton>("buttonSaveSystem"), file), answer == QMessageBox::Yes);
+    return answered.text().contains("run.1.quorvane already exists");
   }
 
   /// A document of a model of 20 by 30 sites, 3 types and 2 rules.
@@ -283,10 +217,8 @@ TEST_F(DocumentDialogs, ASaveThatFailsLogsItsLineAndKeepsTheFormerTitle) {
   model().setPixelName(0, "caf\xC3\xA9");
   write(path("kept.quorvane"), "as it was");
   Log log;
-  withPanel("buttonSaveSystem", [&](QFileDialog& panel) {
-    panel.setOption(QFileDialog::DontConfirmOverwrite);
-    accept(panel, path("kept.quorvane"));
-  });
+  const gui::MessageAnswer replace(QMessageBox::Yes);
+  choosePath("buttonSaveSystem", path("kept.quorvane"));
   EXPECT_EQ(log.lines(), QStringList({"writeUsingSavePanel failed"}));
   EXPECT_EQ(contentOf(path("kept.quorvane")), "as it was");
   EXPECT_EQ(window_->windowTitle(), "sample.quorvane - Quorvane");

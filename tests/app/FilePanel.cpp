@@ -31,15 +31,19 @@ bool withFilePanel(QAbstractButton& button, const std::function<void(QFileDialog
   return withFilePanel([&button] { click(button, button.rect().center()); }, deal);
 }
 
-bool acceptFilePanel(QFileDialog& panel, const QString& path) {
+void enterPath(QFileDialog& panel, const QString& path) {
   auto* name = panel.findChild<QLineEdit*>("fileNameEdit");
-  auto* buttons = panel.findChild<QDialogButtonBox*>("buttonBox");
-  if (name && buttons) {
-    // Pasted: while letters are typed, the panel completes them from what it reads in the background.
-    QApplication::clipboard()->setText(path);
-    QTest::keyClick(name, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClick(name, Qt::Key_V, Qt::ControlModifier);
-    if (QWidget* completions = QApplication::activePopupWidget()) completions->close();
+  if (!name) return;
+  // Pasted: while letters are typed, the panel completes them from what it reads in the background.
+  QApplication::clipboard()->setText(path);
+  QTest::keyClick(name, Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClick(name, Qt::Key_V, Qt::ControlModifier);
+  if (QWidget* completions = QApplication::activePopupWidget()) completions->close();
+}
+
+bool acceptFilePanel(QFileDialog& panel, const QString& path) {
+  enterPath(panel, path);
+  if (auto* buttons = panel.findChild<QDialogButtonBox*>("buttonBox")) {
     const bool saves = panel.acceptMode() == QFileDialog::AcceptSave;
     QPushButton* confirm = buttons->button(saves ? QDialogButtonBox::Save : QDialogButtonBox::Open);
     // The panel reads the folder in the background before it accepts a name.
@@ -55,6 +59,17 @@ bool choosePath(QAbstractButton& button, const QString& path) {
   bool accepted = false;
   return withFilePanel(button, [&](QFileDialog& panel) { accepted = acceptFilePanel(panel, path); }) &&
          accepted;
+}
+
+MessageAnswer::MessageAnswer(QMessageBox::StandardButton answer) {
+  QObject::connect(&poll_, &QTimer::timeout, &poll_, [this, answer] {
+    auto* message = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    QAbstractButton* button = message ? message->button(answer) : nullptr;
+    if (!button || !button->isVisible()) return;
+    text_ = message->text();
+    click(*button, button->rect().center());
+  });
+  poll_.start(20);
 }
 
 }  // namespace quorvane::gui

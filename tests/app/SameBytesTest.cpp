@@ -24,6 +24,19 @@ class SameBytes : public ::testing::TestWithParam<Sweeps> {
   QTemporaryDir folder_;
 };
 
+class ChosenBefore : public ::testing::Test {
+ protected:
+  void SetUp() override { ASSERT_TRUE(folder_.isValid()); }
+
+  static void write(const QString& path, const QByteArray& content) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+  }
+
+  QTemporaryDir folder_;
+};
+
 TEST_P(SameBytes, FromTheWindowAndFromTheHeadlessRunner) {
   const auto [document, way, count] = GetParam();
   const QString opened = QString(EXAMPLES) + "/" + document + ".quorvane";
@@ -31,6 +44,23 @@ TEST_P(SameBytes, FromTheWindowAndFromTheHeadlessRunner) {
   const QString byRunner = folder_.filePath("runner.quorvane");
   ASSERT_EQ(runProgram(WINDOW_SESSION, {opened, byWindow, way, count}).status, 0);
   ASSERT_EQ(runProgram(BATCH, {opened, "--sweeps", count, "--output", byRunner}).status, 0);
+  EXPECT_NE(contentOf(byRunner), contentOf(opened));
+  EXPECT_EQ(contentOf(byWindow), contentOf(byRunner));
+}
+
+TEST_F(ChosenBefore, PreviewsOfOtherDocumentsLeaveTheDrawsOfTheOneThatIsOpened) {
+  const auto example = [](const char* name) { return QString(EXAMPLES) + "/" + name + ".quorvane"; };
+  const QString opened = example("phase-separation");
+  const QString cut = folder_.filePath("cut.quorvane"), broken = folder_.filePath("broken.quorvane");
+  write(cut, contentOf(opened).left(5000));
+  write(broken, "300\n2\n2\n");
+  const QString byWindow = folder_.filePath("window.quorvane");
+  const QString byRunner = folder_.filePath("runner.quorvane");
+  ASSERT_EQ(runProgram(WINDOW_SESSION, {opened, byWindow, "calls", "20", example("forest-fire"), cut, broken,
+                                        example("voters"), opened})
+                .status,
+            0);
+  ASSERT_EQ(runProgram(BATCH, {opened, "--sweeps", "20", "--output", byRunner}).status, 0);
   EXPECT_NE(contentOf(byRunner), contentOf(opened));
   EXPECT_EQ(contentOf(byWindow), contentOf(byRunner));
 }

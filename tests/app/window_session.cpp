@@ -1,19 +1,21 @@
 // A second application for tests: the main window in a process of its own, used as a person does.
 //
-//   window_session OPENED SAVED [loop N | calls N | keys N]
+//   window_session OPENED SAVED [loop N | calls N | keys N [CHOSEN...]]
 //
-// Opens a document through its panel, makes N sweeps, by the run loop, by calls of the model or by the keys
-// of One Sweep, saves through the panel and writes the report of what it found before the first sweep to its
-// standard output.
+// Chooses other documents in the panel for their previews, opens one, makes N sweeps, by the run loop, by calls
+// of the model or by the keys of One Sweep, saves through the panel and writes the report of what it found
+// before the first sweep to its standard output.
 
 #include <QApplication>
 #include <QSurfaceFormat>
 #include <QTest>
+#include <algorithm>
 #include <cstdio>
 
 #include "FilePanel.h"
 #include "RunLoopThreads.h"
 #include "SystemReport.h"
+#include "app/DocumentPreview.h"
 #include "app/DoubleSlider.h"
 #include "engine/f_ran0.h"
 
@@ -27,8 +29,13 @@ class Session {
     return static_cast<bool>(gui::showAndActivate(window_)) &&
            gui::waitUntil([this] { return model().getWidth() > 0.0; });
   }
-  bool open(const QString& path) {
-    return gui::choosePath(button("buttonOpenSystem"), path) && model().varMyState == kStopped;
+  bool open(const QString& path, const QStringList& chosenBefore) {
+    bool opened = false;
+    return gui::withFilePanel(button("buttonOpenSystem"),
+                              [&](QFileDialog& panel) {
+                                opened = preview(panel, chosenBefore) && gui::acceptFilePanel(panel, path);
+                              }) &&
+           opened && model().varMyState == kStopped;
   }
   bool save(const QString& path) { return gui::choosePath(button("buttonSaveSystem"), path); }
   QStringList report() { return reportSystem(window_); }
@@ -66,6 +73,13 @@ class Session {
   QAbstractButton& button(const char* name) {
     return *window_.findChild<QAbstractButton*>(QString::fromLatin1(name));
   }
+  static bool preview(QFileDialog& panel, const QStringList& paths) {
+    const auto* preview = panel.findChild<DocumentPreview*>("preview");
+    return std::all_of(paths.begin(), paths.end(), [&](const QString& path) {
+      gui::enterPath(panel, path);
+      return gui::waitUntil([&] { return preview->shown() == path; });
+    });
+  }
   void click(const char* name) { gui::click(button(name), button(name).rect().center()); }
   void setSpeed(Qt::Key end) { QTest::keyClick(window_.findChild<QWidget*>("sliderSimulationSpeed"), end); }
 
@@ -80,9 +94,9 @@ int fail(const char* step) {
 int run(const QStringList& arguments) {
   Session session;
   if (!session.show()) return fail("showing the window");
-  if (!session.open(arguments.at(1))) return fail("opening");
+  if (!session.open(arguments.at(1), arguments.mid(5))) return fail("opening");
   std::puts(qPrintable(session.report().join('\n')));
-  if (arguments.size() == 5 && !session.sweep(arguments.at(3), arguments.at(4).toInt()))
+  if (arguments.size() >= 5 && !session.sweep(arguments.at(3), arguments.at(4).toInt()))
     return fail("sweeping");
   return session.save(arguments.at(2)) ? 0 : fail("saving");
 }
@@ -93,8 +107,7 @@ int run(const QStringList& arguments) {
 int main(int argc, char** argv) {
   quorvane::processRandomSource.lookAtPlatform();
   QSurfaceFormat::setDefaultFormat(quorvane::GraphicalLatticeModelGL::surfaceFormat());
-  QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   const QApplication application(argc, argv);
-  if (argc != 3 && argc != 5) return 2;
+  if (argc != 3 && argc < 5) return 2;
   return quorvane::run(QApplication::arguments());
 }

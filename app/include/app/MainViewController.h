@@ -15,7 +15,7 @@ QT_END_NAMESPACE
 namespace quorvane {
 
 /// The main window's controller: hands every edit of a control to the model, and reads the model back into
-/// the controls. Holds no data of its own but the folder that the file panels were last in. Setting a control
+/// the controls. Holds no data of its own but the folder that a document was last in. Setting a control
 /// from here runs no handler; only a user's action does. Main thread only.
 class MainViewController : public QObject {
   Q_OBJECT
@@ -101,10 +101,7 @@ class MainViewController : public QObject {
   void commitTypedNames();
 
   void open(const QString& path);
-  /// Asks the user.
-  bool mayReplace(const QString& path);
   void save(const QString& path);
-  void report(const QString& path, const QString& message);
   void showDocumentInTitle(const QString& path);
 
   int selectedPixelType() const;

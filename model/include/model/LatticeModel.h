@@ -189,8 +189,8 @@ class LatticeModel : public ModelState {
   /// maxima, which are at least 1.
   void updateHistory();
 
-  /// Sweeps that the run loops, runSweeps and sweepOnce have finished since the model was made; a stopped sweep counts
-  /// too.
+  /// Sweeps that the run loops, runSweeps and sweepOnce have finished since the model was made; a stopped
+  /// sweep counts too.
   std::int64_t sweepsDone() const { return sweepsDone_; }
 
  protected:

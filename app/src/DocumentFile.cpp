@@ -1,0 +1,35 @@
+#include "app/DocumentFile.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+namespace quorvane {
+namespace {
+
+QString tr(const char* text) { return QCoreApplication::translate("quorvane::DocumentFile", text); }
+
+}  // namespace
+
+bool isDocumentName(const QString& path) {
+  return QFileInfo(path).suffix().compare(QLatin1String(kDocumentSuffix), Qt::CaseInsensitive) == 0;
+}
+
+QString documentName(const QString& path) {
+  return isDocumentName(path) ? path : path + "." + kDocumentSuffix;
+}
+
+QString whyNoDocument(const QString& path) {
+  const QFileInfo file(path);
+  if (file.isDir()) return tr("is a folder, not a document");
+  if (!file.exists()) return {};
+  if (!isDocumentName(path)) return tr("is not a document, whose name ends in .quorvane");
+  return file.isFile() ? QString() : tr("is a device or a pipe, not a document");
+}
+
+QString openingMessage(const QString& path, const OpenResult& result) {
+  const QString reason = result.status == OpenStatus::kUnreadable ? tr("cannot be read as a document")
+                                                                  : QString::fromStdString(result.message);
+  return QFileInfo(path).fileName() + ": " + reason;
+}
+
+}  // namespace quorvane

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+#include "document/ParsedDocument.h"
+
+namespace quorvane {
+
+/// As rich text: a message, if there is one, then a document's sizes, its pixel types with their colours and
+/// its rules, as far as they stand in it.
+QString summaryOf(const ParsedDocument& document, const QString& message);
+
+}  // namespace quorvane

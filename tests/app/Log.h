@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QStringList>
+#include <QtGlobal>
+
+namespace quorvane {
+
+/// Collects what goes to the log while it lives, but not what Qt says of itself. One at a time.
+class Log {
+ public:
+  Log() {
+    collecting = this;
+    former_ = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& line) {
+      if (!line.startsWith("qt.")) collecting->lines_ += line;
+    });
+  }
+  ~Log() { qInstallMessageHandler(former_); }
+  Log(const Log&) = delete;
+  Log& operator=(const Log&) = delete;
+
+  const QStringList& lines() const { return lines_; }
+
+ private:
+  static inline Log* collecting = nullptr;
+
+  QStringList lines_;
+  QtMessageHandler former_;
+};
+
+}  // namespace quorvane
