@@ -30,9 +30,7 @@ void MainViewController::buttonOpenSystemClicked() {
 
 void MainViewController::buttonSaveSystemClicked() {
   commitTypedNames();
-  // The examples are for reading.
-  const QString folder = folder_ == exampleFolder() ? QString() : folder_;
-  const QString path = DocumentPanel::toSave(myWindow, orCurrent(folder))->choose();
+  const QString path = DocumentPanel::toSave(myWindow, folderToSaveIn(folder_))->choose();
   if (path.isEmpty()) return log(kLogSaveCancelled);
   save(path);
 }

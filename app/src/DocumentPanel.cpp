@@ -5,60 +5,35 @@
 #include <QItemSelectionModel>
 #include <QLineEdit>
 #include <QListView>
-#include <QMessageBox>
 #include <QScreen>
-#include <QTemporaryDir>
-#include <QToolButton>
 #include <QUrl>
 
 #include "app/DocumentFile.h"
 #include "app/DocumentPreview.h"
 #include "app/ExampleFolder.h"
-#include "app/FileIcons.h"
 
 namespace quorvane {
-namespace {
-
-QString existing(const QString& folder) { return QDir(folder).exists() ? folder : QDir::homePath(); }
-
-}  // namespace
 
 std::unique_ptr<DocumentPanel> DocumentPanel::toOpen(QWidget* parent, const QString& folder,
                                                      const LatticeModel& model) {
-  const QTemporaryDir placeholder;
-  std::unique_ptr<DocumentPanel> panel(
-      new DocumentPanel(parent, tr("Open a document"), folder, placeholder.path()));
+  std::unique_ptr<DocumentPanel> panel(new DocumentPanel(parent, tr("Open a document"), folder));
   panel->setFileMode(ExistingFile);
   panel->addPreview(model);
   return panel;
 }
 
 std::unique_ptr<DocumentPanel> DocumentPanel::toSave(QWidget* parent, const QString& folder) {
-  const QTemporaryDir placeholder;
-  std::unique_ptr<DocumentPanel> panel(
-      new DocumentPanel(parent, tr("Save the model"), folder, placeholder.path()));
+  std::unique_ptr<DocumentPanel> panel(new DocumentPanel(parent, tr("Save the model"), folder));
   panel->setAcceptMode(AcceptSave);
   return panel;
 }
 
-// Qt lists the first folder with icons of its own, for which it reads files, before others can be given. So
-// the first folder is an empty one.
-DocumentPanel::DocumentPanel(QWidget* parent, const QString& title, const QString& folder,
-                             const QString& placeholder)
-    : QFileDialog(parent, title, placeholder), folder_(existing(folder)), placeholder_(placeholder) {
-  setOption(DontUseNativeDialog);
-  // A child made after the list of files, so that it goes after it.
-  setIconProvider(new FileIcons(this));
+DocumentPanel::DocumentPanel(QWidget* parent, const QString& title, const QString& folder)
+    : NamedFilesPanel(parent, title, folder) {
   setNameFilter(tr("Quorvane documents (*.quorvane)"));
   setDefaultSuffix(kDocumentSuffix);
-  setDirectory(folder_);
   files_ = findChild<QFileSystemModel*>();
   name_ = findChild<QLineEdit*>("fileNameEdit");
-  // The way back ends where the user began.
-  findChild<QToolButton*>("backButton")->setEnabled(false);
-  connect(files_, &QFileSystemModel::rootPathChanged, this, [this](const QString& path) {
-    if (path == placeholder_) setDirectory(folder_);
-  });
   addExamplesToSideBar();
 }
 
@@ -79,10 +54,8 @@ void DocumentPanel::accept() {
   // Qt enters a folder, and says that a document to open is not there.
   const bool isFolder = !chosen.isEmpty() && QFileInfo(chosen.constFirst()).isDir();
   if (path.isEmpty() || (isFolder && !isDocumentName(chosen.constFirst()))) return QFileDialog::accept();
-  if (const QString reason = whyNoDocument(path); !reason.isEmpty()) {
-    QMessageBox::warning(this, windowTitle(), QFileInfo(path).fileName() + " " + reason + ".");
-    return;
-  }
+  if (const QString reason = whyNoDocument(path); !reason.isEmpty())
+    return warn(QFileInfo(path).fileName() + " " + reason + ".");
   if (!saves && !QFileInfo::exists(path)) return QFileDialog::accept();
   if (saves && QFileInfo::exists(path) && !mayReplace(path)) return;
   document_ = path;
@@ -131,13 +104,6 @@ QString DocumentPanel::documentMeant() const {
   if (name_->text().isEmpty() || chosen.isEmpty()) return {};
   const QString path = chosen.constFirst();
   return acceptMode() == AcceptSave ? documentName(path) : path;
-}
-
-bool DocumentPanel::mayReplace(const QString& path) {
-  const QString question =
-      tr("%1 already exists. Do you want to replace it?").arg(QFileInfo(path).fileName());
-  return QMessageBox::question(this, windowTitle(), question, QMessageBox::Yes | QMessageBox::No,
-                               QMessageBox::No) == QMessageBox::Yes;
 }
 
 }  // namespace quorvane

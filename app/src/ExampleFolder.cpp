@@ -28,4 +28,8 @@ QString exampleFolder(const QString& programFolder) {
 
 QString exampleFolder() { return exampleFolder(QCoreApplication::applicationDirPath()); }
 
+QString folderToSaveIn(const QString& folder) {
+  return folder.isEmpty() || folder == exampleFolder() ? QDir::currentPath() : folder;
+}
+
 }  // namespace quorvane

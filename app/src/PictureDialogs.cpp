@@ -29,8 +29,9 @@ class Busy {
 /// A panel for pictures with a field for the pixels a site, and what size that gives.
 class PicturePanel : public SavePanel {
  public:
-  PicturePanel(QWidget* parent, const LatticeModel& model, int scale)
-      : SavePanel(parent, PictureDialogs::tr("Save the picture"), PictureDialogs::tr("Pictures"), "png"),
+  PicturePanel(QWidget* parent, const SuggestedFile& suggested, const LatticeModel& model, int scale)
+      : SavePanel(parent, PictureDialogs::tr("Save the picture"), suggested, PictureDialogs::tr("Pictures"),
+                  "png"),
         pixels_(new QSpinBox(this)) {
     auto* caption = new QLabel(PictureDialogs::tr("&Pixels a site:"), this);
     caption->setBuddy(pixels_);
@@ -74,9 +75,8 @@ void PictureDialogs::copyPicture() const {
 
 QString PictureDialogs::savePicture() {
   // The view's window: the view itself where it fills the screen.
-  PicturePanel panel(view_.window(), view_, scale_);
-  const auto [folder, baseName] = suggestedFile(window_.windowFilePath(), tr("lattice"));
-  panel.suggest(folder_.isEmpty() ? folder : folder_, baseName);
+  const SuggestedFile suggested = suggestedFile(folder_, window_.windowFilePath(), tr("lattice"));
+  PicturePanel panel(view_.window(), suggested, view_, scale_);
   const QString path = panel.run();
   if (path.isEmpty()) return {};
   folder_ = QFileInfo(path).absolutePath();

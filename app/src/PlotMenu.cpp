@@ -28,9 +28,8 @@ void PlotMenu::open(QPoint position) {
 void PlotMenu::saveShares() {
   // As they are now: a run goes on while the panel asks.
   const std::string shares = plot_.csv();
-  SavePanel panel(view_.window(), tr("Save the shares"), tr("Tables"), "csv");
-  const auto [folder, baseName] = suggestedFile(view_.window()->windowFilePath(), tr("shares"));
-  panel.suggest(folder_.isEmpty() ? folder : folder_, baseName);
+  const SuggestedFile suggested = suggestedFile(folder_, view_.window()->windowFilePath(), tr("shares"));
+  SavePanel panel(view_.window(), tr("Save the shares"), suggested, tr("Tables"), "csv");
   const QString path = panel.run();
   if (path.isEmpty()) return;
   folder_ = QFileInfo(path).absolutePath();

@@ -1,47 +1,21 @@
 #include "app/SavePanel.h"
 
-#include <QFileIconProvider>
 #include <QGridLayout>
 #include <QLineEdit>
 #include <filesystem>
 
+#include "app/ExampleFolder.h"
 #include "document/AtomicFile.h"
 
 namespace quorvane {
-namespace {
 
-/// Knows files by what they are called. The toolkit's own provider reads them, which may never end in folders
-/// of the system and is slow on a network.
-class NamesAlone : public QFileIconProvider {
- public:
-  QIcon icon(const QFileInfo& file) const override {
-    return QFileIconProvider::icon(file.isDir() ? Folder : File);
-  }
-  QString type(const QFileInfo& file) const override {
-    return file.isDir() ? SavePanel::tr("Folder") : file.suffix();
-  }
-};
-
-QFileIconProvider* namesAlone() {
-  static NamesAlone provider;
-  return &provider;
-}
-
-}  // namespace
-
-SavePanel::SavePanel(QWidget* parent, const QString& title, const QString& kind, const QString& suffix)
-    : QFileDialog(parent, title), suffix_(suffix) {
-  // The platform's own panel takes no further rows and no provider of icons.
-  setOption(DontUseNativeDialog);
-  setIconProvider(namesAlone());
+SavePanel::SavePanel(QWidget* parent, const QString& title, const SuggestedFile& suggested,
+                     const QString& kind, const QString& suffix)
+    : NamedFilesPanel(parent, title, suggested.folder), suffix_(suffix) {
   setAcceptMode(AcceptSave);
   setNameFilter(QString("%1 (*.%2)").arg(kind, suffix));
   setDefaultSuffix(suffix);
-}
-
-void SavePanel::suggest(const QString& folder, const QString& baseName) {
-  if (!folder.isEmpty()) setDirectory(folder);
-  selectFile(baseName + "." + suffix_);
+  selectFile(suggested.baseName + "." + suffix);
 }
 
 void SavePanel::addRow(QWidget* label, QWidget* field) {
@@ -66,10 +40,11 @@ void SavePanel::accept() {
   QFileDialog::accept();
 }
 
-SuggestedFile suggestedFile(const QString& document, const QString& otherwise) {
-  if (document.isEmpty()) return {{}, otherwise};
+SuggestedFile suggestedFile(const QString& lastFolder, const QString& document, const QString& otherwise) {
   const QFileInfo file(document);
-  return {file.absolutePath(), file.completeBaseName()};
+  const QString folder = document.isEmpty() ? QString() : file.absolutePath();
+  return {lastFolder.isEmpty() ? folderToSaveIn(folder) : lastFolder,
+          document.isEmpty() ? otherwise : file.completeBaseName()};
 }
 
 QString notSaved(const QString& path, const QString& reason) {

@@ -2,9 +2,9 @@
 //
 //   window_session OPENED SAVED [loop N | calls N | keys N [CHOSEN...]]
 //
-// Chooses other documents in the panel for their previews, opens one, makes N sweeps, by the run loop, by calls
-// of the model or by the keys of One Sweep, saves through the panel and writes the report of what it found
-// before the first sweep to its standard output.
+// Chooses other documents in the panel for their previews, opens one, makes N sweeps, by the run loop, by
+// calls of the model or by the keys of One Sweep, saves through the panel and writes the report of what it
+// found before the first sweep to its standard output.
 
 #include <QApplication>
 #include <QSurfaceFormat>

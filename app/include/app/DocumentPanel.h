@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QFileDialog>
 #include <QList>
 #include <QUrl>
 #include <memory>
 
+#include "app/NamedFilesPanel.h"
 #include "model/LatticeModel.h"
 
 QT_BEGIN_NAMESPACE
@@ -18,9 +18,7 @@ class DocumentPreview;
 
 /// The modal panel in which the user chooses a document to open or a name to save under. Lists documents and
 /// folders, has the examples' folder at its side, and reads no file but the chosen document, for its preview.
-///
-/// It is Qt's own panel on every desktop, because the desktops' own panels have no room for a preview.
-class DocumentPanel : public QFileDialog {
+class DocumentPanel : public NamedFilesPanel {
   Q_OBJECT
 
  public:
@@ -39,16 +37,15 @@ class DocumentPanel : public QFileDialog {
   void accept() override;
 
  private:
-  DocumentPanel(QWidget* parent, const QString& title, const QString& folder, const QString& placeholder);
+  DocumentPanel(QWidget* parent, const QString& title, const QString& folder);
 
   void addExamplesToSideBar();
   void addPreview(const LatticeModel& model);
   void followChoice();
   /// The path that stands for the name in the field, made one of a document where that is what is meant.
   QString documentMeant() const;
-  bool mayReplace(const QString& path);
 
-  QString folder_, placeholder_, document_;
+  QString document_;
   QList<QUrl> formerPlaces_;
   QFileSystemModel* files_;
   QLineEdit* name_;

@@ -13,4 +13,7 @@ QString exampleFolder(const QString& programFolder);
 /// That of the running program.
 QString exampleFolder();
 
+/// Where to save: the folder, or the current one where none is given or the examples', which are for reading.
+QString folderToSaveIn(const QString& folder);
+
 }  // namespace quorvane

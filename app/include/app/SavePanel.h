@@ -1,24 +1,33 @@
 #pragma once
 
-#include <QFileDialog>
 #include <QString>
 #include <string_view>
 
+#include "app/NamedFilesPanel.h"
+
 namespace quorvane {
 
-/// A modal panel that asks for the name of a file of one kind.
+/// The folder and the name without extension that a panel suggests for a result.
+struct SuggestedFile {
+  QString folder, baseName;
+};
+
+/// A result of a document: its name, in the folder that was used last or else the document's. Where there is
+/// no document, a name of that kind of result.
+SuggestedFile suggestedFile(const QString& lastFolder, const QString& document, const QString& otherwise);
+
+/// Asks for the name of a file of one kind.
 ///
 /// The name gets the kind's extension where it has another or none, before the panel asks whether a file of
-/// that name may be replaced. Lists files by their names and never reads one.
-class SavePanel : public QFileDialog {
+/// that name may be replaced.
+class SavePanel : public NamedFilesPanel {
   Q_OBJECT
 
  public:
   /// kind: what the filter calls such files. suffix: without the dot.
-  SavePanel(QWidget* parent, const QString& title, const QString& kind, const QString& suffix);
+  SavePanel(QWidget* parent, const QString& title, const SuggestedFile& suggested, const QString& kind,
+            const QString& suffix);
 
-  /// Begins in a folder with a name without extension.
-  void suggest(const QString& folder, const QString& baseName);
   /// Adds a row below the others.
   void addRow(QWidget* label, QWidget* field);
   /// The file that the user chooses, or an empty string.
@@ -30,13 +39,6 @@ class SavePanel : public QFileDialog {
  private:
   QString suffix_;
 };
-
-/// The folder and the name without extension for a result of a document: its own, or a name of that kind in
-/// the folder that panels begin in where there is no document.
-struct SuggestedFile {
-  QString folder, baseName;
-};
-SuggestedFile suggestedFile(const QString& document, const QString& otherwise);
 
 /// The line that says why a file was not saved.
 QString notSaved(const QString& path, const QString& reason);
