@@ -38,14 +38,13 @@ void MainWindow::changeEvent(QEvent* event) {
 void MainWindow::keepRoomOfHiddenControls() {
   for (QWidget* widget : std::initializer_list<QWidget*>{
            ui_->labelMasqueradeType, ui_->listMasqueradeType, ui_->colorMasqueradeType,
-           ui_->checkSelectedRuleIgnoreEnergy, ui_->colorSelectedRulePixelA, ui_->colorSelectedRulePixelB,
-           ui_->labelSelectedRuleFacNum, ui_->listSelectedRuleFacNum, ui_->labelSelectedRuleFacPixel,
-           ui_->listSelectedRuleFacPixel, ui_->colorSelectedRuleFacPixel, ui_->colorNewRulePixelA,
-           ui_->colorNewRulePixelB}) {
+           ui_->checkSelectedRuleIgnoreEnergy, ui_->labelSelectedRuleFacNum, ui_->listSelectedRuleFacNum,
+           ui_->labelSelectedRuleFacPixel, ui_->listSelectedRuleFacPixel, ui_->colorSelectedRuleFacPixel}) {
     QSizePolicy policy = widget->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     widget->setSizePolicy(policy);
   }
+  // Not of the wells beside the ends of a rule: the name of an end takes the room of its well.
 }
 
 void MainWindow::acceptPrintableNamesOnly() {

@@ -6,6 +6,7 @@
 #include <QStyleOptionComboBox>
 #include <QStyleOptionGroupBox>
 
+#include <array>
 #include "WindowTest.h"
 #include "app/ElidedLabel.h"
 #include "view/GraphicalPlot.h"
@@ -61,6 +62,12 @@ class Layout : public WindowTest, public ::testing::WithParamInterface<int> {
   QRect place(const QWidget* widget) { return {widget->mapTo(window_.get(), QPoint(0, 0)), widget->size()}; }
 
   void expectNothingOverlaps() {
+  /// Where a name and its colour well, if that shows, stand together.
+  QRect roomOf(const char* name, const char* well) {
+    const QRect room = place(&control(name));
+    return visible(well) ? room | place(&control(well)) : room;
+  }
+
     const QList<QWidget*> all = controls();
     EXPECT_GT(all.size(), 60);
     for (int a = 0; a < all.size(); ++a) {
@@ -190,6 +197,41 @@ TEST_P(Layout, LongNamesMoveNothing) {
   enter("textSelectedRuleName", QString(120, 'W'));
   choose("listPaintType", "1 - " + QString(120, 'W'));
   gui::processEvents();
+TEST_P(Layout, TheEndsOfARuleTakeTheRoomOfAHiddenWell) {
+  showEverything();
+  addRule("turn", "Reversible Flip", kAny, "1 - Pixel");
+  gui::processEvents();
+  const auto ends = [this](const char* nameA, const char* wellA, const char* nameB, const char* wellB) {
+    return std::array{roomOf(nameA, wellA), roomOf(nameB, wellB)};
+  };
+  const auto selected = [&] {
+    return ends("textSelectedRulePixelA", "colorSelectedRulePixelA", "textSelectedRulePixelB",
+                "colorSelectedRulePixelB");
+  };
+  const auto added = [&] {
+    return ends("listNewRulePixelA", "colorNewRulePixelA", "listNewRulePixelB", "colorNewRulePixelB");
+  };
+  EXPECT_FALSE(visible("colorSelectedRulePixelA"));
+  EXPECT_TRUE(visible("colorSelectedRulePixelB"));
+  EXPECT_EQ(place(&control("textSelectedRulePixelA")).left(),
+            place(&control("sliderSelectedRuleParam")).left());
+  const auto oneHidden = selected();
+  choose("listSelectedRule", "0 - grow");
+  gui::processEvents();
+  EXPECT_TRUE(visible("colorSelectedRulePixelA"));
+  EXPECT_EQ(selected(), oneHidden);
+  EXPECT_EQ(place(&control("colorSelectedRulePixelA")).left(),
+            place(&control("sliderSelectedRuleParam")).left());
+
+  const auto bothHidden = added();
+  EXPECT_FALSE(visible("colorNewRulePixelA") || visible("colorNewRulePixelB"));
+  EXPECT_EQ(place(&control("listNewRulePixelB")).right(), place(&control("buttonAddNewRule")).right());
+  for (const char* list : {"listNewRulePixelA", "listNewRulePixelB"}) choose(list, "1 - Pixel");
+  gui::processEvents();
+  EXPECT_TRUE(visible("colorNewRulePixelA") && visible("colorNewRulePixelB"));
+  EXPECT_EQ(added(), bothHidden);
+}
+
   EXPECT_EQ(window_->minimumSizeHint(), smallest);
   EXPECT_EQ(place(&control("buttonDelRule")), button);
   expectNothingOverlaps();
