@@ -4,6 +4,8 @@
 #include <QRegularExpressionValidator>
 
 #include "FontFit.h"
+#include "ScreenFit.h"
+#include "ScrollingPanels.h"
 #include "ui_MainWindow.h"
 
 namespace quorvane {
@@ -12,8 +14,12 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), ui_(std::make_uni
   ui_->setupUi(this);
   ui_->sliderSimulationSpeed->showValue();
   keepRoomOfHiddenControls();
-  fontFit_ = std::make_unique<FontFit>(*this, *ui_);
+  panels_ = std::make_unique<ScrollingPanels>(*ui_);
+  fontFit_ = std::make_unique<FontFit>(*this, *ui_, *panels_);
   fontFit_->fit();
+  screenFit_ = std::make_unique<ScreenFit>(*this);
+  keepSmallestSize();
+  connect(panels_.get(), &ScrollingPanels::smallestSizeChanged, this, &MainWindow::keepSmallestSize);
   acceptPrintableNamesOnly();
   controller_ = std::make_unique<MainViewController>(this, ui_.get());
   controller_->awakeFromNib();
@@ -32,10 +38,15 @@ GraphicalLatticeModelGL& MainWindow::model() { return *ui_->myGraphicalLatticeMo
 
 void MainWindow::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
-  if (event->type() == QEvent::FontChange && fontFit_) fontFit_->fit();
+  if (event->type() != QEvent::FontChange || !screenFit_) return;
+  fontFit_->fit();
+  keepSmallestSize();
 }
 
+void MainWindow::keepSmallestSize() { screenFit_->setSmallestSize(panels_->smallestSize()); }
+
 void MainWindow::keepRoomOfHiddenControls() {
+  // Not of the wells beside the ends of a rule: the name of an end takes the room of its well.
   for (QWidget* widget : std::initializer_list<QWidget*>{
            ui_->labelMasqueradeType, ui_->listMasqueradeType, ui_->colorMasqueradeType,
            ui_->checkSelectedRuleIgnoreEnergy, ui_->labelSelectedRuleFacNum, ui_->listSelectedRuleFacNum,
@@ -44,7 +55,6 @@ void MainWindow::keepRoomOfHiddenControls() {
     policy.setRetainSizeWhenHidden(true);
     widget->setSizePolicy(policy);
   }
-  // Not of the wells beside the ends of a rule: the name of an end takes the room of its well.
 }
 
 void MainWindow::acceptPrintableNamesOnly() {

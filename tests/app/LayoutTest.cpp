@@ -1,12 +1,13 @@
 #include <QApplication>
 #include <QGroupBox>
 #include <QScreen>
+#include <QScrollBar>
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QStyleOptionComboBox>
 #include <QStyleOptionGroupBox>
-
 #include <array>
+
 #include "WindowTest.h"
 #include "app/ElidedLabel.h"
 #include "view/GraphicalPlot.h"
@@ -61,13 +62,13 @@ class Layout : public WindowTest, public ::testing::WithParamInterface<int> {
 
   QRect place(const QWidget* widget) { return {widget->mapTo(window_.get(), QPoint(0, 0)), widget->size()}; }
 
-  void expectNothingOverlaps() {
   /// Where a name and its colour well, if that shows, stand together.
   QRect roomOf(const char* name, const char* well) {
     const QRect room = place(&control(name));
     return visible(well) ? room | place(&control(well)) : room;
   }
 
+  void expectNothingOverlaps() {
     const QList<QWidget*> all = controls();
     EXPECT_GT(all.size(), 60);
     for (int a = 0; a < all.size(); ++a) {
@@ -82,6 +83,11 @@ class Layout : public WindowTest, public ::testing::WithParamInterface<int> {
         EXPECT_TRUE(place(group).contains(place(inside))) << inside->objectName().toStdString();
       }
     }
+  }
+
+  void expectNothingScrolls() {
+    for (const QScrollBar* bar : window_->findChildren<QScrollBar*>())
+      EXPECT_FALSE(bar->isVisible()) << bar->parentWidget()->parentWidget()->objectName().toStdString();
   }
 
   static int widthOf(const QWidget& widget, QString text) {
@@ -140,6 +146,7 @@ INSTANTIATE_TEST_SUITE_P(Points, Layout, ::testing::Values(9, 11, 14),
 
 TEST_P(Layout, IsRightAtItsDefaultSize) {
   showEverything();
+  expectNothingScrolls();
   expectNothingOverlaps();
   expectEveryTextIsWhole();
 }
@@ -151,6 +158,7 @@ TEST_P(Layout, IsRightAtItsSmallestSize) {
   EXPECT_LT(window_->height(), 760);
   EXPECT_GE(model().width(), 400);
   EXPECT_GE(model().height(), 400);
+  expectNothingScrolls();
   expectNothingOverlaps();
   expectEveryTextIsWhole();
 }
@@ -158,6 +166,7 @@ TEST_P(Layout, IsRightAtItsSmallestSize) {
 TEST_P(Layout, IsRightOnALargeScreen) {
   showEverything();
   resizeTo(QSize(1900, 1000));
+  expectNothingScrolls();
   expectNothingOverlaps();
   expectEveryTextIsWhole();
 }
@@ -188,15 +197,6 @@ TEST_P(Layout, StandsStillWhenControlsComeAndGo) {
   EXPECT_EQ(places(), before);
 }
 
-TEST_P(Layout, LongNamesMoveNothing) {
-  showEverything();
-  const QSize smallest = window_->minimumSizeHint();
-  const QRect button = place(&control("buttonDelRule"));
-  choose("listSelectPixelType", "1 - Pixel");
-  enter("textPixelName", QString(120, 'W'));
-  enter("textSelectedRuleName", QString(120, 'W'));
-  choose("listPaintType", "1 - " + QString(120, 'W'));
-  gui::processEvents();
 TEST_P(Layout, TheEndsOfARuleTakeTheRoomOfAHiddenWell) {
   showEverything();
   addRule("turn", "Reversible Flip", kAny, "1 - Pixel");
@@ -232,6 +232,15 @@ TEST_P(Layout, TheEndsOfARuleTakeTheRoomOfAHiddenWell) {
   EXPECT_EQ(added(), bothHidden);
 }
 
+TEST_P(Layout, LongNamesMoveNothing) {
+  showEverything();
+  const QSize smallest = window_->minimumSizeHint();
+  const QRect button = place(&control("buttonDelRule"));
+  choose("listSelectPixelType", "1 - Pixel");
+  enter("textPixelName", QString(120, 'W'));
+  enter("textSelectedRuleName", QString(120, 'W'));
+  choose("listPaintType", "1 - " + QString(120, 'W'));
+  gui::processEvents();
   EXPECT_EQ(window_->minimumSizeHint(), smallest);
   EXPECT_EQ(place(&control("buttonDelRule")), button);
   expectNothingOverlaps();
@@ -258,6 +267,7 @@ TEST_P(Layout, FollowsTheFontOfTheDesktop) {
   gui::processEvents();
   EXPECT_EQ(window_->font().pointSizeF(), 18.0);
   resizeTo(QSize(1, 1));
+  expectNothingScrolls();
   expectNothingOverlaps();
   expectEveryTextIsWhole();
   QApplication::setFont(fontOf(GetParam()));
