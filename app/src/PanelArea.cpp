@@ -12,7 +12,7 @@ namespace {
 
 /// What is clicked stays under the mouse, and what was scrolled away stays away when a window or a list comes
 /// back to its focus.
-bool movesTheEye(Qt::FocusReason reason) {
+bool bringsIntoSight(Qt::FocusReason reason) {
   return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
          reason == Qt::ShortcutFocusReason || reason == Qt::OtherFocusReason;
 }
@@ -48,7 +48,7 @@ int PanelArea::widthForAnyGroup() const {
 }
 
 bool PanelArea::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::FocusIn && movesTheEye(static_cast<QFocusEvent*>(event)->reason()))
+  if (event->type() == QEvent::FocusIn && bringsIntoSight(static_cast<QFocusEvent*>(event)->reason()))
     reveal(*static_cast<QWidget*>(watched));
   if (event->type() == QEvent::LayoutRequest && watched == widget()) emit panelChanged();
   return QScrollArea::eventFilter(watched, event);
@@ -80,7 +80,8 @@ QRect PanelArea::placeOfGroup(const QWidget& control) const {
 bool PanelArea::isFollowedByControls(const QWidget& group) const {
   const QList<QWidget*> all = widget()->findChildren<QWidget*>();
   return std::any_of(all.begin(), all.end(), [&](const QWidget* other) {
-    return other->focusPolicy() != Qt::NoFocus && !group.isAncestorOf(other) &&
+    // The pop-up of a list is a window of its own.
+    return other->window() == window() && other->focusPolicy() != Qt::NoFocus && !group.isAncestorOf(other) &&
            placeIn(*widget(), *other).top() > placeIn(*widget(), group).bottom();
   });
 }

@@ -4,8 +4,8 @@
 
 namespace quorvane {
 
-/// A panel of controls that scrolls where it has no room. A control that takes the focus comes into sight, and
-/// the whole of its group with it where there is room; the area itself takes no focus and draws no frame.
+/// A panel of controls that scrolls where it has no room. A control that takes the focus comes into sight,
+/// and the whole of its group with it where there is room; the area itself takes no focus and draws no frame.
 class PanelArea : public QScrollArea {
   Q_OBJECT
 

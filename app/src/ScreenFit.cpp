@@ -67,9 +67,8 @@ void ScreenFit::moveInside() {
   const QRect available = window_.screen()->availableGeometry();
   const QSize size = window_.size().grownBy(frame());
   const QPoint place = window_.pos();
-  const QPoint inside(
-      std::max(available.left(), std::min(place.x(), available.right() + 1 - size.width())),
-      std::max(available.top(), std::min(place.y(), available.bottom() + 1 - size.height())));
+  const QPoint inside(std::max(available.left(), std::min(place.x(), available.right() + 1 - size.width())),
+                      std::max(available.top(), std::min(place.y(), available.bottom() + 1 - size.height())));
   if (inside != place) window_.move(inside);
 }
 

@@ -9,9 +9,9 @@
 
 namespace quorvane {
 
-/// Keeps a window on the screen: whole, with its frame, inside the available part, whenever it is shown, needs
-/// more room than before, or the screen or its available part changes. A user may still move or enlarge it
-/// beyond that.
+/// Keeps a window on the screen: whole, with its frame, inside the available part, whenever it is shown,
+/// needs more room than before, or the screen or its available part changes. A user may still move or enlarge
+/// it beyond that.
 class ScreenFit : public QObject {
   Q_OBJECT
 

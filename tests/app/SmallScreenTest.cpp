@@ -100,9 +100,7 @@ class SmallScreen : public WindowTest {
   /// Turns the wheel over the scroll bars, those that can be seen, until a control is in sight.
   void scrollTo(QScrollArea& panel, const QWidget& control) {
     constexpr int enough = 200;
-    const auto place = [&] {
-      return QRect(control.mapTo(panel.viewport(), QPoint(0, 0)), control.size());
-    };
+    const auto place = [&] { return QRect(control.mapTo(panel.viewport(), QPoint(0, 0)), control.size()); };
     for (int turn = 0; turn < enough && !isInSight(control); ++turn) {
       const QRect room = panel.viewport()->rect(), now = place();
       if (panel.verticalScrollBar()->isVisible() && (now.top() < room.top() || now.bottom() > room.bottom()))
@@ -210,6 +208,18 @@ TEST_F(SmallScreen, AGroupComesIntoSightWithItsControl) {
   }
 }
 
+TEST_F(SmallScreen, ThePlotComesIntoSightWithTheLastControls) {
+  const QWidget& column = control("rightColumn");
+  const int newRuleAndPlot = column.height() - control("groupNewRule").y();
+  if (newRuleAndPlot > panels()[1]->viewport()->height()) GTEST_SKIP() << "the screen is too low for both";
+  key("buttonAddNewPixel", Qt::Key_PageUp);
+  choose("listSelectPixelType", "1 - Pixel");
+  choose("listNewRuleType", "Swap");
+  key("listNewRuleType", Qt::Key_Down);
+  EXPECT_TRUE(isInSight(control("groupNewRule")));
+  EXPECT_TRUE(isInSight(control("plotPopulations")));
+}
+
 TEST_F(SmallScreen, AMnemonicBringsItsControlIntoSight) {
   key("buttonAddNewRule", Qt::Key_Tab);
   QTest::keyClick(window_.get(), Qt::Key_N, Qt::AltModifier);
@@ -250,8 +260,8 @@ TEST_F(SmallScreen, TextIsNotMadeTooSmallToRead) {
   EXPECT_TRUE(panels()[1]->horizontalScrollBar()->isVisible());
   expectTheWholePanelsApart();
   for (const QGroupBox* group : control("bottomStrip").findChildren<QGroupBox*>())
-    EXPECT_TRUE(gui::waitUntil(
-        [&] { return group->minimumSizeHint().width() <= panels()[0]->viewport()->width(); }));
+    EXPECT_TRUE(
+        gui::waitUntil([&] { return group->minimumSizeHint().width() <= panels()[0]->viewport()->width(); }));
 }
 
 /// A panel of the desktop along the screen's lower edge.
