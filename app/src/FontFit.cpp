@@ -7,13 +7,15 @@
 #include <QLocale>
 #include <algorithm>
 
+#include "ScrollingPanels.h"
 #include "ui_MainWindow.h"
 
 namespace quorvane {
 namespace {
 
 constexpr double kStep = 0.5;
-constexpr double kSmallestPointSize = 6.0;
+/// Smaller text is hard to read; a desktop that asks for a smaller font gets it.
+constexpr double kSmallestPointSize = 9.0;
 /// Inside a window frame it still fits a screen of 1280 by 800, and the window starts larger than that.
 constexpr QSize kLargestSmallestWindow{1170, 740};
 constexpr int kButtonPadding = 16;
@@ -21,7 +23,8 @@ constexpr int kFieldPadding = 12;
 
 }  // namespace
 
-FontFit::FontFit(QMainWindow& window, Ui::MainWindow& ui) : window_(window), ui_(ui) {
+FontFit::FontFit(QMainWindow& window, Ui::MainWindow& ui, const ScrollingPanels& panels)
+    : window_(window), ui_(ui), panels_(panels) {
   for (QPushButton* button : ui.centralwidget->findChildren<QPushButton*>())
     keepRoom(button, button->text(), kButtonPadding);
   for (QLabel* caption :
@@ -47,7 +50,8 @@ void FontFit::fit() {
   double pointSize = window_.font().pointSizeF();
   if (pointSize <= 0.0) pointSize = QFontInfo(window_.font()).pointSizeF();
   use(pointSize);
-  while (!fits() && pointSize > kSmallestPointSize) use(pointSize -= kStep);
+  while (!fits() && pointSize > kSmallestPointSize)
+    use(pointSize = std::max(pointSize - kStep, kSmallestPointSize));
 }
 
 void FontFit::use(double pointSize) {
@@ -69,14 +73,9 @@ void FontFit::use(double pointSize) {
 }
 
 bool FontFit::fits() const {
-  const QSize smallest = ui_.centralwidget->minimumSizeHint();
-  const int stripWidth = smallest.width() - ui_.rightColumn->maximumWidth();
-  const QLayout& strip = *ui_.bottomStrip->layout();
+  const QSize smallest = panels_.smallestSize();
   return smallest.width() <= kLargestSmallestWindow.width() &&
-         smallest.height() <= kLargestSmallestWindow.height() &&
-         ui_.rightColumn->layout()->totalMinimumSize().width() <= ui_.rightColumn->maximumWidth() &&
-         strip.totalMinimumSize().height() <= ui_.bottomStrip->maximumHeight() &&
-         strip.totalMinimumHeightForWidth(stripWidth) <= ui_.bottomStrip->maximumHeight();
+         smallest.height() <= kLargestSmallestWindow.height() && panels_.fitTheMargins();
 }
 
 }  // namespace quorvane

@@ -11,14 +11,16 @@ class MainWindow;
 
 namespace quorvane {
 
+class ScrollingPanels;
+
 /// Keeps every text of the controls whole in the room that the lattice view's fixed margins leave, whatever
-/// font the desktop asks for.
+/// font the desktop asks for, as long as the text is still easy to read: what does not fit then scrolls.
 class FontFit {
  public:
-  /// Both must outlive it.
-  FontFit(QMainWindow& window, Ui::MainWindow& ui);
+  /// All must outlive it.
+  FontFit(QMainWindow& window, Ui::MainWindow& ui, const ScrollingPanels& panels);
 
-  /// Gives the controls the window's font, or the nearest smaller size of it that fits.
+  /// Gives the controls the window's font, or the nearest smaller size of it that fits, down to 9 points.
   void fit();
 
  private:
@@ -36,6 +38,7 @@ class FontFit {
 
   QMainWindow& window_;
   Ui::MainWindow& ui_;
+  const ScrollingPanels& panels_;
   std::vector<Room> rooms_;
 };
 

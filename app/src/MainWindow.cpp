@@ -3,6 +3,8 @@
 #include <QEvent>
 
 #include "FontFit.h"
+#include "ScreenFit.h"
+#include "ScrollingPanels.h"
 #include "app/FullScreenNote.h"
 #include "app/PrintableText.h"
 #include "ui_MainWindow.h"
@@ -13,8 +15,12 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), ui_(std::make_uni
   ui_->setupUi(this);
   ui_->sliderSimulationSpeed->showValue();
   keepRoomOfHiddenControls();
-  fontFit_ = std::make_unique<FontFit>(*this, *ui_);
+  panels_ = std::make_unique<ScrollingPanels>(*ui_);
+  fontFit_ = std::make_unique<FontFit>(*this, *ui_, *panels_);
   fontFit_->fit();
+  screenFit_ = std::make_unique<ScreenFit>(*this);
+  keepSmallestSize();
+  connect(panels_.get(), &ScrollingPanels::smallestSizeChanged, this, &MainWindow::keepSmallestSize);
   ui_->textNewRuleName->setValidator(newPrintableValidator(this));
   controller_ = std::make_unique<MainViewController>(this, ui_.get());
   controller_->awakeFromNib();
@@ -36,16 +42,19 @@ GraphicalLatticeModelGL& MainWindow::model() { return *ui_->myGraphicalLatticeMo
 
 void MainWindow::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
-  if (event->type() == QEvent::FontChange && fontFit_) fontFit_->fit();
+  if (event->type() != QEvent::FontChange || !screenFit_) return;
+  fontFit_->fit();
+  keepSmallestSize();
 }
 
+void MainWindow::keepSmallestSize() { screenFit_->setSmallestSize(panels_->smallestSize()); }
+
 void MainWindow::keepRoomOfHiddenControls() {
+  // Not of the wells beside the ends of a rule: the name of an end takes the room of its well.
   for (QWidget* widget : std::initializer_list<QWidget*>{
            ui_->labelMasqueradeType, ui_->listMasqueradeType, ui_->colorMasqueradeType,
-           ui_->checkSelectedRuleIgnoreEnergy, ui_->colorSelectedRulePixelA, ui_->colorSelectedRulePixelB,
-           ui_->labelSelectedRuleFacNum, ui_->listSelectedRuleFacNum, ui_->labelSelectedRuleFacPixel,
-           ui_->listSelectedRuleFacPixel, ui_->colorSelectedRuleFacPixel, ui_->colorNewRulePixelA,
-           ui_->colorNewRulePixelB}) {
+           ui_->checkSelectedRuleIgnoreEnergy, ui_->labelSelectedRuleFacNum, ui_->listSelectedRuleFacNum,
+           ui_->labelSelectedRuleFacPixel, ui_->listSelectedRuleFacPixel, ui_->colorSelectedRuleFacPixel}) {
     QSizePolicy policy = widget->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     widget->setSizePolicy(policy);

@@ -1,10 +1,12 @@
 #include <QApplication>
 #include <QGroupBox>
 #include <QScreen>
+#include <QScrollBar>
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QStyleOptionComboBox>
 #include <QStyleOptionGroupBox>
+#include <array>
 
 #include "WindowTest.h"
 #include "app/ElidedLabel.h"
@@ -60,6 +62,12 @@ class Layout : public WindowTest, public ::testing::WithParamInterface<int> {
 
   QRect place(const QWidget* widget) { return {widget->mapTo(window_.get(), QPoint(0, 0)), widget->size()}; }
 
+  /// Where a name and its colour well, if that shows, stand together.
+  QRect roomOf(const char* name, const char* well) {
+    const QRect room = place(&control(name));
+    return visible(well) ? room | place(&control(well)) : room;
+  }
+
   void expectNothingOverlaps() {
     const QList<QWidget*> all = controls();
     EXPECT_GT(all.size(), 60);
@@ -75,6 +83,11 @@ class Layout : public WindowTest, public ::testing::WithParamInterface<int> {
         EXPECT_TRUE(place(group).contains(place(inside))) << inside->objectName().toStdString();
       }
     }
+  }
+
+  void expectNothingScrolls() {
+    for (const QScrollBar* bar : window_->findChildren<QScrollBar*>())
+      EXPECT_FALSE(bar->isVisible()) << bar->parentWidget()->parentWidget()->objectName().toStdString();
   }
 
   static int widthOf(const QWidget& widget, QString text) {
@@ -133,6 +146,7 @@ INSTANTIATE_TEST_SUITE_P(Points, Layout, ::testing::Values(9, 11, 14),
 
 TEST_P(Layout, IsRightAtItsDefaultSize) {
   showEverything();
+  expectNothingScrolls();
   expectNothingOverlaps();
   expectEveryTextIsWhole();
 }
@@ -144,6 +158,7 @@ TEST_P(Layout, IsRightAtItsSmallestSize) {
   EXPECT_LT(window_->height(), 760);
   EXPECT_GE(model().width(), 400);
   EXPECT_GE(model().height(), 400);
+  expectNothingScrolls();
   expectNothingOverlaps();
   expectEveryTextIsWhole();
 }
@@ -151,6 +166,7 @@ TEST_P(Layout, IsRightAtItsSmallestSize) {
 TEST_P(Layout, IsRightOnALargeScreen) {
   showEverything();
   resizeTo(QSize(1900, 1000));
+  expectNothingScrolls();
   expectNothingOverlaps();
   expectEveryTextIsWhole();
 }
@@ -179,6 +195,41 @@ TEST_P(Layout, StandsStillWhenControlsComeAndGo) {
   addRule("bond", "Pixel-Pixel Interaction", kAny, kAny);
   gui::processEvents();
   EXPECT_EQ(places(), before);
+}
+
+TEST_P(Layout, TheEndsOfARuleTakeTheRoomOfAHiddenWell) {
+  showEverything();
+  addRule("turn", "Reversible Flip", kAny, "1 - Pixel");
+  gui::processEvents();
+  const auto ends = [this](const char* nameA, const char* wellA, const char* nameB, const char* wellB) {
+    return std::array{roomOf(nameA, wellA), roomOf(nameB, wellB)};
+  };
+  const auto selected = [&] {
+    return ends("textSelectedRulePixelA", "colorSelectedRulePixelA", "textSelectedRulePixelB",
+                "colorSelectedRulePixelB");
+  };
+  const auto added = [&] {
+    return ends("listNewRulePixelA", "colorNewRulePixelA", "listNewRulePixelB", "colorNewRulePixelB");
+  };
+  EXPECT_FALSE(visible("colorSelectedRulePixelA"));
+  EXPECT_TRUE(visible("colorSelectedRulePixelB"));
+  EXPECT_EQ(place(&control("textSelectedRulePixelA")).left(),
+            place(&control("sliderSelectedRuleParam")).left());
+  const auto oneHidden = selected();
+  choose("listSelectedRule", "0 - grow");
+  gui::processEvents();
+  EXPECT_TRUE(visible("colorSelectedRulePixelA"));
+  EXPECT_EQ(selected(), oneHidden);
+  EXPECT_EQ(place(&control("colorSelectedRulePixelA")).left(),
+            place(&control("sliderSelectedRuleParam")).left());
+
+  const auto bothHidden = added();
+  EXPECT_FALSE(visible("colorNewRulePixelA") || visible("colorNewRulePixelB"));
+  EXPECT_EQ(place(&control("listNewRulePixelB")).right(), place(&control("buttonAddNewRule")).right());
+  for (const char* list : {"listNewRulePixelA", "listNewRulePixelB"}) choose(list, "1 - Pixel");
+  gui::processEvents();
+  EXPECT_TRUE(visible("colorNewRulePixelA") && visible("colorNewRulePixelB"));
+  EXPECT_EQ(added(), bothHidden);
 }
 
 TEST_P(Layout, LongNamesMoveNothing) {
@@ -216,6 +267,7 @@ TEST_P(Layout, FollowsTheFontOfTheDesktop) {
   gui::processEvents();
   EXPECT_EQ(window_->font().pointSizeF(), 18.0);
   resizeTo(QSize(1, 1));
+  expectNothingScrolls();
   expectNothingOverlaps();
   expectEveryTextIsWhole();
   QApplication::setFont(fontOf(GetParam()));

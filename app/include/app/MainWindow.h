@@ -11,6 +11,8 @@
 namespace quorvane {
 
 class FontFit;
+class ScreenFit;
+class ScrollingPanels;
 
 /// The application's only window, with its controls, its model and its controller. Closing it ends every run.
 class MainWindow : public QMainWindow {
@@ -23,11 +25,14 @@ class MainWindow : public QMainWindow {
   GraphicalLatticeModelGL& model();
   MainViewController& controller() { return *controller_; }
   const PopulationPlot& plot() const { return *plot_; }
+  /// Enough to see everything at once, as far as the screen allows it.
+  QSize minimumSizeHint() const override { return minimumSize(); }
 
  protected:
   void changeEvent(QEvent* event) override;
 
  private:
+  void keepSmallestSize();
   void keepRoomOfHiddenControls();
   void followRun();
   void addContextMenus();
@@ -35,7 +40,9 @@ class MainWindow : public QMainWindow {
 
   HeldSpaceBar heldSpaceBar_;
   std::unique_ptr<Ui::MainWindow> ui_;
+  std::unique_ptr<ScrollingPanels> panels_;
   std::unique_ptr<FontFit> fontFit_;
+  std::unique_ptr<ScreenFit> screenFit_;
   std::unique_ptr<MainViewController> controller_;
   std::unique_ptr<PopulationPlot> plot_;
   std::unique_ptr<LatticeMenu> latticeMenu_;
