@@ -109,7 +109,8 @@ TEST_F(LatticeMenuTest, OneSweepIsDrawn) {
   model().setRuleParam(0, 1.0);
   const QImage before = gui::frameOf(model());
   oneSweep(control("buttonRunModel"));
-  EXPECT_TRUE(gui::waitUntil([&] { return model().grabFramebuffer().convertToFormat(before.format()) != before; }));
+  EXPECT_TRUE(
+      gui::waitUntil([&] { return model().grabFramebuffer().convertToFormat(before.format()) != before; }));
 }
 
 TEST_F(LatticeMenuTest, OneSweepDoesNothingWithoutAModelOrDuringARun) {

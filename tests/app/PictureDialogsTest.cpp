@@ -90,7 +90,8 @@ TEST_F(PictureDialogsTest, APictureSaysWhatItShows) {
 }
 
 TEST_F(PictureDialogsTest, TheDocumentIsTheOneInTheTitle) {
-  ASSERT_TRUE(gui::choosePath(get<QPushButton>("buttonOpenSystem"), QString(EXAMPLES) + "/phase-separation.quorvane"));
+  ASSERT_TRUE(gui::choosePath(get<QPushButton>("buttonOpenSystem"),
+                              QString(EXAMPLES) + "/phase-separation.quorvane"));
   savePicture(path("picture"));
   EXPECT_TRUE(window_->windowTitle().startsWith("phase-separation.quorvane"));
   EXPECT_EQ(texts(path("picture.png")).back(), Text("Document", "phase-separation.quorvane"));
@@ -149,7 +150,8 @@ TEST_F(PictureDialogsTest, AFailureIsOneLineInTheStatusLine) {
   initialise();
   ASSERT_TRUE(QFile::link(path("missing/picture.png"), path("picture.png")));
   savePicture(path("picture.png"));
-  EXPECT_TRUE(text("statusLine").contains("picture.png: was not saved: ")) << text("statusLine").toStdString();
+  EXPECT_TRUE(text("statusLine").contains("picture.png: was not saved: "))
+      << text("statusLine").toStdString();
   EXPECT_FALSE(text("statusLine").contains('\n'));
   EXPECT_FALSE(QFile::exists(path("picture.png")));
 }
