@@ -2,8 +2,6 @@
 
 #include <QPaintEvent>
 #include <QPainter>
-#include <QStyle>
-#include <QStyleOptionFocusRect>
 #include <algorithm>
 
 namespace quorvane {
@@ -46,11 +44,10 @@ void GraphicalPlot::drawRect(const QRectF& rect) {
 }
 
 void GraphicalPlot::drawFocusFrame() {
-  QStyleOptionFocusRect option;
-  option.initFrom(this);
-  option.backgroundColor = Qt::white;
+  // The style's own frame would tint the whole plot.
   QPainter painter(this);
-  style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+  painter.setPen(palette().color(QPalette::Highlight));
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 void GraphicalPlot::paintEvent(QPaintEvent* event) {

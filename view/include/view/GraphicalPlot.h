@@ -9,7 +9,7 @@ namespace quorvane {
 /// Two series of up to 256 values as square markers 5 points wide on white, the first red, the second green.
 ///
 /// Knows no model; its owner sets everything and asks for the redraw. Coordinates are in points, y upwards.
-/// A plot that has the keyboard, which its owner may allow, also shows the style's frame for that.
+/// A plot that has the keyboard, which its owner may allow, also shows a frame for that.
 /// Markers may start and end between two pixels: a pixel takes a marker's colour, unmixed, if the marker's
 /// rounded edges hold it. Main thread only.
 class GraphicalPlot : public QWidget {
