@@ -11,6 +11,7 @@
 #include "app/DocumentFile.h"
 #include "app/DocumentPreview.h"
 #include "app/ExampleFolder.h"
+#include "app/PlainMessage.h"
 
 namespace quorvane {
 
@@ -55,9 +56,11 @@ void DocumentPanel::accept() {
   const bool isFolder = !chosen.isEmpty() && QFileInfo(chosen.constFirst()).isDir();
   if (path.isEmpty() || (isFolder && !isDocumentName(chosen.constFirst()))) return QFileDialog::accept();
   if (const QString reason = whyNoDocument(path); !reason.isEmpty())
-    return warn(QFileInfo(path).fileName() + " " + reason + ".");
+    return warn(this, windowTitle(), QFileInfo(path).fileName() + " " + reason + ".");
   if (!saves && !QFileInfo::exists(path)) return QFileDialog::accept();
-  if (saves && QFileInfo::exists(path) && !mayReplace(path)) return;
+  const QString question =
+      tr("%1 already exists. Do you want to replace it?").arg(QFileInfo(path).fileName());
+  if (saves && QFileInfo::exists(path) && !confirm(this, windowTitle(), question)) return;
   document_ = path;
   QDialog::accept();
 }

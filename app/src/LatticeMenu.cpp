@@ -2,9 +2,9 @@
 
 #include <QAbstractSlider>
 #include <QKeyEvent>
-#include <QMessageBox>
 
 #include "MenuKey.h"
+#include "app/PlainMessage.h"
 #include "view/GraphicalLatticeModelGL.h"
 
 namespace quorvane {
@@ -87,7 +87,7 @@ void LatticeMenu::savePicture() {
   if (failure.isEmpty()) return;
   emit failed(failure);
   // The window that says so is behind the view.
-  if (view_.isWindow()) QMessageBox::warning(&view_, tr("Save the picture"), failure);
+  if (view_.isWindow()) warn(&view_, tr("Save the picture"), failure);
 }
 
 bool LatticeMenu::hasLattice() const { return view_.varMyState > kNotInitialised; }

@@ -1,7 +1,6 @@
 #include "app/NamedFilesPanel.h"
 
 #include <QFileSystemModel>
-#include <QMessageBox>
 #include <QToolButton>
 
 #include "app/FileIcons.h"
@@ -25,21 +24,6 @@ NamedFilesPanel::NamedFilesPanel(QWidget* parent, const QString& title, const QS
           [this](const QString& path) {
             if (path == placeholder_) setDirectory(folder_);
           });
-}
-
-void NamedFilesPanel::warn(const QString& line) {
-  QMessageBox box(QMessageBox::Warning, windowTitle(), line, QMessageBox::Ok, this);
-  box.setTextFormat(Qt::PlainText);
-  box.exec();
-}
-
-bool NamedFilesPanel::mayReplace(const QString& path) {
-  QMessageBox box(QMessageBox::Question, windowTitle(),
-                  tr("%1 already exists. Do you want to replace it?").arg(QFileInfo(path).fileName()),
-                  QMessageBox::Yes | QMessageBox::No, this);
-  box.setTextFormat(Qt::PlainText);
-  box.setDefaultButton(QMessageBox::No);
-  return box.exec() == QMessageBox::Yes;
 }
 
 }  // namespace quorvane

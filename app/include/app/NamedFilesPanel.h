@@ -16,11 +16,6 @@ class NamedFilesPanel : public QFileDialog {
   NamedFilesPanel(QWidget* parent, const QString& title, const QString& folder,
                   const QTemporaryDir& placeholder = QTemporaryDir());
 
-  /// One line on top of the panel, as it stands.
-  void warn(const QString& line);
-  /// Asks the user, who has to say yes.
-  bool mayReplace(const QString& path);
-
  private:
   QString folder_, placeholder_;
 };
