@@ -4,12 +4,14 @@
 #include <QRegularExpressionValidator>
 
 #include "FontFit.h"
+#include "WheelNeedsFocus.h"
 #include "ui_MainWindow.h"
 
 namespace quorvane {
 
 MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), ui_(std::make_unique<Ui::MainWindow>()) {
   ui_->setupUi(this);
+  new WheelNeedsFocus(*this);
   ui_->sliderSimulationSpeed->showValue();
   keepRoomOfHiddenControls();
   fontFit_ = std::make_unique<FontFit>(*this, *ui_);
