@@ -3,6 +3,8 @@
 #include <QEvent>
 #include <QRegularExpressionValidator>
 
+#include "AccessibleFactory.h"
+#include "AccessibleRun.h"
 #include "FontFit.h"
 #include "WheelNeedsFocus.h"
 #include "ui_MainWindow.h"
@@ -10,6 +12,7 @@
 namespace quorvane {
 
 MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), ui_(std::make_unique<Ui::MainWindow>()) {
+  installAccessibleFactory();
   ui_->setupUi(this);
   new WheelNeedsFocus(*this);
   ui_->sliderSimulationSpeed->showValue();
@@ -21,6 +24,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), ui_(std::make_uni
   controller_->awakeFromNib();
   plot_ = std::make_unique<PopulationPlot>(model(), *ui_->plotPopulations);
   followRun();
+  new AccessibleRun(*ui_, *plot_, this);
 }
 
 MainWindow::~MainWindow() {

@@ -15,6 +15,8 @@ class GraphicalPlot;
 class PopulationPlot {
  public:
   static constexpr int kMaxPoints = 256;
+  /// The share of the sites that each type holds, 0 to 1.
+  using Shares = std::array<double, kMaxPixelTypes>;
 
   /// Both must outlive it.
   PopulationPlot(const LatticeModel& model, GraphicalPlot& plot) : model_(model), plot_(plot) {}
@@ -24,14 +26,13 @@ class PopulationPlot {
   /// Shows the shares of one type in red and of another in green; -1 shows none, at 0.
   void showTypes(int red, int green);
 
+  /// Counts the lattice's sites; there must be a model.
+  Shares countShares() const;
   int numPoints() const { return numPoints_; }
   /// The share of a type at a point, 0 to 1; point 0 is the oldest.
   double share(int type, int point) const;
 
  private:
-  using Shares = std::array<double, kMaxPixelTypes>;
-
-  Shares countShares() const;
   void refresh();
 
   const LatticeModel& model_;
