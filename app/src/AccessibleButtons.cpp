@@ -17,7 +17,7 @@ AccessibleCheckBox::AccessibleCheckBox(QCheckBox& box) : QAccessibleWidget(&box,
 QCheckBox& AccessibleCheckBox::box() const { return static_cast<QCheckBox&>(*widget()); }
 
 QString AccessibleCheckBox::text(QAccessible::Text kind) const {
-  const QString text = QAccessibleWidget::text(kind);
+  QString text = QAccessibleWidget::text(kind);
   return kind == QAccessible::Name && text.isEmpty() ? box().text().remove('&') : text;
 }
 
@@ -51,7 +51,7 @@ QAccessible::Role AccessibleColorWell::role() const {
 }
 
 QString AccessibleColorWell::text(QAccessible::Text kind) const {
-  const QString text = QAccessibleWidget::text(kind);
+  QString text = QAccessibleWidget::text(kind);
   if (kind != QAccessible::Name) return text;
   if (!well().color().isValid()) return ColorWell::tr("%1: none").arg(text);
   const auto [red, green, blue] = well().rgb();

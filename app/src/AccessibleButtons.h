@@ -21,8 +21,8 @@ class AccessibleCheckBox : public QAccessibleWidget {
   QCheckBox& box() const;
 };
 
-/// A colour well as assistive technology meets it: a button if it can be edited, else a picture, named with the
-/// colour that it shows.
+/// A colour well as assistive technology meets it: a button if it can be edited, else a picture, named with
+/// the colour that it shows.
 class AccessibleColorWell : public QAccessibleWidget {
  public:
   explicit AccessibleColorWell(ColorWell& well);

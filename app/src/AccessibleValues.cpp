@@ -39,9 +39,7 @@ QVariant AccessibleSlider::maximumValue() const { return slider().maximumValue()
 
 QVariant AccessibleSlider::minimumStepSize() const { return std::pow(10.0, -slider().decimals()); }
 
-AccessibleStepper::AccessibleStepper(Stepper& stepper)
-    : QAccessibleWidget(&stepper, QAccessible::SpinBox) {}
-
+AccessibleStepper::AccessibleStepper(Stepper& stepper) : QAccessibleWidget(&stepper, QAccessible::SpinBox) {}
 
 Stepper& AccessibleStepper::stepper() const { return static_cast<Stepper&>(*widget()); }
 

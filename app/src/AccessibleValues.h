@@ -7,8 +7,8 @@ namespace quorvane {
 class DoubleSlider;
 class Stepper;
 
-/// A slider as assistive technology meets it: its real value and range, not the positions of its knob. Setting a
-/// value is a user's move.
+/// A slider as assistive technology meets it: its real value and range, not the positions of its knob.
+/// Setting a value is a user's move.
 class AccessibleSlider : public QAccessibleWidget, public QAccessibleValueInterface {
  public:
   explicit AccessibleSlider(DoubleSlider& slider);
@@ -26,8 +26,8 @@ class AccessibleSlider : public QAccessibleWidget, public QAccessibleValueInterf
   DoubleSlider& slider() const;
 };
 
-/// A stepper as assistive technology meets it: a number with a range, without the text field that nobody sees.
-/// Setting a value is a user's step. The number can be read as a text too, whose cursor Qt tells of.
+/// A stepper as assistive technology meets it: a number with a range, without the text field that nobody
+/// sees. Setting a value is a user's step. The number can be read as a text too, whose cursor Qt tells of.
 class AccessibleStepper : public QAccessibleWidget,
                           public QAccessibleValueInterface,
                           public QAccessibleTextInterface {

@@ -56,7 +56,8 @@ class AccessibilityEvents : public WindowTest {
   double lastValueHeard(const char* name) {
     double value = -1.0;
     for (const Heard& each : heard)
-      if (each.object == &control(name) && each.type == QAccessible::ValueChanged) value = each.value.toDouble();
+      if (each.object == &control(name) && each.type == QAccessible::ValueChanged)
+        value = each.value.toDouble();
     return value;
   }
 
@@ -150,7 +151,9 @@ TEST_F(AccessibilityEvents, AListTellsOfAnotherItem) {
 TEST_F(AccessibilityEvents, TheLatticeTellsOfANewDescriptionOnce) {
   initialise(2);
   heard.clear();
-  const auto times = [this] { return timesHeard("myGraphicalLatticeModel", QAccessible::DescriptionChanged); };
+  const auto times = [this] {
+    return timesHeard("myGraphicalLatticeModel", QAccessible::DescriptionChanged);
+  };
   EXPECT_TRUE(gui::waitUntil([&] { return times() == 1; }));
   EXPECT_FALSE(gui::waitUntil([&] { return times() > 1; }, std::chrono::milliseconds(2500)));
 }

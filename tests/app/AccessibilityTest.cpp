@@ -180,7 +180,8 @@ TEST_F(Accessibility, AColourWellIsReadWithItsColour) {
   initialise(2);
   well("colorSelectedPixelColor").setRgb({0.321, 0.85, 1.5});
   EXPECT_EQ(nameOf("colorSelectedPixelColor"), "Colour of the pixel type: red 0.32, green 0.85, blue 1.00");
-  EXPECT_EQ(descriptionOf("colorSelectedPixelColor"), control("colorSelectedPixelColor").toolTip().toStdString());
+  EXPECT_EQ(descriptionOf("colorSelectedPixelColor"),
+            control("colorSelectedPixelColor").toolTip().toStdString());
 }
 
 TEST_F(Accessibility, OnlyAColourWellThatCanBeEditedIsAButton) {
@@ -249,8 +250,9 @@ TEST_F(Accessibility, TheLatticeAndThePlotAreDescribedByTheirShares) {
                                  .arg(share, 0, 'f', 1)
                                  .toStdString();
   EXPECT_TRUE(gui::waitUntil([&] {
-    return descriptionOf("myGraphicalLatticeModel") ==
-           std::to_string(model().getIMax()) + " × " + std::to_string(model().getJMax()) + " sites: " + shares;
+    return descriptionOf("myGraphicalLatticeModel") == std::to_string(model().getIMax()) + " × " +
+                                                           std::to_string(model().getJMax()) +
+                                                           " sites: " + shares;
   })) << descriptionOf("myGraphicalLatticeModel");
 
   choose("listPaintType", "1 - Pixel");

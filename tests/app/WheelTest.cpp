@@ -1,6 +1,7 @@
+#include <QtTest/qtestspontaneevent.h>
+
 #include <QAbstractSpinBox>
 #include <QTest>
-#include <QtTest/qtestspontaneevent.h>
 
 #include "SystemReport.h"
 #include "WindowTest.h"
@@ -61,7 +62,8 @@ class Wheel : public WindowTest {
   }
   static QString shownBy(const QWidget& widget) {
     if (const auto* list = qobject_cast<const QComboBox*>(&widget)) return list->currentText();
-    if (const auto* slider = qobject_cast<const DoubleSlider*>(&widget)) return QString::number(slider->value());
+    if (const auto* slider = qobject_cast<const DoubleSlider*>(&widget))
+      return QString::number(slider->value());
     return dynamic_cast<const QAbstractSpinBox&>(widget).text();
   }
 };
@@ -75,7 +77,8 @@ TEST_F(Wheel, EditsNothingThatHasNoFocusAndGivesNone) {
       const QString shown = shownBy(*control);
       turnWheel(*control, notches);
       EXPECT_EQ(shownBy(*control), shown) << control->objectName().toStdString();
-      EXPECT_EQ(QApplication::focusWidget(), &this->control("buttonRunModel")) << control->objectName().toStdString();
+      EXPECT_EQ(QApplication::focusWidget(), &this->control("buttonRunModel"))
+          << control->objectName().toStdString();
     }
   EXPECT_EQ(reportSystem(*window_), before);
 }
