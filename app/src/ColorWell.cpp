@@ -1,5 +1,6 @@
 #include "app/ColorWell.h"
 
+#include <QAccessible>
 #include <QColorDialog>
 #include <QPainter>
 #include <QStyleOptionButton>
@@ -26,10 +27,10 @@ ColorWell::ColorWell(QWidget* parent) : QAbstractButton(parent) {
 }
 
 void ColorWell::setRgb(const Rgb& rgb) {
+  if (hasColor_ && rgb_ == rgb) return;
   rgb_ = rgb;
   hasColor_ = true;
-  setAccessibleDescription(color().name());
-  update();
+  showColor();
 }
 
 QColor ColorWell::color() const {
@@ -41,8 +42,13 @@ void ColorWell::setColor(const QColor& color) { setRgb(componentsOf(color)); }
 
 void ColorWell::clear() {
   hasColor_ = false;
-  setAccessibleDescription({});
+  showColor();
+}
+
+void ColorWell::showColor() {
   update();
+  QAccessibleEvent event(this, QAccessible::NameChanged);
+  QAccessible::updateAccessibility(&event);
 }
 
 void ColorWell::setEditable(bool editable) {

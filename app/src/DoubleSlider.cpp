@@ -1,5 +1,6 @@
 #include "app/DoubleSlider.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QLocale>
 #include <QScopedValueRollback>
@@ -30,9 +31,26 @@ int keyStep(int knobPositions) {
 DoubleSlider::DoubleSlider(QWidget* parent) : QSlider(parent) { placeKnob(); }
 
 void DoubleSlider::setValue(double value) {
+  const bool same = value == value_;
   value_ = value;
   placeKnob();
   showValue();
+  if (!same) tellValue();
+}
+
+void DoubleSlider::moveTo(double value) {
+  if (std::isnan(value)) return;
+  const auto [low, high] = std::minmax(minimum_, maximum_);
+  const double reached = std::clamp(decimals_ == 0 ? std::round(value) : value, low, high);
+  if (reached == value_) return;
+  setValue(reached);
+  emit moved(value_);
+}
+
+void DoubleSlider::tellValue() {
+  // The base class tells of the knob's position, and only where that changes.
+  QAccessibleValueChangeEvent event(this, value_);
+  QAccessible::updateAccessibility(&event);
 }
 
 void DoubleSlider::setMinimumValue(double minimum) {
@@ -88,6 +106,7 @@ void DoubleSlider::sliderChange(SliderChange change) {
   if (change != SliderValueChange || placingKnob_) return;
   value_ = valueOf(QSlider::value());
   showValue();
+  tellValue();
   emit moved(value_);
 }
 

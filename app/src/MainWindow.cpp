@@ -2,9 +2,12 @@
 
 #include <QEvent>
 
+#include "AccessibleFactory.h"
+#include "AccessibleRun.h"
 #include "FontFit.h"
 #include "ScreenFit.h"
 #include "ScrollingPanels.h"
+#include "WheelNeedsFocus.h"
 #include "app/FullScreenNote.h"
 #include "app/PrintableText.h"
 #include "ui_MainWindow.h"
@@ -12,7 +15,9 @@
 namespace quorvane {
 
 MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), ui_(std::make_unique<Ui::MainWindow>()) {
+  installAccessibleFactory();
   ui_->setupUi(this);
+  new WheelNeedsFocus(*this);
   ui_->sliderSimulationSpeed->showValue();
   keepRoomOfHiddenControls();
   panels_ = std::make_unique<ScrollingPanels>(*ui_);
@@ -29,6 +34,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), ui_(std::make_uni
   for (QAbstractButton* button : findChildren<QAbstractButton*>()) button->installEventFilter(&heldSpaceBar_);
   new FullScreenNote(model());
   addContextMenus();
+  new AccessibleRun(*ui_, *plot_, this);
 }
 
 MainWindow::~MainWindow() {

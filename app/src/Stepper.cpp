@@ -1,5 +1,6 @@
 #include "app/Stepper.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QStyle>
@@ -10,6 +11,11 @@ namespace quorvane {
 Stepper::Stepper(QWidget* parent) : QSpinBox(parent) {
   lineEdit()->hide();
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  connect(this, &QSpinBox::valueChanged, this, [this](int value) {
+    // Readers hear of every change, also of one by code.
+    QAccessibleValueChangeEvent event(this, value);
+    QAccessible::updateAccessibility(&event);
+  });
 }
 
 void Stepper::stepBy(int steps) {

@@ -35,7 +35,6 @@ class ColorWellTest : public ::testing::Test {
 TEST_F(ColorWellTest, ShowsItsColour) {
   well_.setRgb({1.0, 0.5, 0.0});
   EXPECT_EQ(well_.grab().toImage().pixelColor(30, 15), QColor(255, 128, 0));
-  EXPECT_EQ(well_.accessibleDescription(), "#ff8000");
   well_.setEditable(true);
   EXPECT_EQ(well_.grab().toImage().pixelColor(30, 15), QColor(255, 128, 0));
 }

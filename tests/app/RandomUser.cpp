@@ -152,6 +152,7 @@ QString RandomUser::dragASlider() {
 QString RandomUser::turnTheWheel() {
   auto* control = anyUsable<QWidget>();
   const QPoint position = pointIn(*control);
+  if (chance(80) && control->focusPolicy() != Qt::NoFocus) control->setFocus();
   QWheelEvent event(position, control->mapToGlobal(position), {}, {0, chance(50) ? 120 : -120}, Qt::NoButton,
                     Qt::NoModifier, Qt::NoScrollPhase, false);
   QApplication::sendEvent(control, &event);

@@ -43,6 +43,8 @@ class ColorWell : public QAbstractButton {
 
  private:
   void chooseColor();
+  /// On the screen, and to screen readers, which read the colour as part of the name.
+  void showColor();
   void pick(const Rgb& rgb);
 
   Rgb rgb_;

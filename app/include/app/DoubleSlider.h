@@ -26,6 +26,9 @@ class DoubleSlider : public QSlider {
   /// The value truncated toward zero.
   int intValue() const { return static_cast<int>(value_); }
   void setValue(double value);
+  /// Moves to a value as the user moves the knob, but keeps it exactly: it is limited to the range, and to
+  /// whole numbers where no decimals are shown. No effect with a NaN.
+  void moveTo(double value);
 
   double minimumValue() const { return minimum_; }
   void setMinimumValue(double minimum);
@@ -57,6 +60,7 @@ class DoubleSlider : public QSlider {
 
  private:
   void placeKnob();
+  void tellValue();
   int knobOf(double value) const;
   double valueOf(int knob) const;
 

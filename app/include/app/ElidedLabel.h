@@ -1,16 +1,16 @@
 #pragma once
 
-#include <QLabel>
+#include "app/CaptionedLabel.h"
 
 namespace quorvane {
 
 /// A one-line plain text label that ends in an ellipsis where there is no room, and shows the whole text in
 /// its tool tip then. Its text never asks the layout for room.
-class ElidedLabel : public QLabel {
+class ElidedLabel : public CaptionedLabel {
   Q_OBJECT
 
  public:
-  using QLabel::QLabel;
+  using CaptionedLabel::CaptionedLabel;
 
   QSize minimumSizeHint() const override;
 
