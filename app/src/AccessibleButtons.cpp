@@ -3,12 +3,13 @@
 #include <algorithm>
 
 #include "app/ColorWell.h"
+#include "app/FixedDecimals.h"
 
 namespace quorvane {
 namespace {
 
 /// The share of a component that can be shown, as it is read.
-QString share(double component) { return QString::number(std::clamp(component, 0.0, 1.0), 'f', 2); }
+QString share(double component) { return fixedDecimals(std::clamp(component, 0.0, 1.0), 2); }
 
 }  // namespace
 

@@ -5,6 +5,7 @@
 #include <chrono>
 
 #include "ListItems.h"
+#include "app/FixedDecimals.h"
 #include "app/MainWindow.h"
 #include "app/PopulationPlot.h"
 #include "output/PopulationTable.h"
@@ -38,7 +39,7 @@ void AccessibleRun::tell() {
 
 QString AccessibleRun::shareOf(int type, double share) const {
   return MainWindow::tr("%1 %2 %").arg(pixelTitle(*ui_.myGraphicalLatticeModel, type),
-                                       QString::number(100.0 * share, 'f', 1));
+                                       fixedDecimals(100.0 * share, 1));
 }
 
 QString AccessibleRun::aboutLattice() const {
@@ -57,6 +58,8 @@ QString AccessibleRun::aboutPlot() const {
   const int last = plot_.numPoints() - 1;
   if (last < 0) return MainWindow::tr("%1 No points yet.").arg(help);
   const auto latest = [&](const QComboBox& list) {
+    // After a document that was cut short there are points and no lists yet.
+    if (list.currentIndex() < 0) return MainWindow::tr("no type");
     return shareOf(list.currentIndex(), plot_.share(list.currentIndex(), last));
   };
   return MainWindow::tr("%1 The last of %2 points: %3 in red, %4 in green.")

@@ -73,9 +73,12 @@ void MainViewController::connectRulePanel() {
 }
 
 void MainViewController::commitTypedNames() {
-  // The rule's first: a new name of a type shows the selected rule anew.
-  if (ui->textSelectedRuleName->isEdited()) textRuleNameChanged();
+  commitTypedRuleName();
   if (ui->textPixelName->isEdited()) textPixelNameChanged();
+}
+
+void MainViewController::commitTypedRuleName() {
+  if (ui->textSelectedRuleName->isEdited()) textRuleNameChanged();
 }
 
 }  // namespace quorvane

@@ -4,6 +4,7 @@
 #include <xcb/xcb.h>
 
 #include <QDebug>
+#include <QMutex>
 #include <QStringList>
 #include <QtGlobal>
 #include <csignal>
@@ -51,21 +52,27 @@ bool offersGlx(xcb_connection_t& server) {
   return answer && answer->present;
 }
 
-std::optional<std::string> whyNoWindowOnX() {
+std::optional<std::string> whyNoWindowOnX(bool elseWayland) {
   constexpr unsigned secondsToAnswer = 4;
   const Deadline deadline(secondsToAnswer);
   const std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> server(xcb_connect(nullptr, nullptr),
                                                                             &xcb_disconnect);
   const std::string display = "the X server of DISPLAY=" + variable("DISPLAY");
-  if (xcb_connection_has_error(server.get())) return display + " cannot be reached";
+  if (xcb_connection_has_error(server.get())) {
+    if (elseWayland) return std::nullopt;
+    return display + " cannot be reached";
+  }
   // Without it the toolkit may wait for ever; whoever asks for the other way to OpenGL gets it.
   if (variable("QT_XCB_GL_INTEGRATION") == "xcb_egl" || offersGlx(*server)) return std::nullopt;
   return display + " offers no OpenGL (no GLX; QT_XCB_GL_INTEGRATION=xcb_egl tries to do without)";
 }
 
+/// The toolkit's own threads speak, too.
+QMutex withholding;
 QStringList withheld;
 
 void withhold(QtMsgType type, const QMessageLogContext&, const QString& message) {
+  const QMutexLocker lock(&withholding);
   if (type != QtFatalMsg) {
     withheld += message;
     return;
@@ -83,8 +90,10 @@ std::optional<std::string> whyNoWindow() {
   const bool windowSystem = platform.empty() || begins(platform, "xcb") || begins(platform, "wayland");
   if (!windowSystem) return std::nullopt;
   if (!x && !wayland) return "neither DISPLAY nor WAYLAND_DISPLAY is set";
-  const bool usesX = begins(platform, "xcb") || (platform.empty() && !wayland);
-  return usesX ? whyNoWindowOnX() : std::nullopt;
+  // A session of Wayland also has an X server, for programs that know nothing else.
+  const bool prefersX = x && variable("XDG_SESSION_TYPE") != "wayland";
+  const bool usesX = begins(platform, "xcb") || (platform.empty() && prefersX);
+  return usesX ? whyNoWindowOnX(platform.empty() && wayland) : std::nullopt;
 }
 
 QuietStart::QuietStart() { qInstallMessageHandler(withhold); }

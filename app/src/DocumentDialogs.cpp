@@ -6,6 +6,7 @@
 #include "app/DocumentPanel.h"
 #include "app/ExampleFolder.h"
 #include "app/MainViewController.h"
+#include "app/SavePanel.h"
 #include "document/ModelDocument.h"
 #include "ui_MainWindow.h"
 
@@ -23,14 +24,17 @@ QString orCurrent(const QString& folder) { return folder.isEmpty() ? QDir::curre
 
 void MainViewController::buttonOpenSystemClicked() {
   const QString folder = folder_.isEmpty() ? exampleFolder() : folder_;
-  const QString path = DocumentPanel::toOpen(myWindow, orCurrent(folder), *myGraphicalLatticeModel)->choose();
+  const QString path = DocumentPanel(myWindow, orCurrent(folder), *myGraphicalLatticeModel).choose();
   if (path.isEmpty()) return log(kLogOpenCancelled);
   open(path);
 }
 
 void MainViewController::buttonSaveSystemClicked() {
   commitTypedNames();
-  const QString path = DocumentPanel::toSave(myWindow, folderToSaveIn(folder_))->choose();
+  const SuggestedFile suggested = suggestedFile(folderToSaveIn(folder_), myWindow->windowFilePath(), {});
+  const QString path =
+      SavePanel(myWindow, tr("Save the model"), suggested, tr("Quorvane documents"), kDocumentSuffix)
+          .choose();
   if (path.isEmpty()) return log(kLogSaveCancelled);
   save(path);
 }
@@ -60,8 +64,7 @@ void MainViewController::save(const QString& path) {
   const SaveResult result = saveDocument(*myGraphicalLatticeModel, fileOf(path));
   if (result.saved) return showDocumentInTitle(path);
   log(kLogSaveFailed);
-  const QString reason = tr("was not saved: %1").arg(QString::fromStdString(result.reason));
-  ui->statusLine->showMessage(QFileInfo(path).fileName() + ": " + reason);
+  ui->statusLine->showMessage(notSaved(path, QString::fromStdString(result.reason)));
 }
 
 void MainViewController::showDocumentInTitle(const QString& path) {

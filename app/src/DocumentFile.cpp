@@ -14,15 +14,11 @@ bool isDocumentName(const QString& path) {
   return QFileInfo(path).suffix().compare(QLatin1String(kDocumentSuffix), Qt::CaseInsensitive) == 0;
 }
 
-QString documentName(const QString& path) {
-  return isDocumentName(path) ? path : path + "." + kDocumentSuffix;
-}
-
 QString whyNoDocument(const QString& path) {
   const QFileInfo file(path);
   if (file.isDir()) return tr("is a folder, not a document");
   if (!file.exists()) return {};
-  if (!isDocumentName(path)) return tr("is not a document, whose name ends in .quorvane");
+  if (!isDocumentName(path)) return tr("is not a Quorvane document: its name does not end in .quorvane");
   return file.isFile() ? QString() : tr("is a device or a pipe, not a document");
 }
 

@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "DocumentSummary.h"
+#include "QtImage.h"
 #include "app/DocumentFile.h"
 #include "document/ParsedDocument.h"
 #include "output/LatticePicture.h"
@@ -22,9 +23,7 @@ constexpr int kPictureSide = kMaxSide;
 /// At the largest whole number of pixels a site that leaves the picture within the square.
 QImage drawWithin(const LatticeModel& model, int side) {
   const int scale = std::max(side / std::max(model.getIMax(), model.getJMax()), 1);
-  const Image image = drawLattice(model, scale);
-  const QImage picture(image.rgb.data(), image.width, image.height, 3 * image.width, QImage::Format_RGB888);
-  return picture.copy();
+  return toQImage(drawLattice(model, scale));
 }
 
 }  // namespace
@@ -75,7 +74,7 @@ void DocumentPreview::read() {
   shown_ = wanted_;
   if (const QString reason = whyNoDocument(wanted_); !reason.isEmpty()) return refuse(reason);
   QFile file(wanted_);
-  if (!file.open(QIODevice::ReadOnly)) return refuse(tr("cannot be read"));
+  if (!file.open(QIODevice::ReadOnly)) return text_->setPlainText(openingMessage(wanted_, OpenResult{}));
   const QByteArray text = file.read(kLargest + 1);
   if (text.size() > kLargest) return refuse(tr("is too large for a preview"));
   showDocument(text);

@@ -4,16 +4,16 @@
 #include <QCoreApplication>
 #include <algorithm>
 
+#include "app/PrintableText.h"
+
 namespace quorvane {
 namespace {
 
 QString tr(const char* text) { return QCoreApplication::translate("quorvane::DocumentSummary", text); }
 
-/// A name as the lists of the window title it, without characters that would break the line.
+/// A name as the lists of the window title it.
 QString titled(std::size_t index, const std::string& name) {
-  QString title = QString("%1 - %2").arg(index).arg(QString::fromStdString(name));
-  title.removeIf([](QChar c) { return !c.isPrint(); });
-  return title.toHtmlEscaped();
+  return (QString::number(index) + " - " + printableText(name)).toHtmlEscaped();
 }
 
 QString heading(const QString& text) { return "<p style='margin:6px 0 2px 0'><b>" + text + "</b></p>"; }

@@ -77,17 +77,16 @@ void LatticeMenu::makeOneSweep() {
 }
 
 void LatticeMenu::copyPicture() {
-  if (hasLattice()) pictures_.copyPicture();
+  if (hasLattice()) emit told(pictures_.copyPicture());
 }
 
 void LatticeMenu::savePicture() {
   // A panel takes the mouse as a menu does.
   if (!hasLattice() || isPainting()) return;
-  const QString failure = pictures_.savePicture();
-  if (failure.isEmpty()) return;
-  emit failed(failure);
+  const auto [saved, line] = pictures_.savePicture();
   // The window that says so is behind the view.
-  if (view_.isWindow()) warn(&view_, tr("Save the picture"), failure);
+  if (!saved && !line.isEmpty() && view_.isWindow()) warn(&view_, tr("Save the picture"), line);
+  if (!line.isEmpty()) emit told(line);
 }
 
 bool LatticeMenu::hasLattice() const { return view_.varMyState > kNotInitialised; }

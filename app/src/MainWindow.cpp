@@ -31,7 +31,6 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), ui_(std::make_uni
   controller_->awakeFromNib();
   plot_ = std::make_unique<PopulationPlot>(model(), *ui_->plotPopulations);
   followRun();
-  for (QAbstractButton* button : findChildren<QAbstractButton*>()) button->installEventFilter(&heldSpaceBar_);
   new FullScreenNote(model());
   addContextMenus();
   new AccessibleRun(*ui_, *plot_, this);
@@ -88,8 +87,8 @@ void MainWindow::addContextMenus() {
     ui_->statusLine->clearMessage();
   });
   plotMenu_ = std::make_unique<PlotMenu>(*ui_->plotPopulations, *plot_);
-  connect(latticeMenu_.get(), &LatticeMenu::failed, ui_->statusLine, &StatusLine::showMessage);
-  connect(plotMenu_.get(), &PlotMenu::failed, ui_->statusLine, &StatusLine::showMessage);
+  connect(latticeMenu_.get(), &LatticeMenu::told, ui_->statusLine, &StatusLine::showMessage);
+  connect(plotMenu_.get(), &PlotMenu::told, ui_->statusLine, &StatusLine::showMessage);
 }
 
 void MainWindow::showPlottedTypes() {

@@ -1,8 +1,10 @@
 #include "app/NamedFilesPanel.h"
 
 #include <QFileSystemModel>
+#include <QLineEdit>
 #include <QToolButton>
 
+#include "app/ExampleFolder.h"
 #include "app/FileIcons.h"
 
 namespace quorvane {
@@ -18,12 +20,47 @@ NamedFilesPanel::NamedFilesPanel(QWidget* parent, const QString& title, const QS
   // A child made after the list of files, so that it goes after it.
   setIconProvider(new FileIcons(this));
   setDirectory(folder_);
+  name_ = findChild<QLineEdit*>("fileNameEdit");
   // The way back ends where the user began.
   findChild<QToolButton*>("backButton")->setEnabled(false);
   connect(findChild<QFileSystemModel*>(), &QFileSystemModel::rootPathChanged, this,
           [this](const QString& path) {
-            if (path == placeholder_) setDirectory(folder_);
+            if (!placeholder_.isEmpty() && path == placeholder_) setDirectory(folder_);
           });
+  addPlaces();
+}
+
+NamedFilesPanel::~NamedFilesPanel() {
+  // Qt keeps the places for the panels of other programs, which have no use for ours.
+  QList<QUrl> places = sidebarUrls();
+  for (const QString& ours : {exampleFolder(), QDir::homePath()})
+    if (const QUrl place = QUrl::fromLocalFile(ours); !formerPlaces_.contains(place)) places.removeAll(place);
+  setSidebarUrls(places);
+}
+
+QString NamedFilesPanel::choose() { return exec() == Accepted ? chosen_ : QString(); }
+
+QString NamedFilesPanel::pathMeant() const {
+  const QStringList paths = selectedFiles();
+  return name_->text().isEmpty() || paths.isEmpty() ? QString() : paths.constFirst();
+}
+
+void NamedFilesPanel::acceptPath(const QString& path) {
+  chosen_ = path;
+  QDialog::accept();
+}
+
+void NamedFilesPanel::addPlaces() {
+  formerPlaces_ = sidebarUrls();
+  QList<QUrl> places = formerPlaces_;
+  const QUrl home = QUrl::fromLocalFile(QDir::homePath());
+  if (!places.contains(home)) places.prepend(home);
+  if (const QString examples = exampleFolder(); !examples.isEmpty()) {
+    const QUrl place = QUrl::fromLocalFile(examples);
+    places.removeAll(place);
+    places.prepend(place);
+  }
+  setSidebarUrls(places);
 }
 
 }  // namespace quorvane

@@ -60,30 +60,12 @@ bool PanelArea::focusNextPrevChild(bool next) {
 }
 
 void PanelArea::reveal(const QWidget& control) {
-  const QRect place = placeIn(*widget(), control), group = placeOfGroup(control);
+  const QRect place = placeIn(*widget(), control), group = placeIn(*widget(), *groupOf(control));
   const QSize room = viewport()->size();
   const QRect across = group.width() <= room.width() ? group : place;
   const QRect down = group.height() <= room.height() ? group : place;
   ensureVisible(across.right() + 1, down.bottom() + 1, 0, 0);
   ensureVisible(across.left(), down.top(), 0, 0);
-}
-
-QRect PanelArea::placeOfGroup(const QWidget& control) const {
-  const QWidget& group = *groupOf(control);
-  QRect place = placeIn(*widget(), group);
-  // Nothing else would bring what takes no focus into sight.
-  const int heightToTheEnd = widget()->height() - place.top();
-  if (heightToTheEnd <= viewport()->height() && !isFollowedByControls(group)) place.setHeight(heightToTheEnd);
-  return place;
-}
-
-bool PanelArea::isFollowedByControls(const QWidget& group) const {
-  const QList<QWidget*> all = widget()->findChildren<QWidget*>();
-  return std::any_of(all.begin(), all.end(), [&](const QWidget* other) {
-    // The pop-up of a list is a window of its own.
-    return other->window() == window() && other->focusPolicy() != Qt::NoFocus && !group.isAncestorOf(other) &&
-           placeIn(*widget(), *other).top() > placeIn(*widget(), group).bottom();
-  });
 }
 
 }  // namespace quorvane

@@ -27,8 +27,6 @@ class PanelArea : public QScrollArea {
 
  private:
   void reveal(const QWidget& control);
-  QRect placeOfGroup(const QWidget& control) const;
-  bool isFollowedByControls(const QWidget& group) const;
 };
 
 }  // namespace quorvane

@@ -10,6 +10,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "QtImage.h"
 #include "app/SavePanel.h"
 #include "output/Png.h"
 #include "view/GraphicalLatticeModelGL.h"
@@ -65,26 +66,25 @@ class PicturePanel : public SavePanel {
 
 }  // namespace
 
-void PictureDialogs::copyPicture() const {
+QString PictureDialogs::copyPicture() const {
   const Busy busy;
-  const Image picture = drawLattice(view_, scale_);
-  const QImage shared(picture.rgb.data(), picture.width, picture.height, 3 * picture.width,
-                      QImage::Format_RGB888);
-  QGuiApplication::clipboard()->setImage(shared.copy());
+  const QImage picture = toQImage(drawLattice(view_, scale_));
+  QGuiApplication::clipboard()->setImage(picture);
+  return tr("The picture is on the clipboard, %1 × %2 pixels").arg(picture.width()).arg(picture.height());
 }
 
-QString PictureDialogs::savePicture() {
+WriteResult PictureDialogs::savePicture() {
   // The view's window: the view itself where it fills the screen.
   const SuggestedFile suggested = suggestedFile(folder_, window_.windowFilePath(), tr("lattice"));
   PicturePanel panel(view_.window(), suggested, view_, scale_);
-  const QString path = panel.run();
+  const QString path = panel.choose();
   if (path.isEmpty()) return {};
   folder_ = QFileInfo(path).absolutePath();
   scale_ = panel.scale();
   return write(path);
 }
 
-QString PictureDialogs::write(const QString& path) const {
+WriteResult PictureDialogs::write(const QString& path) const {
   const Busy busy;
   std::vector<PngText> texts = {{"Software", "Quorvane " QUORVANE_VERSION},
                                 {"Sweeps", std::to_string(view_.sweepsDone())}};
@@ -93,7 +93,7 @@ QString PictureDialogs::write(const QString& path) const {
   try {
     return writeResult(path, encodePng(drawLattice(view_, scale_), texts));
   } catch (const std::exception& error) {
-    return notSaved(path, QString::fromLocal8Bit(error.what()));
+    return {false, notSaved(path, QString::fromLocal8Bit(error.what()))};
   }
 }
 

@@ -18,6 +18,8 @@ void MainViewController::textPixelNameChanged() {
   const int type = ui->textPixelName->item();
   if (type < 0) return;
   myGraphicalLatticeModel->setPixelName(type, ui->textPixelName->text().toStdString());
+  // The selected rule is shown anew, with the name that it has.
+  commitTypedRuleName();
   refreshPixelLists();
   if (myGraphicalLatticeModel->getNumRules() > 0) refreshSelectedRule();
 }
@@ -25,6 +27,7 @@ void MainViewController::textPixelNameChanged() {
 void MainViewController::colorSelectedPixelColorChanged() {
   const auto [red, green, blue] = ui->colorSelectedPixelColor->rgb();
   myGraphicalLatticeModel->setPixelColor(selectedPixelType(), red, green, blue);
+  commitTypedRuleName();
   refreshSelectedPaintTool();
   if (myGraphicalLatticeModel->getNumRules() > 0) refreshSelectedRule();
   refreshNewRulePixelA();

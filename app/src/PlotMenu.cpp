@@ -14,7 +14,6 @@ PlotMenu::PlotMenu(QWidget& view, const PopulationPlot& plot)
   menu_->setAccessibleName(tr("Shares of the lattice"));
   saveShares_ = menu_->addAction(tr("&Save Shares…"), this, &PlotMenu::saveShares);
   saveShares_->setObjectName("actionSaveShares");
-  view_.setFocusPolicy(Qt::TabFocus);
   view_.setContextMenuPolicy(Qt::CustomContextMenu);
   connect(&view_, &QWidget::customContextMenuRequested, this, &PlotMenu::open);
   openMenuByShiftF10(view_);
@@ -30,11 +29,10 @@ void PlotMenu::saveShares() {
   const std::string shares = plot_.csv();
   const SuggestedFile suggested = suggestedFile(folder_, view_.window()->windowFilePath(), tr("shares"));
   SavePanel panel(view_.window(), tr("Save the shares"), suggested, tr("Tables"), "csv");
-  const QString path = panel.run();
+  const QString path = panel.choose();
   if (path.isEmpty()) return;
   folder_ = QFileInfo(path).absolutePath();
-  const QString failure = writeResult(path, shares);
-  if (!failure.isEmpty()) emit failed(failure);
+  emit told(writeResult(path, shares).line);
 }
 
 }  // namespace quorvane

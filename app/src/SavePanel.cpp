@@ -5,9 +5,20 @@
 #include <filesystem>
 
 #include "app/ExampleFolder.h"
+#include "app/PlainMessage.h"
 #include "document/AtomicFile.h"
 
 namespace quorvane {
+namespace {
+
+/// Empty where the file can be made or replaced as far as its kind is concerned.
+QString whyNoFile(const QString& path) {
+  const QFileInfo file(path);
+  if (file.isDir()) return SavePanel::tr("is a folder, not a file");
+  return file.exists() && !file.isFile() ? SavePanel::tr("is a device or a pipe, not a file") : QString();
+}
+
+}  // namespace
 
 SavePanel::SavePanel(QWidget* parent, const QString& title, const SuggestedFile& suggested,
                      const QString& kind, const QString& suffix)
@@ -15,7 +26,7 @@ SavePanel::SavePanel(QWidget* parent, const QString& title, const SuggestedFile&
   setAcceptMode(AcceptSave);
   setNameFilter(QString("%1 (*.%2)").arg(kind, suffix));
   setDefaultSuffix(suffix);
-  selectFile(suggested.baseName + "." + suffix);
+  if (!suggested.baseName.isEmpty()) selectFile(suggested.baseName + "." + suffix);
 }
 
 void SavePanel::addRow(QWidget* label, QWidget* field) {
@@ -25,19 +36,22 @@ void SavePanel::addRow(QWidget* label, QWidget* field) {
   grid->addWidget(field, row, 1);
 }
 
-QString SavePanel::run() {
-  if (exec() != Accepted || selectedFiles().isEmpty()) return {};
-  return selectedFiles().constFirst();
+void SavePanel::accept() {
+  const QString chosen = pathMeant();
+  // Qt enters a folder.
+  const bool entersFolder = QFileInfo(chosen).isDir() && !hasSuffix(chosen);
+  if (chosen.isEmpty() || entersFolder) return QFileDialog::accept();
+  const QString path = hasSuffix(chosen) ? chosen : chosen + "." + suffix_;
+  const QString file = QFileInfo(path).fileName();
+  if (const QString reason = whyNoFile(path); !reason.isEmpty())
+    return warn(this, windowTitle(), file + " " + reason + ".");
+  const QString question = tr("%1 already exists. Do you want to replace it?").arg(file);
+  if (QFileInfo::exists(path) && !confirm(this, windowTitle(), question)) return;
+  acceptPath(path);
 }
 
-void SavePanel::accept() {
-  // A name with a dot seems to have an extension, so the panel would leave "run.1" as it is.
-  auto* field = findChild<QLineEdit*>("fileNameEdit");
-  const QString name = field ? field->text() : QString();
-  const bool namesFile = !name.isEmpty() && !name.endsWith('/') && !QFileInfo(directory(), name).isDir();
-  if (namesFile && QFileInfo(name).suffix().compare(suffix_, Qt::CaseInsensitive) != 0)
-    field->setText(name + "." + suffix_);
-  QFileDialog::accept();
+bool SavePanel::hasSuffix(const QString& path) const {
+  return QFileInfo(path).suffix().compare(suffix_, Qt::CaseInsensitive) == 0;
 }
 
 SuggestedFile suggestedFile(const QString& lastFolder, const QString& document, const QString& otherwise) {
@@ -51,9 +65,10 @@ QString notSaved(const QString& path, const QString& reason) {
   return SavePanel::tr("%1: was not saved: %2").arg(QFileInfo(path).fileName(), reason);
 }
 
-QString writeResult(const QString& path, std::string_view content) {
+WriteResult writeResult(const QString& path, std::string_view content) {
   const std::error_code error = writeFileAtomically(std::filesystem::path(path.toStdU16String()), content);
-  return error ? notSaved(path, QString::fromLocal8Bit(error.message())) : QString();
+  if (error) return {false, notSaved(path, QString::fromLocal8Bit(error.message()))};
+  return {true, SavePanel::tr("%1: saved").arg(QFileInfo(path).fileName())};
 }
 
 }  // namespace quorvane

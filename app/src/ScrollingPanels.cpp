@@ -15,8 +15,8 @@ ScrollingPanels::ScrollingPanels(Ui::MainWindow& ui)
       leastView_(ui.spacerLatticeView->sizeHint()),
       columnWidth_(ui.rightColumn->maximumWidth()),
       stripHeight_(ui.bottomStrip->maximumHeight()),
-      column_(new PanelArea(*ui.rightColumn)),
-      strip_(new PanelArea(*ui.bottomStrip)) {
+      strip_(new PanelArea(*ui.bottomStrip)),
+      column_(new PanelArea(*ui.rightColumn)) {
   // The layout gives the view whatever the window has; how small that may be is the window's smallest size.
   ui.spacerLatticeView->changeSize(0, 0, QSizePolicy::Minimum, QSizePolicy::Expanding);
   column_->setFixedWidth(columnWidth_);

@@ -45,8 +45,9 @@ class ScrollingPanels : public QObject {
   QGridLayout& grid_;
   QSize leastView_;
   int columnWidth_, stripHeight_;
-  PanelArea* column_;
+  // In the order in which the keyboard and a screen reader go through them.
   PanelArea* strip_;
+  PanelArea* column_;
   bool stacked_ = false;
 };
 

@@ -16,7 +16,7 @@ bool isModifier(int key) {
          key == Qt::Key_Meta;
 }
 
-/// True where the user does something. A key that is a shortcut is heard of by its override alone.
+/// True where the user does something. The press of a shortcut is never delivered, only its override.
 bool isAction(const QEvent& event) {
   switch (event.type()) {
     case QEvent::MouseButtonPress:

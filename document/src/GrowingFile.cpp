@@ -94,7 +94,7 @@ std::error_code GrowingFile::create() {
   if (name.empty()) return std::make_error_code(std::errc::no_such_file_or_directory);
   if (name.size() > longest) return std::make_error_code(std::errc::filename_too_long);
 
-  // One of the same name is what a process has left that had this one's number.
+  // A file of this name was left by a former process with the same number.
   constexpr int attempts = 1000;
   for (int attempt = 0; attempt < attempts;) {
     const fs::path path = folder / partialName(name, attempt, longest);

@@ -29,8 +29,8 @@ Stretch expectedStretch(std::int32_t seed) {
 /// True if the values stand in the expected sequence in their order, though with others between them: those
 /// that another thread has drawn.
 bool areExpectedWithGaps(const Stretch& values, std::int32_t seed) {
-  // Five hundred by others for each one of ours. Where this thread has to wait for longer, another stretch
-  // tells.
+  // Room for about five hundred draws of other threads for each of ours. A stretch in which they make more
+  // does not count; the next one may.
   constexpr int most = 1 << 20;
   AdditiveFeedback generator;
   generator.seed(seed);
@@ -43,8 +43,8 @@ bool areExpectedWithGaps(const Stretch& values, std::int32_t seed) {
 }  // namespace
 
 bool yieldsAdditiveFeedback(const PlatformRand& platform, std::int32_t seed) {
-  // Only what comes the same each time is the platform's own. Other threads change a stretch now here, now
-  // there, so a stretch is drawn until it tells one from the other.
+  // A platform's own stretch is the same each time. One that other threads have drawn from differs from one
+  // time to the next, so stretches are drawn until it is clear which of the two it is.
   constexpr int mostStretches = 16;
   constexpr int undisturbed = 5;
   const Stretch expected = expectedStretch(seed);

@@ -84,7 +84,7 @@ void LatticeModel::sweepWhileRunning() {
 }
 
 bool LatticeModel::sweepIfRunning(Sweeper& sweeper) {
-  // Counted before the state is read: who has stopped the run and then counts no loop here sees none begin.
+  // Counted before the state is read: once the run is stopped and the count is 0, no sweep can begin.
   loopsInASweep_.fetch_add(1, std::memory_order_acq_rel);
   const bool running = varMyState == kRunning;
   if (running) makeSweep(sweeper, kRunning, Traces::kUpdated);
@@ -94,7 +94,7 @@ bool LatticeModel::sweepIfRunning(Sweeper& sweeper) {
 }
 
 void LatticeModel::waitUntilNoLoopSweeps() {
-  // Reading alone would not do: a loop that is counted after this write also sees the state set before it.
+  // A write, not a mere load: a loop that counts itself in later then also sees the state set before.
   const auto loops = [this] { return loopsInASweep_.fetch_add(0, std::memory_order_acq_rel); };
   for (int sweeping = loops(); sweeping > 0; sweeping = loops()) loopsInASweep_.wait(sweeping);
 }

@@ -203,6 +203,26 @@ TEST_F(DocumentDialogs, ADocumentThatIsCutShortLeavesThePanelAsleep) {
   EXPECT_EQ(text("statusLine"), "Stopped  ·  0 sweeps  ·  20 × 30 sites");
 }
 
+TEST_F(DocumentDialogs, ADocumentThatIsCutShortCanBePaintedAndSweptWithThePanelAsleep) {
+  const QByteArray whole = contentOf(writeSample());
+  write(path("short.quorvane"), whole.left(200));
+  choosePath("buttonOpenSystem", path("short.quorvane"));
+  gui::click(model(), {20, 20});
+  QTest::keyClick(window_.get(), Qt::Key_Right, Qt::ControlModifier);
+  EXPECT_EQ(model().sweepsDone(), 1);
+  EXPECT_TRUE(gui::waitUntil([this] {
+    return control("plotPopulations").accessibleDescription().endsWith("no type in red, no type in green.");
+  })) << control("plotPopulations").accessibleDescription().toStdString();
+}
+
+TEST_F(DocumentDialogs, SaveSuggestsTheNameOfTheDocument) {
+  choosePath("buttonOpenSystem", writeSample());
+  withPanel("buttonSaveSystem", [](QFileDialog& panel) {
+    EXPECT_EQ(panel.findChild<QLineEdit*>("fileNameEdit")->text(), "sample.quorvane");
+    panel.reject();
+  });
+}
+
 TEST_F(DocumentDialogs, AFileThatIsNotAsciiHasNoLines) {
   write(path("odd.quorvane"), "20\n20\n2\n\xC3\xA9\n");
   Log log;

@@ -165,7 +165,7 @@ TEST_F(DocumentPanels, ATypedFileOfAnotherKindIsRefusedInOneLineAndThePanelStays
   Log log;
   const gui::MessageAnswer answer(QMessageBox::Ok);
   EXPECT_FALSE(choose(kOpen, "notes.txt"));
-  EXPECT_EQ(answer.text(), "notes.txt is not a document, whose name ends in .quorvane.");
+  EXPECT_EQ(answer.text(), "notes.txt is not a Quorvane document: its name does not end in .quorvane.");
   EXPECT_EQ(log.lines(), QStringList({"readUsingOpenPanel cancelled"}));
   EXPECT_EQ(opened.names(), QSet<QString>());
   EXPECT_EQ(model().varMyState, kNotInitialised);
@@ -184,7 +184,7 @@ TEST_F(DocumentPanels, PipesAndDevicesAreRefusedInOneLineAndNeverOpened) {
   initialise();
   const gui::MessageAnswer answer(QMessageBox::Ok);
   EXPECT_FALSE(choose(kSave, "pipe"));
-  EXPECT_EQ(answer.text(), "pipe.quorvane is a device or a pipe, not a document.");
+  EXPECT_EQ(answer.text(), "pipe.quorvane is a device or a pipe, not a file.");
 }
 
 TEST_F(DocumentPanels, AFolderNamedAsADocumentIsRefusedInOneLine) {
@@ -194,7 +194,7 @@ TEST_F(DocumentPanels, AFolderNamedAsADocumentIsRefusedInOneLine) {
   EXPECT_EQ(answer.text(), "folder.quorvane is a folder, not a document.");
   initialise();
   EXPECT_FALSE(choose(kSave, "folder"));
-  EXPECT_EQ(answer.text(), "folder.quorvane is a folder, not a document.");
+  EXPECT_EQ(answer.text(), "folder.quorvane is a folder, not a file.");
 }
 
 TEST_F(DocumentPanels, OpenWaitsForTheNameOfAFileThatIsThere) {

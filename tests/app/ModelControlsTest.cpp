@@ -35,6 +35,43 @@ TEST_F(ModelControls, InitialiseAndRemakeHandTheFocusToRun) {
   EXPECT_EQ(model().varMyState, kRunning);
 }
 
+/// A key of the space bar, with the time that the window system gives it.
+void sendSpace(QWidget& widget, QEvent::Type type, quint64 milliseconds) {
+  QKeyEvent event(type, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "));
+  event.setTimestamp(milliseconds);
+  QApplication::sendEvent(&widget, &event);
+}
+
+TEST_F(ModelControls, ASpaceBarHeldOnFullScreenDoesNotStartARunThere) {
+  initialise();
+  control("buttonFullScreen").setFocus();
+  sendSpace(control("buttonFullScreen"), QEvent::KeyPress, 1000);
+  sendSpace(control("buttonFullScreen"), QEvent::KeyRelease, 1660);
+  ASSERT_TRUE(gui::waitUntil([this] { return model().isWindow() && model().isActiveWindow(); }));
+  for (const quint64 time : {1660, 1700}) {
+    sendSpace(model(), QEvent::KeyPress, time);
+    EXPECT_EQ(model().varMyState, kStopped);
+    sendSpace(model(), QEvent::KeyRelease, time + 40);
+  }
+  sendSpace(model(), QEvent::KeyPress, 3000);
+  EXPECT_EQ(model().varMyState, kRunning);
+}
+
+TEST_F(ModelControls, ASpaceBarHeldInATextFieldTypesOnAndOneHeldBeforeItDoesNot) {
+  initialise();
+  control("textPixelName").setFocus();
+  get<QLineEdit>("textPixelName").clear();
+  sendSpace(control("textPixelName"), QEvent::KeyPress, 1000);
+  sendSpace(control("textPixelName"), QEvent::KeyRelease, 1660);
+  sendSpace(control("textPixelName"), QEvent::KeyPress, 1660);
+  sendSpace(control("textPixelName"), QEvent::KeyRelease, 1700);
+  EXPECT_EQ(text("textPixelName"), "  ");
+  sendSpace(control("checkPauseWhilePaint"), QEvent::KeyPress, 2000);
+  sendSpace(control("checkPauseWhilePaint"), QEvent::KeyRelease, 2660);
+  sendSpace(control("textPixelName"), QEvent::KeyPress, 2660);
+  EXPECT_EQ(text("textPixelName"), "  ");
+}
+
 TEST_F(ModelControls, AHeldSpaceBarPressesRunAndNotStopAfterIt) {
   initialise();
   const auto tool = [](const QStringList& arguments) { return QProcess::execute("xdotool", arguments); };

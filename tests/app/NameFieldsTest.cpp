@@ -164,6 +164,11 @@ TEST_F(NameFields, ANameOfARuleIsKeptWhileOneOfATypeIsStored) {
   click("buttonAddNewPixel");
   EXPECT_EQ(model().getRuleName(1), "diffuse");
   EXPECT_EQ(model().getPixelName(0), "gas");
+
+  get<QLineEdit>("textSelectedRuleName").setText("mingle");
+  enter("textPixelName", "wind");
+  EXPECT_EQ(model().getRuleName(1), "mingle");
+  EXPECT_EQ(text("textSelectedRuleName"), "mingle");
 }
 
 TEST_F(NameFields, TakeWhatAnAssistiveProgramWrites) {
@@ -222,6 +227,14 @@ TEST_F(NamesOfADocument, AreSavedAsTheyWereWhileNobodyEditsThem) {
   QFile before(path("in.quorvane")), after(path("out.quorvane"));
   ASSERT_TRUE(before.open(QIODevice::ReadOnly) && after.open(QIODevice::ReadOnly));
   EXPECT_EQ(after.readAll(), before.readAll());
+}
+
+TEST_F(NamesOfADocument, AreAsTheyWereAfterAnEditThatWasTakenBack) {
+  gui::click(control("textPixelName"), control("textPixelName").rect().center());
+  QTest::keyClick(&control("textPixelName"), Qt::Key_X);
+  QTest::keyClick(&control("textPixelName"), Qt::Key_Backspace);
+  QTest::keyClick(&control("textPixelName"), Qt::Key_Tab);
+  EXPECT_EQ(model().getPixelName(0), "soil\r");
 }
 
 TEST_F(NamesOfADocument, AreStoredAtReturn) {

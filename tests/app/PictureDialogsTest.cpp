@@ -1,3 +1,5 @@
+#include <sys/stat.h>
+
 #include <QApplication>
 #include <QClipboard>
 #include <QDir>
@@ -187,23 +189,37 @@ TEST_F(PictureDialogsTest, WithoutAModelThereIsNoPicture) {
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
+TEST_F(PictureDialogsTest, TheStatusLineSaysWhatWasDone) {
+  initialise();
+  savePicture(path("lattice.png"));
+  EXPECT_TRUE(text("statusLine").endsWith("lattice.png: saved")) << text("statusLine").toStdString();
+  press(Qt::Key_C);
+  EXPECT_TRUE(text("statusLine").endsWith("The picture is on the clipboard, 496 × 416 pixels"))
+      << text("statusLine").toStdString();
+}
+
+TEST_F(PictureDialogsTest, PipesAndFoldersAreRefusedInOneLineAndNeverWrittenTo) {
+  initialise();
+  ASSERT_EQ(mkfifo(path("pipe.png").toLocal8Bit().constData(), 0600), 0);
+  ASSERT_TRUE(QDir(folder_.path()).mkdir("folder.png"));
+  const auto refuse = [this](const QString& name) {
+    const gui::MessageAnswer answer(QMessageBox::Ok);
+    withPanel([&](QFileDialog& panel) { EXPECT_FALSE(gui::acceptFilePanel(panel, path(name))); });
+    return answer.text();
+  };
+  EXPECT_EQ(refuse("pipe"), "pipe.png is a device or a pipe, not a file.");
+  EXPECT_EQ(refuse("folder"), "folder.png is a folder, not a file.");
+}
+
 TEST_F(PictureDialogsTest, AFailureInFullScreenIsSeenThere) {
   initialise();
   click("buttonFullScreen");
   ASSERT_TRUE(gui::waitUntil([this] { return model().isWindow() && model().isActiveWindow(); }));
   ASSERT_TRUE(QFile::link(path("missing/picture.png"), path("picture.png")));
-  QString told;
-  QTimer poll;
-  QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
-    auto* message = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    if (!message) return;
-    told = message->text();
-    message->accept();
-  });
-  poll.start(20);
+  const gui::MessageAnswer answer(QMessageBox::Ok);
   savePicture(path("picture.png"));
-  EXPECT_TRUE(told.startsWith("picture.png: was not saved: ")) << told.toStdString();
-  EXPECT_TRUE(text("statusLine").endsWith(told)) << text("statusLine").toStdString();
+  EXPECT_TRUE(answer.text().startsWith("picture.png: was not saved: ")) << answer.text().toStdString();
+  EXPECT_TRUE(text("statusLine").endsWith(answer.text())) << text("statusLine").toStdString();
 }
 
 TEST_F(PictureDialogsTest, SavesInFullScreenAndDuringARun) {

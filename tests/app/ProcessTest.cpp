@@ -94,7 +94,8 @@ QStringList linesOfAFailedStart(const QProcessEnvironment& environment) {
 
 QProcessEnvironment withoutDisplay() {
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_XCB_GL_INTEGRATION"})
+  for (const char* name :
+       {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_XCB_GL_INTEGRATION", "XDG_SESSION_TYPE"})
     environment.remove(name);
   return environment;
 }
@@ -134,9 +135,12 @@ TEST(ApplicationStart, SaysInOneLineThatTheServerOffersNoOpenGl) {
   server.start("Xvfb", {"-displayfd", "1", "-screen", "0", "640x480x24", "-extension", "GLX"});
   ASSERT_TRUE(server.waitForReadyRead(10'000));
   const QString display = ":" + QString(server.readLine()).trimmed();
-  EXPECT_EQ(linesOfAFailedStart(withDisplay(display)),
-            QStringList("Quorvane needs a display: the X server of DISPLAY=" + display +
-                        " offers no OpenGL (no GLX; QT_XCB_GL_INTEGRATION=xcb_egl tries to do without)"));
+  const QStringList expected{"Quorvane needs a display: the X server of DISPLAY=" + display +
+                             " offers no OpenGL (no GLX; QT_XCB_GL_INTEGRATION=xcb_egl tries to do without)"};
+  EXPECT_EQ(linesOfAFailedStart(withDisplay(display)), expected);
+  QProcessEnvironment withCompositor = withDisplay(display);
+  withCompositor.insert("WAYLAND_DISPLAY", "left-over");
+  EXPECT_EQ(linesOfAFailedStart(withCompositor), expected);
   server.terminate();
   EXPECT_TRUE(server.waitForFinished());
 }

@@ -8,6 +8,8 @@
 #include <QOpenGLVersionFunctionsFactory>
 #include <QTimer>
 
+#include "view/HeldSpaceBar.h"
+
 namespace quorvane {
 namespace {
 
@@ -35,7 +37,7 @@ GraphicalLatticeModelGL::GraphicalLatticeModelGL(QWidget* parent) : QOpenGLWidge
   setFormat(surfaceFormat());
   if (acceptsFirstResponder()) setFocusPolicy(Qt::StrongFocus);
   connect(this, &QOpenGLWidget::frameSwapped, this, [this] { pacer_.frameEnds(); });
-  installEventFilter(&heldSpaceBar_);
+  HeldSpaceBar::watchApplication();
   viewDidMoveToWindow();
   awakeFromNib();
 }

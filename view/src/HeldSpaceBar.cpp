@@ -1,6 +1,8 @@
 #include "view/HeldSpaceBar.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
+#include <QWidget>
 
 namespace quorvane {
 namespace {
@@ -12,15 +14,27 @@ const QKeyEvent* spaceBar(const QEvent& event, QEvent::Type type) {
   return key.key() == Qt::Key_Space ? &key : nullptr;
 }
 
+bool takesText(const QObject& widget) {
+  return static_cast<const QWidget&>(widget).testAttribute(Qt::WA_InputMethodEnabled);
+}
+
 }  // namespace
 
+void HeldSpaceBar::watchApplication() {
+  auto* application = QCoreApplication::instance();
+  if (!application->findChild<HeldSpaceBar*>({}, Qt::FindDirectChildrenOnly))
+    application->installEventFilter(new HeldSpaceBar(application));
+}
+
 bool HeldSpaceBar::eventFilter(QObject* watched, QEvent* event) {
+  if (!watched->isWidgetType()) return false;
   if (const QKeyEvent* release = spaceBar(*event, QEvent::KeyRelease)) lastRelease_ = release->timestamp();
   if (const QKeyEvent* press = spaceBar(*event, QEvent::KeyPress)) {
     const bool inTheInstantOfARelease = press->timestamp() != 0 && press->timestamp() == lastRelease_;
-    if (press->isAutoRepeat() || inTheInstantOfARelease) return true;
+    if (press->isAutoRepeat() || inTheInstantOfARelease) return !typing_;
+    typing_ = takesText(*watched);
   }
-  return QObject::eventFilter(watched, event);
+  return false;
 }
 
 }  // namespace quorvane

@@ -12,9 +12,6 @@ inline constexpr const char* kDocumentSuffix = "quorvane";
 /// True if a path ends in ".quorvane", in upper or lower case.
 bool isDocumentName(const QString& path);
 
-/// The path with ".quorvane" added where it is missing, also behind a name with other dots.
-QString documentName(const QString& path);
-
 /// One line without the path that says why this cannot be opened or replaced as a document; empty where it
 /// can, or where there is no such file. A folder, a device and a pipe are none: reading a pipe may wait for
 /// ever.

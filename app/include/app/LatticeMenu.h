@@ -26,8 +26,8 @@ class LatticeMenu : public QObject {
  signals:
   /// One sweep has been made.
   void sweepMade();
-  /// One line for the user about something that went wrong.
-  void failed(const QString& message);
+  /// One line for the user about what was done, or why it was not.
+  void told(const QString& message);
 
  protected:
   /// Leaves the keys of a slider to it.

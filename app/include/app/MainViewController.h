@@ -99,6 +99,7 @@ class MainViewController : public QObject {
   /// Hands names over that were typed and not yet handed to the model. A field does so when it loses the
   /// focus, but on some desktops a click on a button leaves the focus where it is.
   void commitTypedNames();
+  void commitTypedRuleName();
 
   void open(const QString& path);
   void save(const QString& path);

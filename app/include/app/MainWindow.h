@@ -38,7 +38,6 @@ class MainWindow : public QMainWindow {
   void addContextMenus();
   void showPlottedTypes();
 
-  HeldSpaceBar heldSpaceBar_;
   std::unique_ptr<Ui::MainWindow> ui_;
   std::unique_ptr<ScrollingPanels> panels_;
   std::unique_ptr<FontFit> fontFit_;

@@ -21,8 +21,9 @@ class NameField : public QLineEdit {
 
   /// The item whose name is shown, -1 for none.
   int item() const { return item_; }
-  /// True from an edit until a name is shown again. Assistive programs edit without a key press.
-  bool isEdited() const { return isModified() || text() != shown_; }
+  /// True while the text is another than the name shown: an edit that was taken back is none, and assistive
+  /// programs edit without a key press.
+  bool isEdited() const { return text() != shown_; }
 
  signals:
   /// The user has edited the name and finished with Return or by leaving the field.

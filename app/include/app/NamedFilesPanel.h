@@ -1,23 +1,46 @@
 #pragma once
 
 #include <QFileDialog>
+#include <QList>
 #include <QTemporaryDir>
+#include <QUrl>
+
+QT_BEGIN_NAMESPACE
+class QLineEdit;
+QT_END_NAMESPACE
 
 namespace quorvane {
 
-/// Qt's own modal panel for files, on every desktop, with room for more beside its list. Lists files by their
-/// names and kinds, and reads none.
+/// Qt's own modal panel for files, on every desktop, with room for more beside its list. Has home and the
+/// examples' folder at its side. Lists files by their names and kinds, and reads none.
 class NamedFilesPanel : public QFileDialog {
   Q_OBJECT
 
+ public:
+  ~NamedFilesPanel() override;
+
+  /// Runs the panel. The path, or an empty string if the user has cancelled.
+  QString choose();
+
  protected:
-  /// Begins in a folder; in the user's home where it is gone. placeholder: an empty folder, for as long as
-  /// the constructor works.
+  /// Begins in a folder; in the user's home where it is gone. placeholder: some empty folder, which has to
+  /// exist until the constructor returns.
   NamedFilesPanel(QWidget* parent, const QString& title, const QString& folder,
                   const QTemporaryDir& placeholder = QTemporaryDir());
 
+  /// The field with the name.
+  QLineEdit& name() const { return *name_; }
+  /// The path that the name in the field means, empty where there is none.
+  QString pathMeant() const;
+  /// Ends the panel with a path.
+  void acceptPath(const QString& path);
+
  private:
-  QString folder_, placeholder_;
+  void addPlaces();
+
+  QString folder_, placeholder_, chosen_;
+  QList<QUrl> formerPlaces_;
+  QLineEdit* name_;
 };
 
 }  // namespace quorvane

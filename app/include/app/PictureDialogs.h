@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QString>
 
+#include "app/SavePanel.h"
 #include "output/LatticePicture.h"
 
 class QWidget;
@@ -20,14 +21,14 @@ class PictureDialogs {
   /// window: names the document, by its windowFilePath. Both must outlive it.
   PictureDialogs(const QWidget& window, GraphicalLatticeModelGL& view) : window_(window), view_(view) {}
 
-  /// Puts the picture on the clipboard, at the pixels a site of the picture that was saved last.
-  void copyPicture() const;
-  /// Asks for a file and the pixels a site and writes a PNG, with the sweeps done, the document and the
-  /// program as text fields. One line if that failed, else empty.
-  QString savePicture();
+  /// Puts the picture on the clipboard, at the pixels a site of the picture that was saved last. Says so.
+  QString copyPicture() const;
+  /// Asks for a file and the pixels a site and writes a PNG of the moment after, with the sweeps done, the
+  /// document and the program as text fields. No line where the user has cancelled.
+  WriteResult savePicture();
 
  private:
-  QString write(const QString& path) const;
+  WriteResult write(const QString& path) const;
 
   const QWidget& window_;
   GraphicalLatticeModelGL& view_;

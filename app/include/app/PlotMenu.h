@@ -17,12 +17,12 @@ class PlotMenu : public QObject {
   Q_OBJECT
 
  public:
-  /// view: shows the plot; lets the keyboard come to it. All must outlive it.
+  /// view: shows the plot; the keyboard can come to it. All must outlive it.
   PlotMenu(QWidget& view, const PopulationPlot& plot);
 
  signals:
-  /// One line for the user about something that went wrong.
-  void failed(const QString& message);
+  /// One line for the user about what was done, or why it was not.
+  void told(const QString& message);
 
  private:
   void open(QPoint position);

@@ -17,6 +17,7 @@ class GraphicalPlot;
 class PopulationPlot {
  public:
   static constexpr int kMaxPoints = 256;
+
   /// Both must outlive it.
   PopulationPlot(const LatticeModel& model, GraphicalPlot& plot) : model_(model), plot_(plot) {}
 

@@ -7,7 +7,7 @@
 
 namespace quorvane {
 
-/// The folder and the name without extension that a panel suggests for a result.
+/// The folder and the name without extension that a panel suggests; the name may be empty.
 struct SuggestedFile {
   QString folder, baseName;
 };
@@ -19,7 +19,8 @@ SuggestedFile suggestedFile(const QString& lastFolder, const QString& document, 
 /// Asks for the name of a file of one kind.
 ///
 /// The name gets the kind's extension where it has another or none, before the panel asks whether a file of
-/// that name may be replaced.
+/// that name may be replaced. A folder, a device and a pipe are refused in one line: writing to a pipe may
+/// wait for ever.
 class SavePanel : public NamedFilesPanel {
   Q_OBJECT
 
@@ -30,21 +31,26 @@ class SavePanel : public NamedFilesPanel {
 
   /// Adds a row below the others.
   void addRow(QWidget* label, QWidget* field);
-  /// The file that the user chooses, or an empty string.
-  QString run();
 
  protected:
   void accept() override;
 
  private:
+  bool hasSuffix(const QString& path) const;
+
   QString suffix_;
+};
+
+/// What became of a file, and the line that says so.
+struct WriteResult {
+  bool saved = false;
+  QString line;
 };
 
 /// The line that says why a file was not saved.
 QString notSaved(const QString& path, const QString& reason);
 
-/// Replaces a file whole, or leaves it as it was. Empty if that went well, else one line that names the file
-/// and the reason.
-QString writeResult(const QString& path, std::string_view content);
+/// Replaces a file whole, or leaves it as it was.
+WriteResult writeResult(const QString& path, std::string_view content);
 
 }  // namespace quorvane

@@ -7,7 +7,6 @@
 
 #include "model/LatticeModel.h"
 #include "view/FramePacer.h"
-#include "view/HeldSpaceBar.h"
 
 class QOpenGLFunctions_2_1;
 
@@ -106,7 +105,6 @@ class GraphicalLatticeModelGL : public QOpenGLWidget, public LatticeModel {
 
   std::atomic<bool> redrawPending_{false};
   FramePacer pacer_;
-  HeldSpaceBar heldSpaceBar_;
   QPointer<QWidget> followedWindow_;
   bool fillsScreen_ = false;
   QRect geometryInWindow_;
