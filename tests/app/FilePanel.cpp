@@ -24,6 +24,8 @@ bool withFilePanel(const std::function<void()>& open, const std::function<void(Q
   });
   poll.start(20);
   open();
+  // The window system hands the keyboard back in its own time.
+  waitUntil([] { return QApplication::activeWindow() != nullptr; });
   return dealt;
 }
 
@@ -34,6 +36,9 @@ bool withFilePanel(QAbstractButton& button, const std::function<void(QFileDialog
 void enterPath(QFileDialog& panel, const QString& path) {
   auto* name = panel.findChild<QLineEdit*>("fileNameEdit");
   if (!name) return;
+  // What is typed replaces a suggestion only where the field has the keyboard.
+  name->setFocus();
+  waitUntil([name] { return name->hasFocus(); });
   // Pasted: while letters are typed, the panel completes them from what it reads in the background.
   QApplication::clipboard()->setText(path);
   QTest::keyClick(name, Qt::Key_A, Qt::ControlModifier);

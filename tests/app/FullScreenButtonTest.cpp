@@ -1,5 +1,6 @@
 #include <QTest>
 
+#include "WindowManager.h"
 #include "WindowTest.h"
 
 namespace quorvane {
@@ -45,9 +46,7 @@ TEST_F(FullScreenButton, SpaceRunsAndStopsThere) {
 TEST_F(FullScreenButton, BringsTheViewToTheFrontWhileItFillsTheScreen) {
   initialise();
   enterFullScreen();
-  window_->raise();
-  window_->activateWindow();
-  ASSERT_TRUE(gui::waitUntil([this] { return window_->isActiveWindow(); }));
+  ASSERT_TRUE(gui::switchTo(*window_));
   click("buttonFullScreen");
   EXPECT_TRUE(gui::waitUntil([this] { return model().isActiveWindow() && model().hasFocus(); }));
   leaveFullScreen();
@@ -76,8 +75,7 @@ TEST_F(FullScreenButton, LeavesTheFocusOnRunOrStopWhicheverIsEnabled) {
   EXPECT_TRUE(gui::waitUntil([this] { return control("buttonRunModel").hasFocus(); }));
 
   enterFullScreen();
-  window_->activateWindow();
-  ASSERT_TRUE(gui::waitUntil([this] { return window_->isActiveWindow(); }));
+  ASSERT_TRUE(gui::switchTo(*window_));
   click("buttonRunModel");
   model().exitFullScreenMode();
   EXPECT_TRUE(gui::waitUntil([this] { return control("buttonStopModel").hasFocus(); }));

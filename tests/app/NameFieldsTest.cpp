@@ -200,6 +200,7 @@ class NamesOfADocument : public WindowTest {
     ASSERT_TRUE(gui::choosePath(get<QPushButton>("buttonOpenSystem"), path("in.quorvane")));
     ASSERT_EQ(model().getPixelName(0), "soil\r");
     ASSERT_EQ(model().getRuleName(1), "die\r");
+    ASSERT_TRUE(gui::waitUntil([this] { return window_->isActiveWindow(); }));
   }
   QString path(const QString& name) const { return folder_.filePath(name); }
 

@@ -7,6 +7,7 @@
 #include <QTest>
 
 #include "Lattices.h"
+#include "WindowManager.h"
 
 namespace quorvane {
 namespace {
@@ -107,9 +108,7 @@ TEST_F(FullScreen, LeavesOnceAndTellsOnce) {
 TEST_F(FullScreen, ComesToTheFrontWhenItIsEnteredAgainFromBehindAnotherWindow) {
   QSignalSpy entered(view_, &GraphicalLatticeModelGL::fullScreenEntered);
   enter();
-  window_.raise();
-  window_.activateWindow();
-  ASSERT_TRUE(gui::waitUntil([&] { return window_.isActiveWindow(); }));
+  ASSERT_TRUE(gui::switchTo(window_));
   view_->enterFullScreenMode();
   EXPECT_TRUE(gui::waitUntil([&] { return view_->isActiveWindow() && view_->hasFocus(); }));
   EXPECT_TRUE(fillsScreen());
