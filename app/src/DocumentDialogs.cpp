@@ -70,7 +70,7 @@ void MainViewController::open(const QString& path) {
       });
   if (result.status == OpenStatus::kUnreadable) {
     log(QString::fromStdString(result.message));
-    return report(path, tr("cannot be read as a document"));
+    return report(path, tr("cannot be read as a document: %1").arg(QString::fromStdString(result.reason)));
   }
   if (result.status != OpenStatus::kOpened) {
     const QString message = QString::fromStdString(result.message);

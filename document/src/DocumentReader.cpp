@@ -1,8 +1,9 @@
-#include <fstream>
-#include <optional>
+#include <string>
 
 #include "Ascii.h"
 #include "DocumentParser.h"
+#include "document/DocumentFile.h"
+#include "document/FileError.h"
 #include "document/ModelDocument.h"
 
 namespace quorvane {
@@ -56,40 +57,33 @@ void apply(LatticeModel& model, const ParsedDocument& document) {
   for (const RuleBlock& rule : document.rules) applyRule(model, r++, rule);
 }
 
-std::optional<std::string> readWholeFile(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) return std::nullopt;
-  std::string text;
-  char block[1 << 16];
-  while (file.read(block, sizeof block) || file.gcount() > 0)
-    text.append(block, static_cast<std::size_t>(file.gcount()));
-  // A folder opens like a file and fails only when it is read.
-  if (file.bad()) return std::nullopt;
-  return text;
-}
+OpenResult unreadable(const std::string& reason) { return {OpenStatus::kUnreadable, kLogNoLines, reason}; }
 
 }  // namespace
 
 OpenResult readDocument(LatticeModel& model, std::string_view text, const HeaderObserver& onHeader) {
-  if (findNonAscii(text) != std::string_view::npos) return {OpenStatus::kUnreadable, kLogNoLines};
+  if (text.size() > kMaxDocumentBytes) return unreadable(make_error_code(FileError::kTooLarge).message());
+  if (const auto position = findNonAscii(text); position != std::string_view::npos)
+    return unreadable(placeOf(text, position) + ": a character that is not ASCII");
   try {
     const ParsedDocument document = parseDocument(text, rowLengthsOf(model));
     if (document.header) {
       if (onHeader) onHeader(*document.header);
       apply(model, document);
     }
-    if (document.cutShort) return {OpenStatus::kCutShort, *document.cutShort};
-    return {OpenStatus::kOpened, {}};
+    if (document.cutShort) return {OpenStatus::kCutShort, *document.cutShort, *document.cutShort};
+    return {OpenStatus::kOpened, {}, {}};
   } catch (const DocumentRefused& refused) {
-    return {OpenStatus::kRefused, refused.what()};
+    return {OpenStatus::kRefused, refused.what(), refused.what()};
   }
 }
 
 OpenResult openDocument(LatticeModel& model, const std::filesystem::path& path,
                         const HeaderObserver& onHeader) {
-  const std::optional<std::string> text = readWholeFile(path);
-  if (!text) return {OpenStatus::kUnreadable, kLogNoLines};
-  return readDocument(model, *text, onHeader);
+  std::string text;
+  if (const auto error = readDocumentFile(path, DocumentSource::kFile, text))
+    return unreadable(error.message());
+  return readDocument(model, text, onHeader);
 }
 
 }  // namespace quorvane
