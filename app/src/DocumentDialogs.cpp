@@ -86,7 +86,11 @@ void MainViewController::open(const QString& path) {
 void MainViewController::save(const QString& path) {
   folder_ = QFileInfo(path).absolutePath();
   const SaveResult result = saveDocument(*myGraphicalLatticeModel, fileOf(path));
-  if (result.saved) return showDocumentInTitle(path);
+  if (result.saved) {
+    showDocumentInTitle(path);
+    if (!result.note.empty()) report(path, QString::fromStdString(result.note));
+    return;
+  }
   log(kLogSaveFailed);
   report(path, tr("was not saved: %1").arg(QString::fromStdString(result.reason)));
 }

@@ -125,6 +125,9 @@ ExitStatus statusOf(int signal) {
 }
 
 ExitStatus openAndRun(const BatchOptions& options, Messages& messages) {
+  // A file is soon read; a wait for the writer of a pipe can be ended like any program.
+  std::error_code error;
+  if (std::filesystem::is_regular_file(options.document, error)) watchStopSignals();
   const auto model = openModel(options.document);
   watchStopSignals();
   const auto done = runAndWrite(*model, options, messages);

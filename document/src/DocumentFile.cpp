@@ -45,7 +45,8 @@ std::error_code readDocumentFrom(int file, std::string& text) {
   }
 }
 
-std::error_code readDocumentFile(const std::filesystem::path& path, DocumentSource source, std::string& text) {
+std::error_code readDocumentFile(const std::filesystem::path& path, DocumentSource source,
+                                 std::string& text) {
   // Opened to block, a pipe would wait for its writer.
   const int flags = source == DocumentSource::kFile ? O_NONBLOCK : 0;
   const int file = ::open(path.c_str(), O_RDONLY | O_NOCTTY | O_CLOEXEC | flags);

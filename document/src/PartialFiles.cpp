@@ -43,9 +43,7 @@ std::optional<pid_t> processOf(std::string_view name, std::string_view target) {
 }
 
 /// In a container every run may have the same number, so one's own tells nothing.
-bool isGone(pid_t process) {
-  return process == ::getpid() || (::kill(process, 0) != 0 && errno == ESRCH);
-}
+bool isGone(pid_t process) { return process == ::getpid() || (::kill(process, 0) != 0 && errno == ESRCH); }
 
 /// Also false of a file that a process on another machine is writing, where the folder is shared.
 bool isLeftAlone(const fs::path& path) {

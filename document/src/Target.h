@@ -17,9 +17,10 @@ struct Target {
   mode_t permissions() const { return existing->st_mode & 07777; }
 };
 
-/// Finds where a path leads, by the system's own rules for links: one that it does not follow, in a folder that
-/// is shared with others, is not followed here either. Gives the reason why nothing can be written there, as
-/// far as that shows: a folder, a mount point, a file that is write-protected, a name that is too long.
+/// Finds where a path leads, by the system's own rules for links: one that it does not follow, in a folder
+/// that is shared with others, is not followed here either. Gives the reason why nothing can be written
+/// there, as far as that shows: a folder, a mount point, a file that is write-protected, a name that is too
+/// long.
 std::error_code findTarget(const std::filesystem::path& path, Target& target);
 
 /// The status of what stands at a path now; none if nothing does or it cannot be told.

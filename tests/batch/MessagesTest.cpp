@@ -1,5 +1,3 @@
-#include "batch/Messages.h"
-
 #include <gtest/gtest.h>
 
 #include <new>
@@ -7,6 +5,7 @@
 #include <system_error>
 
 #include "RunnerTest.h"
+#include "batch/Messages.h"
 
 namespace quorvane {
 namespace {

@@ -1,9 +1,8 @@
-#include "batch/Progress.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "RunnerTest.h"
+#include "batch/Progress.h"
 
 namespace quorvane {
 namespace {
@@ -55,9 +54,10 @@ class ProgressOnATerminal : public Runner {
   }
   /// What a run that goes on for seconds shows.
   std::vector<std::string> shown(TerminalWidth width) const {
-    return linesOf(runBatchProgramOnTerminal(
-                       {kExample, "--sweeps", "12000", "--populations", populations_, "--every", "12000"}, width)
-                       .out);
+    return linesOf(
+        runBatchProgramOnTerminal(
+            {kExample, "--sweeps", "12000", "--populations", populations_, "--every", "12000"}, width)
+            .out);
   }
 };
 

@@ -20,9 +20,9 @@ const std::string kFull = ": No space left on device";
 class Results : public Runner {};
 
 TEST_F(Results, AreAllWrittenWhereThePopulationsFail) {
-  expectFailure({document_, "--sweeps", "3", "--populations", "/dev/full", "--output", output_, "--picture",
-                 picture_},
-                named("/dev/full") + kFull);
+  expectFailure(
+      {document_, "--sweeps", "3", "--populations", "/dev/full", "--output", output_, "--picture", picture_},
+      named("/dev/full") + kFull);
   ASSERT_EQ(runBatchProgram({document_, "--sweeps", "3", "--output", folder_ / "again"}).status, 0);
   EXPECT_EQ(contentOf(output_), contentOf(folder_ / "again"));
   EXPECT_EQ(readPng(picture_).width, 8);
@@ -40,8 +40,8 @@ TEST_F(Results, AreAllWrittenWhereTheOutputOrThePictureFails) {
 TEST_F(Results, AreAllWrittenWhereAFrameFails) {
   const fs::path film = folder_ / "film";
   // It is there long before its turn comes.
-  BatchProcess process({document_, "--sweeps", "2000", "--frames", film, "--output", output_, "--populations",
-                        populations_});
+  BatchProcess process(
+      {document_, "--sweeps", "2000", "--frames", film, "--output", output_, "--populations", populations_});
   ASSERT_TRUE(waitUntil([&] { return fs::exists(film / "frame-000001.png"); }));
   const fs::path inTheWay = film / "frame-001500.png";
   fs::create_directory(inTheWay);
@@ -58,9 +58,9 @@ TEST_F(Results, ThatFailAreEachToldInALine) {
   int ends[2];
   ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
   ::close(ends[0]);
-  BatchProcess process({document_, "--sweeps", "3", "--populations", "-", "--output", "/dev/full", "--picture",
-                        picture_},
-                       "", ends[1]);
+  BatchProcess process(
+      {document_, "--sweeps", "3", "--populations", "-", "--output", "/dev/full", "--picture", picture_}, "",
+      ends[1]);
   ::close(ends[1]);
   const Finished finished = process.wait();
   EXPECT_EQ(finished.status, 1);
@@ -77,8 +77,7 @@ TEST_F(Results, EndTheRunWhereNoneIsLeft) {
 TEST_F(Results, OfKilledRunsStayUntilARunToTheSameTargetHasEndedWell) {
   const auto endless = [&] {
     BatchProcess process({document_, "--sweeps", "9000000000000000000", "--populations", populations_});
-    const fs::path partial =
-        folder_ / (".out.csv.quorvane-" + std::to_string(process.id()) + ".partial");
+    const fs::path partial = folder_ / (".out.csv.quorvane-" + std::to_string(process.id()) + ".partial");
     EXPECT_TRUE(waitUntil([&] { return fs::exists(partial) && fs::file_size(partial) > 10'000; }));
     process.signal(SIGKILL);
     process.wait();

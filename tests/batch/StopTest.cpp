@@ -123,11 +123,12 @@ TEST_F(Stop, ByAClosedTerminalIsOneBySighup) {
 }
 
 TEST_F(Stop, IsNotAskedForByASignalThatWasIgnoredAtTheStart) {
-  std::signal(SIGHUP, SIG_IGN);  // as nohup does
+  // As nohup does, and a shell for a program in the background.
+  for (const int signal : {SIGHUP, SIGINT}) std::signal(signal, SIG_IGN);
   BatchProcess process({kExample, "--sweeps", kForever, "--every", "20", "--frames", film_});
-  std::signal(SIGHUP, SIG_DFL);
+  for (const int signal : {SIGHUP, SIGINT}) std::signal(signal, SIG_DFL);
   ASSERT_TRUE(waitForFrame(1));
-  process.signal(SIGHUP);
+  for (const int signal : {SIGHUP, SIGINT}) process.signal(signal);
   ASSERT_TRUE(waitForFrame(static_cast<int>(namesIn(film_).size()) + 2));
   process.signal(SIGTERM);
   EXPECT_EQ(process.wait().status, -SIGTERM);

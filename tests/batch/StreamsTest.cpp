@@ -1,8 +1,8 @@
 #include <fcntl.h>
+#include <poll.h>
 #include <unistd.h>
 
-#include <chrono>
-#include <thread>
+#include <csignal>
 
 #include "RunnerTest.h"
 
@@ -96,20 +96,36 @@ TEST_F(Streams, ThatAreFullFailTheRun) {
 TEST_F(Streams, ThatDoNotBlockAreWaitedFor) {
   int ends[2];
   ASSERT_EQ(::pipe2(ends, O_CLOEXEC | O_NONBLOCK), 0);
-  BatchProcess process({kExample, "--sweeps", "0", "--picture", "-", "--scale", "32"}, "", ends[1]);
+  const std::vector<std::string> run = {document_, "--sweeps", "20000", "--populations", "-"};
+  BatchProcess process(run, "", ends[1]);
+  pollfd writer = {ends[1], POLLOUT, 0};
+  ASSERT_TRUE(waitUntil([&] { return ::poll(&writer, 1, 0) == 0; }));
   ::close(ends[1]);
-  std::string picture;
+  std::string rows;
   char block[4096];
-  for (ssize_t size; (size = ::read(ends[0], block, sizeof block)) != 0;) {
-    if (size > 0) picture.append(block, static_cast<std::size_t>(size));
-    std::this_thread::sleep_for(std::chrono::milliseconds(1));
-  }
+  pollfd reader = {ends[0], POLLIN, 0};
+  for (ssize_t size; ::poll(&reader, 1, -1) > 0 && (size = ::read(ends[0], block, sizeof block)) > 0;)
+    rows.append(block, static_cast<std::size_t>(size));
   ::close(ends[0]);
   EXPECT_EQ(process.wait().status, 0);
-  EXPECT_EQ(picture, runBatchProgram({kExample, "--sweeps", "0", "--picture", "-", "--scale", "32"}).out);
+  EXPECT_EQ(rows, runBatchProgram(run).out);
 }
 
-TEST_F(Streams, ThatAreClosedAtTheStartNeverBecomeAFile) {
+TEST_F(Streams, ThatAreClosedAtTheStartStandForNothing) {
+  const std::string pidFile = (folder_ / "pid").string();
+  const std::string command = "{ " QUORVANE_BATCH " " + document_ +
+                              " --sweeps 9000000000000000000 --populations " + populations_ +
+                              " <&- >&- 2>&- & } ; echo $! > " + pidFile;
+  ASSERT_EQ(std::system(command.c_str()), 0);
+  const pid_t process = std::stoi(contentOf(pidFile));
+  const fs::path partial = folder_ / (".out.csv.quorvane-" + std::to_string(process) + ".partial");
+  EXPECT_TRUE(waitUntil([&] { return fs::exists(partial) && fs::file_size(partial) > 1000; }));
+  for (const char* file : {"0", "1", "2"})
+    EXPECT_EQ(fs::read_symlink("/proc/" + std::to_string(process) + "/fd/" + file), "/dev/null");
+  ::kill(process, SIGKILL);
+}
+
+TEST_F(Streams, ThatAreClosedFailWithTheirReason) {
   const auto run = [&](const std::string& words) {
     return std::system((std::string(QUORVANE_BATCH) + " " + words).c_str());
   };

@@ -33,7 +33,8 @@ TEST_F(Targets, OtherThanOutputMustNotBeTheDocumentByWhateverName) {
   fs::create_hard_link(document_, hard);
   for (const char* option : {"--picture", "--populations"})
     for (const std::string& name : {document_, link, hard})
-      expectRefused({option, name}, named(name) + ": is the document itself, which only --output may replace");
+      expectRefused({option, name},
+                    named(name) + ": is the document itself, which only --output may replace");
   EXPECT_EQ(contentOf(document_), joined(sampleLines()));
   EXPECT_EQ(runBatchProgram({document_, "--sweeps", "0", "--output", link}).status, 0);
   EXPECT_TRUE(fs::is_symlink(link));
@@ -86,7 +87,8 @@ TEST_F(Targets, MustNotBeAmongTheFramesOrInTheWayOfTheirFolder) {
 TEST_F(Targets, MayStandBesideTheFrames) {
   const fs::path film = folder_ / "film";
   fs::create_directory(film);
-  EXPECT_EQ(runBatchProgram({document_, "--sweeps", "1", "--frames", film, "--output", film / "out"}).status, 0);
+  EXPECT_EQ(runBatchProgram({document_, "--sweeps", "1", "--frames", film, "--output", film / "out"}).status,
+            0);
   EXPECT_THAT(namesIn(film), ElementsAre("frame-000000.png", "frame-000001.png", "out"));
 }
 

@@ -14,9 +14,9 @@ class CallFaults {
   CallFaults(const CallFaults&) = delete;
   CallFaults& operator=(const CallFaults&) = delete;
 
-  int writeGives = -1;  ///< 0: every write takes nothing
+  int writeGives = -1;                                                    ///< 0: every write takes nothing
   int fsyncFails = 0, fchmodFails = 0, fchownFails = 0, renameFails = 0;  ///< errno, 0 for none
-  int statFails = 0;  ///< the same, and not written down
+  int statFails = 0;                                                      ///< the same, and not written down
 
   /// "write", "fsync file", "fsync folder", "fchmod", "fchown", "rename", in order.
   std::vector<std::string> calls;

@@ -20,14 +20,15 @@ std::string largestDocument() {
   Lines lines = {"256", "256", "10"};
   lines.resize(3 + 256 * 256, "9");
   for (int t = 0; t < kMaxPixelTypes; ++t) {
-    for (const std::string& line : {name, std::string("-2147483648"), std::string("9")}) lines.push_back(line);
+    for (const std::string& line : {name, std::string("-2147483648"), std::string("9")})
+      lines.push_back(line);
     lines.insert(lines.end(), 6, real);
   }
   lines.push_back(std::to_string(kMaxRules));
   for (int r = 0; r < kMaxRules; ++r)
-    for (const std::string& line : {name, std::string("0"), std::string("0"), std::string("3"),
-                                    std::string("-1"), std::string("-1"), real, std::string("-2147483648"),
-                                    std::string("9")})
+    for (const std::string& line :
+         {name, std::string("0"), std::string("0"), std::string("3"), std::string("-1"), std::string("-1"),
+          real, std::string("-2147483648"), std::string("9")})
       lines.push_back(line);
   return joined(lines);
 }

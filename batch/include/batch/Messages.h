@@ -13,7 +13,8 @@ namespace quorvane {
 inline constexpr const char* kStandardInput = "standard input";
 inline constexpr const char* kStandardOutput = "standard output";
 
-/// The text between quotation marks, on one line: control characters, and bytes that are no UTF-8, as escapes.
+/// The text between quotation marks, on one line: control characters, and bytes that are no UTF-8, as
+/// escapes.
 std::string inQuotes(std::string_view text);
 
 /// The same without the marks, for text that may hold something of a user.

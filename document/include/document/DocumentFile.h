@@ -19,8 +19,8 @@ enum class DocumentSource {
   kAnything,  ///< also pipes and devices, up to their end
 };
 
-/// Reads a whole file, at most kMaxDocumentBytes: a larger one gives FileError::kTooLarge, a regular one before
-/// it is read. FileError::kNotRegular where only regular files are asked for.
+/// Reads a whole file, at most kMaxDocumentBytes: a larger one gives FileError::kTooLarge, a regular one
+/// before it is read. FileError::kNotRegular where only regular files are asked for.
 std::error_code readDocumentFile(const std::filesystem::path& path, DocumentSource source, std::string& text);
 
 /// Reads a descriptor to its end, with the same limit.

@@ -21,7 +21,8 @@ inline bool waitNever(std::chrono::milliseconds) { return false; }
 /// Opens a device or a pipe for writing; a pipe waits for its reader. The descriptor, or -1 and the reason.
 int openOutlet(const std::filesystem::path& path, const MayWait& mayWait, std::error_code& error);
 
-/// Writes everything to a descriptor, which may be one that does not block. Signals are let in while it waits.
+/// Writes everything to a descriptor, which may be one that does not block. Signals are let in while it
+/// waits.
 std::error_code writeToOutlet(int file, std::string_view text, const MayWait& mayWait);
 
 }  // namespace quorvane
