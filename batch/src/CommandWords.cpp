@@ -49,7 +49,7 @@ std::string unknown(const std::string& word) {
     return distance(word, one.name) < distance(word, other.name);
   };
   const Option& nearest = *std::min_element(std::begin(kOptions), std::end(kOptions), nearer);
-  const std::string line = "unknown option " + plainOrQuoted(word);
+  std::string line = "unknown option " + plainOrQuoted(word);
   if (distance(word, nearest.name) * 2 > nearest.name.size()) return line;
   return line + ", did you mean " + std::string(nearest.name);
 }

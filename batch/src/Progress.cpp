@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <iostream>
+#include <utility>
 
 namespace quorvane {
 namespace {
@@ -36,14 +37,16 @@ int columnsOfTerminal() {
 std::string progressText(std::int64_t done, std::int64_t total, std::chrono::duration<double> elapsed,
                          int columns) {
   const double part = static_cast<double>(done) / static_cast<double>(total);
-  const std::string percent = std::to_string(static_cast<int>(100.0 * part)) + " %";
+  std::string percent = std::to_string(static_cast<int>(100.0 * part)) + " %";
   const std::string sweeps = "sweep " + std::to_string(done) + " of " + std::to_string(total);
   // The first moments tell little about the rest.
   const bool known = done > 0 && elapsed >= std::chrono::seconds(1);
-  const std::string left =
-      known ? ", " + timeText(elapsed.count() / part - elapsed.count()) + " left" : std::string();
-  for (const std::string& text : {sweeps + ", " + percent + left, percent + left})
-    if (static_cast<int>(text.size()) <= columns) return text;
+  std::string shorter = percent;
+  if (known) shorter.append(", ").append(timeText(elapsed.count() / part - elapsed.count())).append(" left");
+  std::string longer = sweeps;
+  longer.append(", ").append(shorter);
+  for (std::string* text : {&longer, &shorter})
+    if (static_cast<int>(text->size()) <= columns) return std::move(*text);
   return percent;
 }
 

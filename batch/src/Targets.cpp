@@ -46,7 +46,7 @@ void enter(Place& place, const std::string& name) {
     place.names.push_back(name);
 }
 
-Place placeOf(fs::path path, int links = 0) {
+Place placeOf(const fs::path& path, int links = 0) {
   constexpr int mostLinks = 40;
   struct stat status;
   if (::stat(path.empty() ? "." : path.c_str(), &status) == 0) return placeOf(status);

@@ -1,11 +1,11 @@
 #include "document/Outlet.h"
 
 #include <fcntl.h>
-#include <limits.h>
 #include <poll.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <climits>
 
 #include "SystemCalls.h"
 #include "document/FileError.h"

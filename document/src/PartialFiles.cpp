@@ -1,13 +1,13 @@
 #include "document/PartialFiles.h"
 
 #include <fcntl.h>
-#include <signal.h>
 #include <sys/file.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <charconv>
+#include <csignal>
 #include <optional>
 #include <string_view>
 #include <vector>
