@@ -62,7 +62,12 @@ void MainViewController::open(const QString& path) {
 void MainViewController::save(const QString& path) {
   folder_ = QFileInfo(path).absolutePath();
   const SaveResult result = saveDocument(*myGraphicalLatticeModel, fileOf(path));
-  if (result.saved) return showDocumentInTitle(path);
+  if (result.saved) {
+    showDocumentInTitle(path);
+    const QString note = QString::fromStdString(result.note);
+    if (!note.isEmpty()) ui->statusLine->showMessage(QFileInfo(path).fileName() + ": " + note);
+    return;
+  }
   log(kLogSaveFailed);
   ui->statusLine->showMessage(notSaved(path, QString::fromStdString(result.reason)));
 }

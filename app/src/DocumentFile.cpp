@@ -23,8 +23,8 @@ QString whyNoDocument(const QString& path) {
 }
 
 QString openingMessage(const QString& path, const OpenResult& result) {
-  const QString reason = result.status == OpenStatus::kUnreadable ? tr("cannot be read as a document")
-                                                                  : QString::fromStdString(result.message);
+  QString reason = QString::fromStdString(result.reason);
+  if (result.status == OpenStatus::kUnreadable) reason = tr("cannot be read as a document: %1").arg(reason);
   return QFileInfo(path).fileName() + ": " + reason;
 }
 

@@ -1,16 +1,17 @@
 #include "app/DocumentPreview.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QLabel>
 #include <QTextEdit>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <filesystem>
 #include <memory>
 
 #include "DocumentSummary.h"
 #include "QtImage.h"
 #include "app/DocumentFile.h"
+#include "document/DocumentFile.h"
 #include "document/ParsedDocument.h"
 #include "output/LatticePicture.h"
 
@@ -73,15 +74,15 @@ void DocumentPreview::read() {
   };
   shown_ = wanted_;
   if (const QString reason = whyNoDocument(wanted_); !reason.isEmpty()) return refuse(reason);
-  QFile file(wanted_);
-  if (!file.open(QIODevice::ReadOnly)) return text_->setPlainText(openingMessage(wanted_, OpenResult{}));
-  const QByteArray text = file.read(kLargest + 1);
-  if (text.size() > kLargest) return refuse(tr("is too large for a preview"));
+  std::string text;
+  const std::filesystem::path file(wanted_.toStdU16String());
+  if (const auto error = readDocumentFile(file, DocumentSource::kFile, text))
+    return text_->setPlainText(openingMessage(wanted_, {OpenStatus::kUnreadable, {}, error.message()}));
   showDocument(text);
 }
 
-void DocumentPreview::showDocument(const QByteArray& text) {
-  const auto [result, document] = inspectDocument(model_, text.toStdString());
+void DocumentPreview::showDocument(const std::string& text) {
+  const auto [result, document] = inspectDocument(model_, text);
   QString message;
   if (result.status != OpenStatus::kOpened) message = openingMessage(shown_, result);
   text_->setHtml(summaryOf(document, message));

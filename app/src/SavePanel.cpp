@@ -66,8 +66,9 @@ QString notSaved(const QString& path, const QString& reason) {
 }
 
 WriteResult writeResult(const QString& path, std::string_view content) {
-  const std::error_code error = writeFileAtomically(std::filesystem::path(path.toStdU16String()), content);
-  if (error) return {false, notSaved(path, QString::fromLocal8Bit(error.message()))};
+  const Written written = writeFileAtomically(std::filesystem::path(path.toStdU16String()), content);
+  if (written.error)
+    return {false, notSaved(path, QString::fromStdString(written.error.message() + whereLeft(written)))};
   return {true, SavePanel::tr("%1: saved").arg(QFileInfo(path).fileName())};
 }
 

@@ -1,15 +1,18 @@
 #include "batch/CommandLine.h"
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <iostream>
 #include <limits>
+#include <sstream>
 #include <string>
 #include <vector>
 
+#include "batch/CommandWords.h"
+#include "batch/Messages.h"
 #include "batch/Streams.h"
+#include "batch/Targets.h"
 
 namespace quorvane {
 namespace {
@@ -25,43 +28,29 @@ CLI::Validator wholeNumber(std::int64_t lowest, std::int64_t highest) {
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     const bool whole = error == std::errc{} && end == text.data() + text.size();
     if (whole && value >= lowest && value <= highest) return {};
-    return text + " is not a whole number from " + std::to_string(lowest) +
+    return inQuotes(text) + " is not a whole number from " + std::to_string(lowest) +
            (highest == kNoLimit ? " upwards" : " to " + std::to_string(highest));
   };
   return {check, ""};
 }
 
-using Target = std::optional<std::filesystem::path>;
+[[noreturn]] void refuse(const std::string& line) { throw CLI::ParseError(line, kExitUsage); }
 
-/// One path for all names of a file, as far as they can be followed: a pipe has no path.
-std::filesystem::path identityOf(const std::filesystem::path& target) {
-  const std::filesystem::path file = isStandardStream(target) ? "/dev/stdout" : target;
-  std::error_code error;
-  const auto absolute = std::filesystem::absolute(file, error);
-  auto path = error ? file : std::filesystem::weakly_canonical(absolute, error);
-  if (error) path = file;
-  return path.has_filename() ? path : path.parent_path();  // FOLDER/ is FOLDER
+/// The names that the system has for standard output are that.
+void recogniseStandardOutput(std::optional<std::filesystem::path>& target) {
+  for (const char* name : {"/dev/stdout", "/dev/fd/1", "/proc/self/fd/1"})
+    if (target && *target == name) target = "-";
 }
 
-/// Two results in one file would leave only the later one, and on standard output a mixture.
-void requireDifferentTargets(const BatchOptions& options) {
-  std::vector<std::filesystem::path> seen;
-  for (const Target& target : {options.output, options.populations, options.picture, options.frames}) {
-    if (!target) continue;
-    const std::filesystem::path path = identityOf(*target);
-    if (std::find(seen.begin(), seen.end(), path) != seen.end())
-      throw CLI::ValidationError(isStandardStream(*target) ? "standard output (-)" : target->string(),
-                                 "is asked for twice");
-    seen.push_back(path);
-  }
-}
-
-void requireSense(const BatchOptions& options) {
-  requireDifferentTargets(options);
+void requireSense(BatchOptions& options) {
+  for (auto* target : {&options.output, &options.populations, &options.picture})
+    recogniseStandardOutput(*target);
   if (options.frames && isStandardStream(*options.frames))
-    throw CLI::ValidationError("--frames", "needs a folder, not standard output (-)");
-  if (options.trace && !options.picture && !options.frames)
-    throw CLI::ValidationError("--trace", "needs --picture or --frames");
+    refuse("--frames: needs a folder, not standard output (-)");
+  if (options.trace && !options.picture && !options.frames) refuse("--trace: needs --picture or --frames");
+  if (!options.output && !options.populations && !options.picture && !options.frames)
+    refuse("no result is asked for: --output, --populations, --picture or --frames is needed");
+  if (const auto conflict = conflictOf(options)) refuse(*conflict);
 }
 
 constexpr const char* kDescription =
@@ -77,13 +66,16 @@ error. Existing files are replaced, but never left half written. Rows of
 --populations gather beside their FILE in .FILE.quorvane-PID.partial, which stays
 where the run is killed or fails.
 
-Ctrl-C (SIGINT) or SIGTERM stops the run after a whole sweep; what you asked for is
-then written as it stands. A second one ends the program at once.
+Ctrl-C (SIGINT), SIGTERM or a terminal that closes (SIGHUP) stops the run after a
+whole sweep; what you asked for is then written as it stands. Another one, a second
+later or more, ends the program at once. A result that fails is told, and the
+others are written.
 
 Exit status:
   0    done
   1    the document or a file failed; one line says which, where and why
   2    wrong usage
+  129  ended by SIGHUP (as a shell tells it), and everything written
   130  ended by SIGINT (as a shell tells it), and everything written
   143  ended by SIGTERM, and everything written
 
@@ -163,8 +155,19 @@ void addHelp(CLI::App& app) {
       ->group(help);
   app.footer(kFooter);
   app.failure_message([](const CLI::App*, const CLI::Error& error) {
-    return std::string(kProgram) + ": " + error.what() + " (--help tells more)\n";
+    return std::string(kProgram) + ": " + onOneLine(error.what()) + " (--help tells more)\n";
   });
+}
+
+/// What --help or --version print; none of it is lost unnoticed.
+ExitStatus print(const std::string& text) {
+  try {
+    writeStandardOutput(text);
+    return kExitDone;
+  } catch (const BatchFailure& failure) {
+    Messages(std::cerr).fail(failure.what());
+    return kExitFailed;
+  }
 }
 
 }  // namespace
@@ -175,10 +178,12 @@ std::variant<BatchOptions, ExitStatus> parseCommandLine(int argc, const char* co
   addOptions(app, options);
   addHelp(app);
   try {
+    if (const auto wrong = wrongWord({argv + 1, argv + argc})) refuse(*wrong);
     app.parse(argc, argv);
     requireSense(options);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error, std::cout, std::cerr) == 0 ? kExitDone : kExitUsage;
+    std::ostringstream text;
+    return app.exit(error, text, std::cerr) == 0 ? print(text.str()) : kExitUsage;
   }
   return options;
 }

@@ -1,7 +1,13 @@
 #include "batch/FrameFolder.h"
 
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <cerrno>
 #include <string>
+#include <system_error>
 #include <utility>
 
 #include "batch/Streams.h"
@@ -15,25 +21,19 @@ constexpr std::string_view kPrefix = "frame-";
 constexpr std::string_view kSuffix = ".png";
 constexpr std::size_t kFewestDigits = 6;
 
-bool isFrame(const std::string& name) {
-  if (name.size() <= kPrefix.size() + kSuffix.size()) return false;
-  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-  return name.starts_with(kPrefix) && name.ends_with(kSuffix) &&
-         std::all_of(name.begin() + kPrefix.size(), name.end() - kSuffix.size(), isDigit);
-}
-
 void requireNoFrames(const fs::path& folder) {
   for (const auto& entry : fs::directory_iterator(folder))
-    if (const std::string name = entry.path().filename(); isFrame(name))
-      throw BatchFailure(folder.string(), "holds frames of another run (" + name + ")");
+    if (const std::string name = entry.path().filename(); FrameFolder::isFrame(name))
+      throw BatchFailure(nameOf(folder), "holds frames of another run (" + name + ")");
 }
 
-void prepare(const fs::path& folder) {
+/// Throws fs::filesystem_error as BatchFailure.
+template <typename Work>
+void inFolder(const fs::path& folder, const Work& work) {
   try {
-    fs::create_directories(folder);
-    requireNoFrames(folder);
+    work();
   } catch (const fs::filesystem_error& error) {
-    throw BatchFailure(folder.string(), error.code().message());
+    throw BatchFailure(nameOf(folder), error.code().message());
   }
 }
 
@@ -41,8 +41,34 @@ void prepare(const fs::path& folder) {
 
 FrameFolder::FrameFolder(fs::path folder, std::int64_t lastNumber)
     : folder_(std::move(folder)), digits_(std::max(kFewestDigits, std::to_string(lastNumber).size())) {
-  prepare(folder_);
-  checkOutput(pathOf(0));
+  inFolder(folder_, [&] { fs::create_directories(folder_); });
+  lock();
+  try {
+    inFolder(folder_, [&] { requireNoFrames(folder_); });
+    checkOutput(pathOf(0));
+  } catch (...) {
+    ::close(lock_);
+    throw;
+  }
+}
+
+FrameFolder::~FrameFolder() { ::close(lock_); }
+
+/// Held by the system for as long as the process lives, so that nothing is left of it.
+void FrameFolder::lock() {
+  lock_ = ::open(folder_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (lock_ < 0) throw BatchFailure(nameOf(folder_), std::generic_category().message(errno));
+  // Where there are no locks, runs that come one after another are still told apart.
+  if (::flock(lock_, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK) return;
+  ::close(lock_);
+  throw BatchFailure(nameOf(folder_), "gets frames of another run at this moment");
+}
+
+bool FrameFolder::isFrame(const std::string& name) {
+  if (name.size() <= kPrefix.size() + kSuffix.size()) return false;
+  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+  return name.starts_with(kPrefix) && name.ends_with(kSuffix) &&
+         std::all_of(name.begin() + kPrefix.size(), name.end() - kSuffix.size(), isDigit);
 }
 
 void FrameFolder::add(std::string_view png) { writeOutput(pathOf(next_++), png); }

@@ -1,28 +1,73 @@
 #include "batch/Progress.h"
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <iostream>
+#include <utility>
 
 namespace quorvane {
+namespace {
+
+constexpr const char* kEraseLine = "\r\033[K";
+
+/// In its two largest units, as "3 min 20 s".
+std::string timeText(double seconds) {
+  constexpr double longest = 100.0 * 365 * 86400;
+  if (!(seconds < longest)) return "more than 100 years";
+  const auto whole = static_cast<std::int64_t>(seconds);
+  const auto two = [](std::int64_t large, const char* unit, std::int64_t small, const char* smallUnit) {
+    return std::to_string(large) + unit + std::to_string(small) + smallUnit;
+  };
+  constexpr std::int64_t minute = 60, hour = 60 * minute, day = 24 * hour;
+  if (whole >= day) return two(whole / day, " d ", whole % day / hour, " h");
+  if (whole >= hour) return two(whole / hour, " h ", whole % hour / minute, " min");
+  if (whole >= minute) return two(whole / minute, " min ", whole % minute, " s");
+  return std::to_string(whole) + " s";
+}
+
+int columnsOfTerminal() {
+  constexpr int usual = 80;
+  winsize size = {};
+  return ::ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : usual;
+}
+
+}  // namespace
+
+std::string progressText(std::int64_t done, std::int64_t total, std::chrono::duration<double> elapsed,
+                         int columns) {
+  const double part = static_cast<double>(done) / static_cast<double>(total);
+  std::string percent = std::to_string(static_cast<int>(100.0 * part)) + " %";
+  const std::string sweeps = "sweep " + std::to_string(done) + " of " + std::to_string(total);
+  // The first moments tell little about the rest.
+  const bool known = done > 0 && elapsed >= std::chrono::seconds(1);
+  std::string shorter = percent;
+  if (known) shorter.append(", ").append(timeText(elapsed.count() / part - elapsed.count())).append(" left");
+  std::string longer = sweeps;
+  longer.append(", ").append(shorter);
+  for (std::string* text : {&longer, &shorter})
+    if (static_cast<int>(text->size()) <= columns) return std::move(*text);
+  return percent;
+}
 
 Progress::Progress(std::int64_t total, bool resultsOnOutput)
     : total_(total),
       onTerminal_(::isatty(STDERR_FILENO) == 1 && !(resultsOnOutput && ::isatty(STDOUT_FILENO) == 1)) {}
 
 Progress::~Progress() {
-  constexpr const char* eraseLine = "\r\033[K";
-  if (shown_) std::cerr << eraseLine << std::flush;
+  if (shown_) std::cerr << kEraseLine << std::flush;
 }
 
 void Progress::show(std::int64_t done) {
   if (!onTerminal_) return;
-  const auto now = std::chrono::steady_clock::now();
+  const auto now = Clock::now();
   if (shown_ && now < next_) return;
   constexpr std::chrono::milliseconds interval{300};
   next_ = now + interval;
   shown_ = true;
-  std::cerr << "\rsweep " << done << " of " << total_ << std::flush;
+  // A character in the last column might begin another line.
+  const std::string text = progressText(done, total_, now - start_, columnsOfTerminal() - 1);
+  std::cerr << kEraseLine << text << std::flush;
 }
 
 }  // namespace quorvane

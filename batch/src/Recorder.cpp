@@ -21,54 +21,84 @@ std::string pictureOf(const LatticeModel& model, const BatchOptions& options) {
                                  : drawLattice(model, options.scale));
 }
 
-Recorder::Recorder(const LatticeModel& model, const BatchOptions& options)
-    : model_(model), options_(options) {
-  if (options.frames) frames_.emplace(*options.frames, lastRecord(options));
-  if (options.populations) {
-    table_.emplace(model);
-    rows_.emplace(*options.populations);
+Recorder::Recorder(const LatticeModel& model, const BatchOptions& options, Messages& messages)
+    : model_(model), options_(options), messages_(messages), table_(model) {
+  withFrames([&] { frames_.emplace(*options.frames, lastRecord(options)); });
+  withRows([&] { rows_.emplace(*options.populations); });
+}
+
+template <typename Work>
+void Recorder::withFrames(const Work& work) {
+  if (!options_.frames) return;
+  try {
+    work();
+  } catch (const std::exception& error) {
+    messages_.fail(lineOf(error, nameOf(*options_.frames)));
+    frames_.reset();
+  }
+}
+
+template <typename Work>
+void Recorder::withRows(const Work& work) {
+  if (!options_.populations) return;
+  try {
+    work();
+  } catch (const std::exception& error) {
+    messages_.fail(lineOf(error, nameOf(*options_.populations)) + whereRowsAre());
+    rows_.reset();
   }
 }
 
 void Recorder::record(std::int64_t sweep) {
-  if (frames_) frames_->add(pictureOf(model_, options_));
-  if (table_) table_->addRow(model_, sweep);
   lastSweep_ = sweep;
+  withFrames([&] {
+    if (frames_) frames_->add(pictureOf(model_, options_));
+  });
+  withRows([&] {
+    if (rows_) table_.addRow(model_, sweep);
+  });
   keepUp();
 }
 
+bool Recorder::rowsAreDue() const {
+  constexpr std::size_t mostBytes = 1 << 16;
+  return rows_ && !table_.csv().empty() &&
+         (table_.csv().size() >= mostBytes || std::chrono::steady_clock::now() >= nextWriting_);
+}
+
 void Recorder::keepUp() {
-  if (!table_ || table_->csv().empty()) return;
   // Soon enough for a person or a plot that follows, rare enough not to slow down small lattices.
   constexpr std::chrono::milliseconds interval{100};
-  constexpr std::size_t mostBytes = 1 << 16;
-  const auto now = std::chrono::steady_clock::now();
-  if (now < nextWriting_ && table_->csv().size() < mostBytes) return;
-  nextWriting_ = now + interval;
-  writeRows();
+  if (!rowsAreDue()) return;
+  nextWriting_ = std::chrono::steady_clock::now() + interval;
+  withRows([&] { writeRows(); });
 }
 
 void Recorder::writeRows() {
-  rows_->write(table_->csv());
-  table_->clear();
+  rows_->write(table_.csv());
+  table_.clear();
   // The start alone is soon made again.
   if (lastSweep_ > 0) rows_->keep();
 }
 
 void Recorder::finish() {
-  if (!table_) return;
-  writeRows();
-  rows_->finish();
+  withRows([&] {
+    if (!rows_) return;
+    writeRows();
+    if (const std::string note = rows_->finish(); !note.empty()) messages_.note(note);
+  });
 }
 
-std::filesystem::path Recorder::leaveRows() {
+/// For rows that fail: those that wait are saved as far as possible.
+std::string Recorder::whereRowsAre() {
   if (!rows_ || !rows_->isGrowing()) return {};
   try {
     writeRows();
-  } catch (const BatchFailure&) {
-    // Rows that wait are lost, as they are where a run is killed.
+  } catch (const std::exception&) {
+    // They are lost, as they are where a run is killed.
   }
-  return rows_->kept();
+  const auto kept = rows_->kept();
+  return kept.empty() ? "" : " (the rows so far are in " + nameOf(kept) + ")";
 }
 
 }  // namespace quorvane

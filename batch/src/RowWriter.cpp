@@ -2,31 +2,34 @@
 
 #include <utility>
 
-#include "batch/StopSignals.h"
 #include "batch/Streams.h"
+#include "document/AtomicFile.h"
+#include "document/PartialFiles.h"
 
 namespace quorvane {
 
-RowWriter::RowWriter(std::filesystem::path target) : target_(std::move(target)) {
+RowWriter::RowWriter(std::filesystem::path target) : target_(std::move(target)), file_(mayWaitForReader) {
   if (isStandardStream(target_)) return;
   const auto held = signalsHeldFor(target_);
   require(file_.open(target_));
 }
 
 void RowWriter::write(std::string_view rows) {
-  if (isStandardStream(target_)) return writeOutput(target_, rows);
+  if (isStandardStream(target_)) return writeStandardOutput(rows);
   const auto held = signalsHeldFor(target_);
   require(file_.append(rows));
 }
 
-void RowWriter::finish() {
-  if (isStandardStream(target_)) return;
+std::string RowWriter::finish() {
+  if (isStandardStream(target_)) return {};
   const auto held = signalsHeldFor(target_);
   require(file_.finish());
+  sweepPartialFiles(target_);
+  return file_.wroteInPlace() ? nameOf(target_) + ": " + kNoteInPlace : "";
 }
 
 void RowWriter::require(std::error_code error) const {
-  if (error) throw BatchFailure(target_.string(), error.message());
+  if (error) throw BatchFailure(nameOf(target_), error.message());
 }
 
 }  // namespace quorvane

@@ -12,20 +12,20 @@
 #include "batch/StopSignals.h"
 #include "batch/Streams.h"
 #include "document/ModelDocument.h"
+#include "document/PartialFiles.h"
 
 namespace quorvane {
 namespace {
 
+std::string documentName(const std::filesystem::path& document) {
+  return isStandardStream(document) ? kStandardInput : nameOf(document);
+}
+
 std::unique_ptr<LatticeModel> openModel(const std::filesystem::path& document) {
   auto model = std::make_unique<LatticeModel>();
   model->awakeFromNib();
-  const bool fromInput = isStandardStream(document);
-  const OpenResult result =
-      fromInput ? readDocument(*model, readStandardInput()) : openDocument(*model, document);
-  const std::string name = fromInput ? "standard input" : document.string();
-  if (result.status == OpenStatus::kUnreadable)
-    throw BatchFailure(name, "cannot be read, or is not plain ASCII text");
-  if (result.status != OpenStatus::kOpened) throw BatchFailure(name, result.message);
+  const OpenResult result = readDocument(*model, readInput(document));
+  if (result.status != OpenStatus::kOpened) throw BatchFailure(documentName(document), result.reason);
   return model;
 }
 
@@ -33,9 +33,15 @@ std::array<std::optional<std::filesystem::path>, 3> targetsOf(const BatchOptions
   return {options.output, options.populations, options.picture};
 }
 
-void checkOutputs(const BatchOptions& options) {
-  for (const auto& target : targetsOf(options))
-    if (target) checkOutput(*target);
+/// Tells all that cannot be written, so that one need not start again for each.
+void checkOutputs(const BatchOptions& options, Messages& messages) {
+  for (const auto& target : targetsOf(options)) {
+    try {
+      if (target) checkOutput(*target);
+    } catch (const std::exception& error) {
+      messages.fail(lineOf(error, nameOf(*target)));
+    }
+  }
 }
 
 bool writesToStandardOutput(const BatchOptions& options) {
@@ -57,13 +63,18 @@ Traces tracesFor(const BatchOptions& options) {
   return options.picture || options.frames ? Traces::kUpdated : Traces::kLeftAlone;
 }
 
+/// False where everything that was asked for has failed already.
+bool canGiveAnything(const BatchOptions& options, const Recorder& recorder) {
+  return options.output || options.picture || recorder.isRecording();
+}
+
 /// Makes the sweeps, or fewer where a signal asks for it. The number of sweeps made.
 std::int64_t run(LatticeModel& model, const BatchOptions& options, Recorder& recorder) {
   Progress progress(options.sweeps, writesToStandardOutput(options));
   for (std::int64_t done = 0;;) {
     const bool last = done == options.sweeps || stopSignal() != 0;
     if (last || done % options.every == 0) recorder.record(done);
-    if (last) return done;
+    if (last || !canGiveAnything(options, recorder)) return done;
     progress.show(done);
     const std::int64_t count = sweepsAtOnce(options, done);
     model.runSweeps(count, tracesFor(options));
@@ -72,54 +83,70 @@ std::int64_t run(LatticeModel& model, const BatchOptions& options, Recorder& rec
   }
 }
 
-void writeResults(const LatticeModel& model, const BatchOptions& options, Recorder& recorder) {
-  // Made first: nothing is written unless everything could be computed.
-  const std::string document = options.output ? writeDocument(model) : std::string();
-  const std::string picture = options.picture ? pictureOf(model, options) : std::string();
-  if (options.output) writeOutput(*options.output, document);
-  recorder.finish();
-  if (options.picture) writeOutput(*options.picture, picture);
-}
-
-/// Which file a failure is about, and why.
-std::string lineOf(const std::exception& error, const BatchOptions& options) {
-  if (dynamic_cast<const BatchFailure*>(&error) != nullptr) return error.what();
-  return options.document.string() + ": " + error.what();
-}
-
-std::string whereRowsAre(const std::filesystem::path& left) {
-  return left.empty() ? "" : " (the rows so far are in " + left.string() + ")";
-}
-
-/// The number of sweeps made.
-std::int64_t runAndWrite(LatticeModel& model, const BatchOptions& options) {
-  Recorder recorder(model, options);
+/// One result, whatever becomes of the others.
+template <typename Content>
+void writeResult(const std::optional<std::filesystem::path>& target, Messages& messages,
+                 const Content& content) {
+  if (!target) return;
   try {
-    const std::int64_t done = run(model, options, recorder);
-    writeResults(model, options, recorder);
-    return done;
+    const std::string note = writeOutput(*target, content());
+    if (!note.empty()) messages.note(note);
+    if (!isStandardStream(*target)) sweepPartialFiles(*target);
   } catch (const std::exception& error) {
-    throw BatchFailure(lineOf(error, options) + whereRowsAre(recorder.leaveRows()));
+    messages.fail(lineOf(error, nameOf(*target)));
   }
 }
 
-ExitStatus openAndRun(const BatchOptions& options, std::ostream& err) {
+/// The number of sweeps made; none if something cannot be written, so that nothing runs.
+std::optional<std::int64_t> runAndWrite(LatticeModel& model, const BatchOptions& options,
+                                        Messages& messages) {
+  checkOutputs(options, messages);
+  if (messages.failed()) return std::nullopt;
+  Recorder recorder(model, options, messages);
+  if (messages.failed()) return std::nullopt;
+  const std::int64_t done = run(model, options, recorder);
+  writeResult(options.output, messages, [&] { return writeDocument(model); });
+  recorder.finish();
+  writeResult(options.picture, messages, [&] { return pictureOf(model, options); });
+  return done;
+}
+
+ExitStatus statusOf(int signal) {
+  switch (signal) {
+    case SIGHUP:
+      return kExitHungUp;
+    case SIGINT:
+      return kExitInterrupted;
+    case SIGTERM:
+      return kExitTerminated;
+    default:
+      return kExitDone;
+  }
+}
+
+ExitStatus openAndRun(const BatchOptions& options, Messages& messages) {
+  // A file is soon read; a wait for the writer of a pipe can be ended like any program.
+  std::error_code error;
+  if (std::filesystem::is_regular_file(options.document, error)) watchStopSignals();
   const auto model = openModel(options.document);
   watchStopSignals();
-  checkOutputs(options);
-  const std::int64_t done = runAndWrite(*model, options);
-  if (done == options.sweeps) return kExitDone;
-  err << "quorvane-batch: stopped after " << done << " of " << options.sweeps << " sweeps\n";
-  return stopSignal() == SIGTERM ? kExitTerminated : kExitInterrupted;
+  const auto done = runAndWrite(*model, options, messages);
+  const bool stopped = done && *done < options.sweeps && stopSignal() != 0;
+  if (stopped)
+    messages.note("stopped after " + std::to_string(*done) + " of " + std::to_string(options.sweeps) +
+                  " sweeps");
+  if (messages.failed()) return kExitFailed;
+  return stopped ? statusOf(stopSignal()) : kExitDone;
 }
 
 }  // namespace
 
 ExitStatus runBatch(const BatchOptions& options, std::ostream& err) {
+  Messages messages(err);
   try {
-    return openAndRun(options, err);
+    return openAndRun(options, messages);
   } catch (const std::exception& error) {
-    err << "quorvane-batch: " << lineOf(error, options) << '\n';
+    messages.fail(lineOf(error, documentName(options.document)));
     return kExitFailed;
   }
 }

@@ -3,30 +3,55 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <cstdint>
+#include <ctime>
 
 namespace quorvane {
 namespace {
 
+constexpr int kStopSignals[] = {SIGINT, SIGTERM, SIGHUP};
+
 std::atomic<int> askedBy{0};
-static_assert(std::atomic<int>::is_always_lock_free, "a signal handler may use nothing else");
+std::atomic<std::int64_t> askedAt{0};
+static_assert(std::atomic<int>::is_always_lock_free && std::atomic<std::int64_t>::is_always_lock_free,
+              "a signal handler may use nothing else");
 
 void handle(int signal, void (*handler)(int)) {
   struct sigaction action = {};
   action.sa_handler = handler;
+  ::sigemptyset(&action.sa_mask);
+  for (const int other : kStopSignals) ::sigaddset(&action.sa_mask, other);
   action.sa_flags = SA_RESTART;  // files are read and written on
   ::sigaction(signal, &action, nullptr);
 }
 
+/// A program that is started by nohup, or in the background of a shell without job control, goes on.
+void handleUnlessIgnored(int signal, void (*handler)(int)) {
+  struct sigaction before = {};
+  ::sigaction(signal, nullptr, &before);
+  if (before.sa_handler != SIG_IGN) handle(signal, handler);
+}
+
+std::int64_t milliseconds() {
+  timespec now = {};
+  ::clock_gettime(CLOCK_MONOTONIC, &now);
+  return std::int64_t{1000} * now.tv_sec + now.tv_nsec / 1'000'000;
+}
+
 extern "C" void onStopSignal(int signal) {
+  constexpr std::int64_t sameWish = 1000;
   int nobody = 0;
-  if (!askedBy.compare_exchange_strong(nobody, signal)) endBySignal(signal);
+  // Other stop signals wait while this one is handled.
+  if (askedBy.compare_exchange_strong(nobody, signal))
+    askedAt = milliseconds();
+  else if (milliseconds() - askedAt >= sameWish)
+    endBySignal(signal);
 }
 
 }  // namespace
 
 void watchStopSignals() {
-  handle(SIGINT, onStopSignal);
-  handle(SIGTERM, onStopSignal);
+  for (const int signal : kStopSignals) handleUnlessIgnored(signal, onStopSignal);
   handle(SIGPIPE, SIG_IGN);
   handle(SIGXFSZ, SIG_IGN);
 }
@@ -38,6 +63,11 @@ void endBySignal(int signal) {
 }
 
 int stopSignal() { return askedBy; }
+
+bool mayWaitForReader(std::chrono::milliseconds stalled) {
+  constexpr std::chrono::seconds longest{5};
+  return stopSignal() == 0 || stalled < longest;
+}
 
 SignalsHeld::SignalsHeld() {
   sigset_t all;

@@ -7,23 +7,13 @@
 #include <system_error>
 
 #include "document/AtomicFile.h"
+#include "document/DocumentFile.h"
+#include "document/Outlet.h"
 
 namespace quorvane {
 namespace {
 
-constexpr const char* kStandardInput = "standard input";
-constexpr const char* kStandardOutput = "standard output";
-
-std::string lastError() { return std::generic_category().message(errno); }
-
-void writeStandardOutput(std::string_view content) {
-  while (!content.empty()) {
-    const ssize_t written = ::write(STDOUT_FILENO, content.data(), content.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) throw BatchFailure(kStandardOutput, lastError());
-    content.remove_prefix(static_cast<std::size_t>(written));
-  }
-}
+std::string reasonOf(int error) { return std::generic_category().message(error); }
 
 bool isDevice(const std::filesystem::path& target) {
   std::error_code error;
@@ -31,28 +21,37 @@ bool isDevice(const std::filesystem::path& target) {
   return std::filesystem::exists(status) && std::filesystem::is_other(status);
 }
 
+void checkStandardOutput() {
+  const int flags = ::fcntl(STDOUT_FILENO, F_GETFL);
+  if (flags < 0) throw BatchFailure(kStandardOutput, reasonOf(errno));
+  if ((flags & O_ACCMODE) == O_RDONLY) throw BatchFailure(kStandardOutput, reasonOf(EBADF));
+}
+
 }  // namespace
 
-bool isStandardStream(const std::filesystem::path& path) { return path == "-"; }
-
-std::string readStandardInput() {
-  std::string text;
-  char block[1 << 16];
-  for (;;) {
-    const ssize_t size = ::read(STDIN_FILENO, block, sizeof block);
-    if (size < 0) throw BatchFailure(kStandardInput, lastError());
-    if (size == 0) return text;
-    text.append(block, static_cast<std::size_t>(size));
+void fillStandardDescriptors() {
+  for (const int file : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (::fcntl(file, F_GETFD) >= 0) continue;
+    // The lowest free number is this one. The wrong way round, so that its use fails as it should.
+    (void)::open("/dev/null", file == STDIN_FILENO ? O_WRONLY : O_RDONLY);
   }
 }
 
+bool isStandardStream(const std::filesystem::path& path) { return path == "-"; }
+
+std::string readInput(const std::filesystem::path& document) {
+  std::string text;
+  const bool fromInput = isStandardStream(document);
+  const auto error = fromInput ? readDocumentFrom(STDIN_FILENO, text)
+                               : readDocumentFile(document, DocumentSource::kAnything, text);
+  if (error) throw BatchFailure(fromInput ? kStandardInput : nameOf(document), error.message());
+  return text;
+}
+
 void checkOutput(const std::filesystem::path& target) {
-  if (isStandardStream(target)) {
-    if (::fcntl(STDOUT_FILENO, F_GETFD) < 0) throw BatchFailure(kStandardOutput, lastError());
-    return;
-  }
+  if (isStandardStream(target)) return checkStandardOutput();
   const SignalsHeld held;
-  if (const auto error = checkFileCanBeWritten(target)) throw BatchFailure(target.string(), error.message());
+  if (const auto error = checkFileCanBeWritten(target)) throw BatchFailure(nameOf(target), error.message());
 }
 
 std::optional<SignalsHeld> signalsHeldFor(const std::filesystem::path& target) {
@@ -60,11 +59,17 @@ std::optional<SignalsHeld> signalsHeldFor(const std::filesystem::path& target) {
   return std::optional<SignalsHeld>(std::in_place);
 }
 
-void writeOutput(const std::filesystem::path& target, std::string_view content) {
-  if (isStandardStream(target)) return writeStandardOutput(content);
+void writeStandardOutput(std::string_view content) {
+  if (const auto error = writeToOutlet(STDOUT_FILENO, content, mayWaitForReader))
+    throw BatchFailure(kStandardOutput, error.message());
+}
+
+std::string writeOutput(const std::filesystem::path& target, std::string_view content) {
+  if (isStandardStream(target)) return writeStandardOutput(content), "";
   const auto held = signalsHeldFor(target);
-  if (const auto error = writeFileAtomically(target, content))
-    throw BatchFailure(target.string(), error.message());
+  const Written written = writeFileAtomically(target, content, mayWaitForReader);
+  if (written.error) throw BatchFailure(nameOf(target), written.error.message() + whereLeft(written));
+  return written.inPlace ? nameOf(target) + ": " + kNoteInPlace : "";
 }
 
 }  // namespace quorvane

@@ -1,5 +1,6 @@
 #include "DocumentParser.h"
 
+#include "document/DocumentFile.h"
 #include "document/LineParsers.h"
 
 namespace quorvane {
@@ -53,6 +54,13 @@ class LineReader {
     const std::string_view line = rest_.substr(0, end);
     if (!atEnd_) rest_.remove_prefix(end + 1);
     return line;
+  }
+  std::string_view name(const Field& field) {
+    const std::string_view text = line(field);
+    if (text.size() > kMaxNameLength)
+      refuse(lineNumber_, field.text() + " must have " + std::to_string(kMaxNameLength) +
+                              " characters at most, not " + std::to_string(text.size()));
+    return text;
   }
   int whole(const Field& field) { return fileReadINTFromLine(line(field)); }
   double real(const Field& field) { return fileReadDBLFromLine(line(field)); }
@@ -123,7 +131,7 @@ class Parser {
       member = value;
       ++block.numLines;
     };
-    keep(block.name, in_.line(field("name")));
+    keep(block.name, in_.name(field("name")));
     keep(block.immobile, in_.whole(field("immobile flag")));
     keep(block.masquerade, in_.wholeWithin(typesOrNone(), field("masquerade")));
     keep(block.red, in_.real(field("red")));
@@ -137,7 +145,7 @@ class Parser {
   void parseRule(int r) {
     RuleBlock rule;
     const auto field = [r](const char* name) { return Field{name, "rule", r}; };
-    rule.name = in_.line(field("name"));
+    rule.name = in_.name(field("name"));
     rule.disabled = in_.whole(field("disabled flag"));
     rule.ignoreEnergy = in_.whole(field("ignore-energy flag"));
     rule.type = in_.whole(field("type"));

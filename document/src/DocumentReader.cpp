@@ -1,10 +1,11 @@
-#include <fstream>
-#include <iterator>
 #include <optional>
+#include <string>
 #include <utility>
 
 #include "Ascii.h"
 #include "DocumentParser.h"
+#include "document/DocumentFile.h"
+#include "document/FileError.h"
 #include "document/ModelDocument.h"
 
 namespace quorvane {
@@ -65,29 +66,22 @@ void apply(LatticeModel& model, const ParsedDocument& document) {
   for (const RuleBlock& rule : document.rules) applyRule(model, r++, rule);
 }
 
-std::optional<std::string> readWholeFile(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) return std::nullopt;
-  std::string text;
-  char block[1 << 16];
-  while (file.read(block, sizeof block) || file.gcount() > 0)
-    text.append(block, static_cast<std::size_t>(file.gcount()));
-  // A folder opens like a file and fails only when it is read.
-  if (file.bad()) return std::nullopt;
-  return text;
-}
+OpenResult unreadable(const std::string& reason) { return {OpenStatus::kUnreadable, kLogNoLines, reason}; }
 
 }  // namespace
 
 Inspection inspectDocument(const LatticeModel& model, std::string_view text) {
-  if (findNonAscii(text) != std::string_view::npos) return {{OpenStatus::kUnreadable, kLogNoLines}, {}};
+  if (text.size() > kMaxDocumentBytes)
+    return {unreadable(make_error_code(FileError::kTooLarge).message()), {}};
+  if (const auto position = findNonAscii(text); position != std::string_view::npos)
+    return {unreadable(placeOf(text, position) + ": a character that is not ASCII"), {}};
   try {
     ParsedDocument document = parseDocument(text, rowLengthsOf(model));
-    OpenResult result{OpenStatus::kOpened, {}};
-    if (document.cutShort) result = {OpenStatus::kCutShort, *document.cutShort};
+    OpenResult result{OpenStatus::kOpened, {}, {}};
+    if (document.cutShort) result = {OpenStatus::kCutShort, *document.cutShort, *document.cutShort};
     return {std::move(result), std::move(document)};
   } catch (const DocumentRefused& refused) {
-    return {{OpenStatus::kRefused, refused.what()}, {}};
+    return {{OpenStatus::kRefused, refused.what(), refused.what()}, {}};
   }
 }
 
@@ -120,9 +114,10 @@ OpenResult readDocument(LatticeModel& model, std::string_view text, const Header
 
 OpenResult openDocument(LatticeModel& model, const std::filesystem::path& path,
                         const HeaderObserver& onHeader) {
-  const std::optional<std::string> text = readWholeFile(path);
-  if (!text) return {OpenStatus::kUnreadable, kLogNoLines};
-  return readDocument(model, *text, onHeader);
+  std::string text;
+  if (const auto error = readDocumentFile(path, DocumentSource::kFile, text))
+    return unreadable(error.message());
+  return readDocument(model, text, onHeader);
 }
 
 }  // namespace quorvane

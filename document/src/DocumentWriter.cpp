@@ -3,7 +3,9 @@
 
 #include "Ascii.h"
 #include "document/AtomicFile.h"
+#include "document/DocumentFile.h"
 #include "document/ModelDocument.h"
+#include "document/PartialFiles.h"
 
 namespace quorvane {
 namespace {
@@ -67,9 +69,27 @@ void writeRule(LineWriter& out, const LatticeModel& model, int r) {
   out.whole(model.getRuleFacPixel(r));
 }
 
-std::string describeNonAscii(std::string_view text, std::size_t position) {
+std::string lineAt(std::string_view text, std::size_t position) {
   const auto line = 1 + std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(position), '\n');
-  return "a name has a character outside ASCII (line " + std::to_string(line) + " of the document)";
+  return " (line " + std::to_string(line) + " of the document)";
+}
+
+/// Where the first line begins that is too long for a name; npos if none is. Numbers are shorter.
+std::size_t findLongLine(std::string_view text) {
+  for (std::size_t start = 0, end; start < text.size(); start = end + 1) {
+    end = std::min(text.find('\n', start), text.size());
+    if (end - start > kMaxNameLength) return start;
+  }
+  return std::string_view::npos;
+}
+
+/// Why a document could not be opened again; empty if it can.
+std::string whyNotReadable(std::string_view text) {
+  if (const auto position = findNonAscii(text); position != std::string_view::npos)
+    return "a name has a character outside ASCII" + lineAt(text, position);
+  if (const auto position = findLongLine(text); position != std::string_view::npos)
+    return "a name has more than " + std::to_string(kMaxNameLength) + " characters" + lineAt(text, position);
+  return {};
 }
 
 }  // namespace
@@ -90,10 +110,11 @@ std::string writeDocument(const LatticeModel& model) {
 
 SaveResult saveDocument(const LatticeModel& model, const std::filesystem::path& path) {
   const std::string text = writeDocument(model);
-  if (const auto position = findNonAscii(text); position != std::string::npos)
-    return {false, describeNonAscii(text, position)};
-  if (const auto error = writeFileAtomically(path, text)) return {false, error.message()};
-  return {true, {}};
+  if (const std::string why = whyNotReadable(text); !why.empty()) return {false, why};
+  const Written written = writeFileAtomically(path, text, waitNever);
+  if (written.error) return {false, written.error.message() + whereLeft(written)};
+  sweepPartialFiles(path);
+  return {true, {}, written.inPlace ? kNoteInPlace : ""};
 }
 
 }  // namespace quorvane

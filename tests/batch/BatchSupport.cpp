@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <pty.h>
+#include <sys/ioctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -82,15 +83,19 @@ std::string whyNoTerminal() {
   return {};
 }
 
-Finished runBatchProgramOnTerminal(const std::vector<std::string>& arguments) {
+Finished runBatchProgramOnTerminal(const std::vector<std::string>& arguments, TerminalWidth width) {
   int terminal = -1;
-  const pid_t process = ::forkpty(&terminal, nullptr, nullptr, nullptr);
+  winsize size = {24, width.atFirst, 0, 0};
+  const pid_t process = ::forkpty(&terminal, nullptr, nullptr, &size);
   if (process < 0) throw std::runtime_error("no terminal");
   if (process == 0) becomeBatchProgram(arguments);
   Finished finished;
   char block[4096];
-  for (ssize_t size; (size = ::read(terminal, block, sizeof block)) > 0;)
-    finished.out.append(block, static_cast<std::size_t>(size));
+  for (ssize_t count; (count = ::read(terminal, block, sizeof block)) > 0;) {
+    finished.out.append(block, static_cast<std::size_t>(count));
+    if (width.behindFirstOutput > 0) size.ws_col = width.behindFirstOutput;
+    ::ioctl(terminal, TIOCSWINSZ, &size);
+  }
   finished.status = waitFor(process);
   ::close(terminal);
   return finished;

@@ -45,8 +45,14 @@ Finished runBatchProgram(const std::vector<std::string>& arguments, const std::s
 /// Why no terminal can be had here, as in some containers; empty where one can.
 std::string whyNoTerminal();
 
+/// Columns of a terminal, 0 for one that does not know.
+struct TerminalWidth {
+  unsigned short atFirst = 0;
+  unsigned short behindFirstOutput = 0;
+};
+
 /// Runs quorvane-batch with everything on a terminal; out is what the terminal received.
-Finished runBatchProgramOnTerminal(const std::vector<std::string>& arguments);
+Finished runBatchProgramOnTerminal(const std::vector<std::string>& arguments, TerminalWidth width = {});
 
 /// The rows of a CSV of populations behind its first line.
 std::vector<std::vector<long>> rowsOf(const std::string& csv);

@@ -1,5 +1,7 @@
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <sstream>
 
@@ -13,6 +15,7 @@ namespace {
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::MatchesRegex;
+using testing::Not;
 using Arguments = std::vector<std::string>;
 
 BatchOptions parsed(const Arguments& arguments) {
@@ -23,11 +26,12 @@ BatchOptions parsed(const Arguments& arguments) {
   return std::get<BatchOptions>(result);
 }
 
-TEST(CommandLine, NeedsOnlyADocumentAndANumberOfSweeps) {
-  const BatchOptions options = parsed({"in.quorvane", "--sweeps", "10"});
+TEST(CommandLine, NeedsOnlyADocumentANumberOfSweepsAndAResult) {
+  const BatchOptions options = parsed({"in.quorvane", "--sweeps", "10", "--picture", "png"});
   EXPECT_EQ(options.document, "in.quorvane");
   EXPECT_EQ(options.sweeps, 10);
-  EXPECT_FALSE(options.output || options.populations || options.picture || options.frames || options.trace);
+  EXPECT_EQ(options.picture, "png");
+  EXPECT_FALSE(options.output || options.populations || options.frames || options.trace);
   EXPECT_EQ(options.every, 1);
   EXPECT_EQ(options.scale, 4);
 }
@@ -64,6 +68,7 @@ TEST_P(WrongUsage, ExitsWithTwoAndSaysWhy) {
   EXPECT_EQ(finished.status, 2);
   EXPECT_THAT(finished.out, IsEmpty());
   EXPECT_THAT(finished.err, MatchesRegex("quorvane-batch: [^\n]+ \\(--help tells more\\)\n"));
+  EXPECT_THAT(finished.err, Not(HasSubstr("no result is asked for")));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -91,8 +96,46 @@ TEST(CommandLine, SaysWhatIsWrong) {
   EXPECT_THAT(errorOf({"in", "--sweeps", "1", "--output", "-", "--picture", "-"}),
               HasSubstr("standard output (-): is asked for twice"));
   EXPECT_THAT(errorOf({"in", "--sweeps", "1", "--trace"}), HasSubstr("--trace: needs --picture or --frames"));
-  EXPECT_THAT(errorOf({"in", "--sweeps", "x"}),
-              HasSubstr("--sweeps: x is not a whole number from 0 upwards"));
+  EXPECT_THAT(errorOf({"in", "--sweeps", "x", "--output", "a"}),
+              HasSubstr("--sweeps: \"x\" is not a whole number from 0 upwards"));
+}
+
+TEST(CommandLine, SaysWhatIsWrongWithAWord) {
+  const auto expectError = [](const Arguments& arguments, const std::string& line) {
+    const Finished finished = runBatchProgram(arguments);
+    EXPECT_EQ(finished.status, 2);
+    EXPECT_EQ(finished.err, "quorvane-batch: " + line + " (--help tells more)\n");
+  };
+  expectError({"in", "--sweeps", "1", "--output", "--trace"},
+              "--output: needs a name, not the option \"--trace\" (./--trace is a file of that name)");
+  expectError({"in", "--sweeps=", "g.q", "--output", "a"}, "--sweeps: needs a number");
+  expectError({"in", "--output", "a", "--sweeps"}, "--sweeps: needs a number");
+  expectError({"in", "--sweeps", "--output", "a"}, "--sweeps: needs a number, not the option \"--output\"");
+  expectError({"--outptu", "a"}, "unknown option --outptu, did you mean --output");
+  expectError({"in", "--population=a"}, "unknown option --population, did you mean --populations");
+  expectError({"in", "-output", "a"}, "unknown option -output, did you mean --output");
+  expectError({"in", "--whatever", "a"}, "unknown option --whatever");
+  expectError({"in", "--x\ny"}, "unknown option \"--x\\ny\"");
+  expectError({"in", "--trace=false"}, "--trace: takes no value");
+  expectError({"", "--sweeps", "1"}, "DOCUMENT: the name is empty");
+  expectError({"in", "--sweeps", "1", "--output", ""}, "--output: needs a name");
+  expectError({"in", "--sweeps", "1", "--output="}, "--output: needs a name");
+}
+
+TEST(CommandLine, TakesNamesThatLookLikeOptions) {
+  EXPECT_EQ(parsed({"in", "--sweeps", "0", "--output", "./--trace"}).output, "./--trace");
+  EXPECT_EQ(parsed({"--sweeps=0", "--output=a=b", "--", "--in"}).document, "--in");
+}
+
+TEST(CommandLine, FailsWhereItsHelpOrVersionCannotBeWritten) {
+  for (const char* option : {"--help", "--version"}) {
+    const int full = ::open("/dev/full", O_WRONLY);
+    BatchProcess process({option}, "", full);
+    ::close(full);
+    const Finished finished = process.wait();
+    EXPECT_EQ(finished.status, 1);
+    EXPECT_EQ(finished.err, "quorvane-batch: standard output: No space left on device\n");
+  }
 }
 
 TEST(CommandLine, TellsItsVersion) {

@@ -33,7 +33,7 @@ TEST_F(Frames, OfAnotherRunAreLeftAlone) {
   EXPECT_THROW(FrameFolder(film_, 1), BatchFailure);
   EXPECT_EQ(contentOf(film_ / "frame-000000.png"), "first");
   expectFailure({document_, "--sweeps", "1", "--frames", film_},
-                film_.string() + ": holds frames of another run (frame-000000.png)");
+                named(film_) + ": holds frames of another run (frame-000000.png)");
 }
 
 TEST_F(Frames, AreThePicturesAfterTheStartEveryKthAndTheLastSweep) {
@@ -73,9 +73,9 @@ TEST_F(Frames, ShowTheTracesWhereThePictureDoes) {
 
 TEST_F(Frames, FailBeforeTheRunWhereTheFolderCannotBeMadeOrHoldNone) {
   expectFailure({document_, "--sweeps", "9000000000000000000", "--frames", document_},
-                document_ + ": Not a directory");
+                named(document_) + ": Not a directory");
   expectFailure({document_, "--sweeps", "9000000000000000000", "--frames", "/proc/film"},
-                "/proc/film: No such file or directory");
+                "\"/proc/film\": No such file or directory");
 }
 
 TEST_F(Frames, AreNotBegunForADocumentThatIsRefused) {
@@ -93,7 +93,7 @@ TEST_F(Frames, EndTheRunWhereOneCannotBeWritten) {
     frames.add("1");
     FAIL() << "a folder was replaced";
   } catch (const BatchFailure& failure) {
-    EXPECT_EQ(std::string(failure.what()), (film_ / "frame-000001.png").string() + ": Is a directory");
+    EXPECT_EQ(failure.what(), named(film_ / "frame-000001.png") + ": Is a directory");
   }
 }
 

@@ -10,11 +10,13 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-TEST_F(Runner, SaysNothingAndWritesNothingUnlessAsked) {
-  const Finished finished = runBatchProgram({document_, "--sweeps", "5"});
-  EXPECT_EQ(finished.status, 0);
+const std::string kForever = "9000000000000000000";
+
+TEST_F(Runner, DoesNotRunWhereNoResultIsAskedFor) {
+  const Finished finished = runBatchProgram({document_, "--sweeps", kForever});
+  EXPECT_EQ(finished.status, 2);
   EXPECT_THAT(finished.out, IsEmpty());
-  EXPECT_THAT(finished.err, IsEmpty());
+  EXPECT_THAT(finished.err, HasSubstr("quorvane-batch: no result is asked for: "));
   EXPECT_THAT(namesIn(folder_.path()), ElementsAre("in.quorvane"));
 }
 
@@ -124,22 +126,30 @@ TEST_F(Runner, WritesToStandardOutputThroughItsDevice) {
 
 TEST_F(Runner, FailsOnADocumentThatCannotBeRead) {
   const std::string missing = (folder_ / "missing").string();
-  expectFailure({missing, "--sweeps", "1"}, missing + ": cannot be read, or is not plain ASCII text");
-  put(document_, "\xff");
-  expectFailure({document_, "--sweeps", "1"}, document_ + ": cannot be read, or is not plain ASCII text");
+  expectFailure({missing, "--sweeps", "1", "--output", output_},
+                named(missing) + ": No such file or directory");
+  put(document_, "2\n3\nGr\xc3\xbcn");
+  expectFailure({document_, "--sweeps", "1", "--output", output_},
+                named(document_) + ": line 3, column 3: a character that is not ASCII");
+  expectFailure({folder_.path(), "--sweeps", "1", "--output", output_},
+                named(folder_.path()) + ": Is a directory");
+  const std::string longName(256, 'n');
+  expectFailure({longName, "--sweeps", "1", "--output", output_}, named(longName) + ": File name too long");
+  expectFailure({document_ + "/x", "--sweeps", "1", "--output", output_},
+                named(document_ + "/x") + ": Not a directory");
 }
 
 TEST_F(Runner, FailsOnADocumentOutsideTheLimitsAndNamesTheLine) {
   put(document_, joined(sampleWith(kFirstSite, "7")));
   expectFailure({document_, "--sweeps", "1", "--output", output_},
-                document_ + ": line 4: pixel type of site (0, 0) must be 0 to 1, not \"7\"");
+                named(document_) + ": line 4: pixel type of site (0, 0) must be 0 to 1, not \"7\"");
   EXPECT_FALSE(fs::exists(output_));
 }
 
 TEST_F(Runner, FailsOnADocumentThatIsCutShortAndNamesTheLine) {
   put(document_, "2\n3\n2\n0");
   expectFailure({document_, "--sweeps", "1", "--output", output_},
-                document_ + ": line 4: the document ends before the pixel type of site (0, 1)");
+                named(document_) + ": line 4: the document ends before the pixel type of site (0, 1)");
   EXPECT_FALSE(fs::exists(output_));
 }
 
@@ -148,9 +158,9 @@ TEST_F(Runner, FailsBeforeItRunsWhereAnOutputCannotBeWritten) {
   // So many sweeps would never end.
   for (const char* option : {"--output", "--populations", "--picture"})
     expectFailure({document_, "--sweeps", "9000000000000000000", option, missing},
-                  missing + ": No such file or directory");
+                  named(missing) + ": No such file or directory");
   expectFailure({document_, "--sweeps", "9000000000000000000", "--output", folder_.path()},
-                folder_.path().string() + ": Is a directory");
+                named(folder_.path()) + ": Is a directory");
 }
 
 TEST_F(Runner, WritesNoOutputAtAllWhereOneOfThemCannotBeWritten) {
@@ -158,18 +168,19 @@ TEST_F(Runner, WritesNoOutputAtAllWhereOneOfThemCannotBeWritten) {
   const std::string missing = (folder_ / "missing/out").string();
   expectFailure(
       {document_, "--sweeps", "1", "--output", output_, "--populations", populations_, "--picture", missing},
-      missing + ": No such file or directory");
+      named(missing) + ": No such file or directory");
   EXPECT_EQ(contentOf(populations_), "old");
   EXPECT_THAT(namesIn(folder_.path()), ElementsAre("in.quorvane", "out.csv"));
 }
 
 TEST_F(Runner, FailsWhereAnOutputFillsUp) {
-  expectFailure({document_, "--sweeps", "1", "--output", "/dev/full"}, "/dev/full: No space left on device");
+  expectFailure({document_, "--sweeps", "1", "--output", "/dev/full"},
+                "\"/dev/full\": No space left on device");
 }
 
 TEST_F(Runner, ShowsItsProgressOnATerminalOnly) {
   if (const auto why = whyNoTerminal(); !why.empty()) GTEST_SKIP() << why;
-  const std::vector<std::string> arguments = {document_, "--sweeps", "1000"};
+  const std::vector<std::string> arguments = {document_, "--sweeps", "1000", "--output", output_};
   EXPECT_THAT(runBatchProgramOnTerminal(arguments).out, HasSubstr("sweep 0 of 1000"));
   EXPECT_EQ(runBatchProgramOnTerminal(arguments).status, 0);
   EXPECT_THAT(runBatchProgram(arguments).err, IsEmpty());

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -17,6 +18,9 @@ namespace quorvane {
 inline const std::filesystem::path kExample =
     std::filesystem::path(QUORVANE_EXAMPLES) / "growth-from-a-seed.quorvane";
 
+/// After a first signal; a second one that comes earlier is the same wish.
+inline constexpr std::chrono::milliseconds kSecondSignalCounts{1100};
+
 /// A folder with the sample document in it.
 class Runner : public testing::Test {
  protected:
@@ -25,6 +29,8 @@ class Runner : public testing::Test {
   static void put(const std::filesystem::path& file, const std::string& content) {
     std::ofstream(file, std::ios::binary) << content;
   }
+  /// A file as messages name it.
+  static std::string named(const std::filesystem::path& file) { return '"' + file.string() + '"'; }
   void expectFailure(const std::vector<std::string>& arguments, const std::string& line) const {
     const Finished finished = runBatchProgram(arguments);
     EXPECT_EQ(finished.status, 1);

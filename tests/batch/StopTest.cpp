@@ -1,8 +1,10 @@
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <csignal>
+#include <thread>
 
 #include "RunnerTest.h"
 
@@ -17,6 +19,29 @@ using testing::StartsWith;
 
 /// More sweeps than there is time for, with frames of six digits.
 const std::string kForever = "900000";
+
+/// A pipe that nobody reads from.
+class FullPipe {
+ public:
+  FullPipe() {
+    if (::pipe2(ends_, O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
+  }
+  ~FullPipe() {
+    ::close(ends_[0]);
+    ::close(ends_[1]);
+  }
+  FullPipe(const FullPipe&) = delete;
+  FullPipe& operator=(const FullPipe&) = delete;
+
+  int end() const { return ends_[1]; }
+  bool isFull() const {
+    pollfd writer = {ends_[1], POLLOUT, 0};
+    return ::poll(&writer, 1, 0) == 0;
+  }
+
+ private:
+  int ends_[2] = {-1, -1};
+};
 
 class Stop : public Runner {
  protected:
@@ -70,28 +95,69 @@ TEST_F(Stop, BySignalLeavesTheStateAfterTheLastWholeSweep) {
   }
 }
 
-/// A pipe that nobody reads from.
-class FullPipe {
- public:
-  FullPipe() {
-    if (::pipe2(ends_, O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
+TEST_F(Stop, BySignalsThatComeTogetherWritesTheResults) {
+  // As timeout(1) does, which signals the process and then its group.
+  constexpr int rounds = 20;
+  for (int round = 0; round < rounds; ++round) {
+    fs::remove(output_);
+    fs::remove_all(film_);
+    auto arguments = endlessRun();
+    arguments.insert(arguments.end(), {"--output", output_});
+    BatchProcess process(arguments);
+    ASSERT_TRUE(waitForFrame(0));
+    for (const int signal : {SIGTERM, SIGTERM, SIGINT}) process.signal(signal);
+    EXPECT_THAT(process.wait().status, AnyOf(-SIGTERM, -SIGINT));
+    EXPECT_TRUE(fs::exists(output_));
   }
-  ~FullPipe() {
-    ::close(ends_[0]);
-    ::close(ends_[1]);
-  }
-  FullPipe(const FullPipe&) = delete;
-  FullPipe& operator=(const FullPipe&) = delete;
+}
 
-  int end() const { return ends_[1]; }
-  bool isFull() const {
-    pollfd writer = {ends_[1], POLLOUT, 0};
-    return ::poll(&writer, 1, 0) == 0;
-  }
+TEST_F(Stop, ByAClosedTerminalIsOneBySighup) {
+  BatchProcess process(
+      {kExample, "--sweeps", kForever, "--every", "20", "--frames", film_, "--output", output_});
+  ASSERT_TRUE(waitForFrame(1));
+  process.signal(SIGHUP);
+  const Finished finished = process.wait();
+  EXPECT_EQ(finished.status, -SIGHUP);
+  EXPECT_GE(sweepsSaid(finished.err), 20);
+  EXPECT_TRUE(fs::exists(output_));
+}
 
- private:
-  int ends_[2] = {-1, -1};
-};
+TEST_F(Stop, IsNotAskedForByASignalThatWasIgnoredAtTheStart) {
+  // As nohup does, and a shell for a program in the background.
+  for (const int signal : {SIGHUP, SIGINT}) std::signal(signal, SIG_IGN);
+  BatchProcess process({kExample, "--sweeps", kForever, "--every", "20", "--frames", film_});
+  for (const int signal : {SIGHUP, SIGINT}) std::signal(signal, SIG_DFL);
+  ASSERT_TRUE(waitForFrame(1));
+  for (const int signal : {SIGHUP, SIGINT}) process.signal(signal);
+  ASSERT_TRUE(waitForFrame(static_cast<int>(namesIn(film_).size()) + 2));
+  process.signal(SIGTERM);
+  EXPECT_EQ(process.wait().status, -SIGTERM);
+}
+
+TEST_F(Stop, OnceEndsAWaitForAReaderAndTheOtherResultsAreWritten) {
+  const fs::path fifo = folder_ / "fifo";
+  ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
+  BatchProcess process({document_, "--sweeps", "3", "--output", fifo, "--picture", folder_ / "out.png"});
+  std::this_thread::sleep_for(std::chrono::milliseconds(500));
+  process.signal(SIGTERM);
+  const Finished finished = process.wait();
+  EXPECT_EQ(finished.status, 1);
+  EXPECT_EQ(finished.err, "quorvane-batch: " + named(fifo) + ": nobody reads from it\n");
+  EXPECT_TRUE(fs::exists(folder_ / "out.png"));
+}
+
+TEST_F(Stop, OnceEndsAWaitForAReaderThatTakesNothing) {
+  const FullPipe pipe;
+  BatchProcess process(
+      {document_, "--sweeps", "9000000000000000000", "--populations", "-", "--output", output_}, "",
+      pipe.end());
+  ASSERT_TRUE(waitUntil([&] { return pipe.isFull(); }));
+  process.signal(SIGTERM);
+  const Finished finished = process.wait();
+  EXPECT_EQ(finished.status, 1);
+  EXPECT_THAT(finished.err, StartsWith("quorvane-batch: standard output: nobody reads from it\n"));
+  EXPECT_TRUE(fs::exists(output_));
+}
 
 TEST_F(Stop, ASecondTimeEndsAtOnceAndWritesNothing) {
   const FullPipe pipe;
@@ -101,14 +167,15 @@ TEST_F(Stop, ASecondTimeEndsAtOnceAndWritesNothing) {
   // Whoever writes on now hangs.
   ASSERT_TRUE(waitUntil([&] { return pipe.isFull(); }));
   process.signal(SIGINT);
+  std::this_thread::sleep_for(kSecondSignalCounts);
   process.signal(SIGTERM);
   const Finished finished = process.wait();
-  EXPECT_THAT(finished.status, AnyOf(-SIGINT, -SIGTERM));
+  EXPECT_EQ(finished.status, -SIGTERM);
   EXPECT_THAT(finished.err, IsEmpty());
   EXPECT_THAT(namesIn(folder_.path()), ElementsAre("in.quorvane"));
 }
 
-TEST_F(Stop, ASecondTimeLeavesNoTemporaryAndNoHalfFile) {
+TEST_F(Stop, AtAnyMomentLeavesNoTemporaryAndNoHalfFile) {
   constexpr int rounds = 30;
   for (int round = 0; round < rounds; ++round) {
     fs::remove_all(film_);

@@ -1,5 +1,8 @@
 #include <fcntl.h>
+#include <poll.h>
 #include <unistd.h>
+
+#include <csignal>
 
 #include "RunnerTest.h"
 
@@ -68,7 +71,8 @@ TEST_F(Streams, OfADocumentThatIsBadAreNamedWithTheLine) {
     EXPECT_THAT(finished.out, IsEmpty());
     return finished.err;
   };
-  EXPECT_EQ(errorOf("\xff"), "quorvane-batch: standard input: cannot be read, or is not plain ASCII text\n");
+  EXPECT_EQ(errorOf("2\n3 \xff"),
+            "quorvane-batch: standard input: line 2, column 3: a character that is not ASCII\n");
   EXPECT_THAT(errorOf(""), StartsWith("quorvane-batch: standard input: line 1: "));
   EXPECT_EQ(errorOf(joined(sampleWith(kFirstSite, "7"))),
             "quorvane-batch: standard input: line 4: pixel type of site (0, 0) must be 0 to 1, not \"7\"\n");
@@ -77,7 +81,7 @@ TEST_F(Streams, OfADocumentThatIsBadAreNamedWithTheLine) {
 TEST_F(Streams, StayEmptyWhereAFileFails) {
   const std::string missing = (folder_ / "missing/out").string();
   expectFailure({document_, "--sweeps", "1", "--output", "-", "--picture", missing},
-                missing + ": No such file or directory");
+                named(missing) + ": No such file or directory");
 }
 
 TEST_F(Streams, ThatAreFullFailTheRun) {
@@ -87,6 +91,54 @@ TEST_F(Streams, ThatAreFullFailTheRun) {
   const Finished finished = process.wait();
   EXPECT_EQ(finished.status, 1);
   EXPECT_EQ(finished.err, "quorvane-batch: standard output: No space left on device\n");
+}
+
+TEST_F(Streams, ThatDoNotBlockAreWaitedFor) {
+  int ends[2];
+  ASSERT_EQ(::pipe2(ends, O_CLOEXEC | O_NONBLOCK), 0);
+  const std::vector<std::string> run = {document_, "--sweeps", "20000", "--populations", "-"};
+  BatchProcess process(run, "", ends[1]);
+  pollfd writer = {ends[1], POLLOUT, 0};
+  ASSERT_TRUE(waitUntil([&] { return ::poll(&writer, 1, 0) == 0; }));
+  ::close(ends[1]);
+  std::string rows;
+  char block[4096];
+  pollfd reader = {ends[0], POLLIN, 0};
+  for (ssize_t size; ::poll(&reader, 1, -1) > 0 && (size = ::read(ends[0], block, sizeof block)) > 0;)
+    rows.append(block, static_cast<std::size_t>(size));
+  ::close(ends[0]);
+  EXPECT_EQ(process.wait().status, 0);
+  EXPECT_EQ(rows, runBatchProgram(run).out);
+}
+
+TEST_F(Streams, ThatAreClosedAtTheStartStandForNothing) {
+  const std::string pidFile = (folder_ / "pid").string();
+  const std::string command = "{ " QUORVANE_BATCH " " + document_ +
+                              " --sweeps 9000000000000000000 --populations " + populations_ +
+                              " <&- >&- 2>&- & } ; echo $! > " + pidFile;
+  ASSERT_EQ(std::system(command.c_str()), 0);
+  const pid_t process = std::stoi(contentOf(pidFile));
+  const fs::path partial = folder_ / (".out.csv.quorvane-" + std::to_string(process) + ".partial");
+  EXPECT_TRUE(waitUntil([&] { return fs::exists(partial) && fs::file_size(partial) > 1000; }));
+  for (const char* file : {"0", "1", "2"})
+    EXPECT_EQ(fs::read_symlink("/proc/" + std::to_string(process) + "/fd/" + file), "/dev/null");
+  ::kill(process, SIGKILL);
+}
+
+TEST_F(Streams, ThatAreClosedFailWithTheirReason) {
+  const auto run = [&](const std::string& words) {
+    return std::system((std::string(QUORVANE_BATCH) + " " + words).c_str());
+  };
+  // Nothing of a message gets into the document that takes the place of standard error.
+  EXPECT_NE(run(document_ + " --sweeps 1 --output " + output_ + " --picture /dev/full 2>&-"), 0);
+  const std::string document = contentOf(output_);
+  EXPECT_EQ(runBatchProgram({document_, "--sweeps", "1", "--output", "-"}).out, document);
+  const std::string err = (folder_ / "err").string();
+  EXPECT_NE(run(document_ + " --sweeps 1 --output - >&- 2> " + err), 0);
+  EXPECT_EQ(contentOf(err), "quorvane-batch: standard output: Bad file descriptor\n");
+  EXPECT_NE(run("- --sweeps 1 --output " + output_ + " <&- 2> " + err), 0);
+  EXPECT_EQ(contentOf(err), "quorvane-batch: standard input: Bad file descriptor\n");
+  EXPECT_EQ(contentOf(output_), document);
 }
 
 TEST_F(Streams, OnATerminalAreNotMixedWithProgress) {

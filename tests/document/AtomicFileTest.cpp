@@ -24,10 +24,14 @@ mode_t permissionsOf(const fs::path& file) {
   return status.st_mode & 07777;
 }
 
+std::error_code writeTo(const fs::path& target, const std::string& content) {
+  return writeFileAtomically(target, content).error;
+}
+
 TEST(AtomicFile, WritesANewFileWithTheUsualPermissions) {
   const TemporaryFolder folder;
   const mode_t umaskBefore = ::umask(022);
-  EXPECT_FALSE(writeFileAtomically(folder / "new", "content"));
+  EXPECT_FALSE(writeTo(folder / "new", "content"));
   ::umask(umaskBefore);
   EXPECT_EQ(contentOf(folder / "new"), "content");
   EXPECT_EQ(permissionsOf(folder / "new"), 0644);
@@ -37,7 +41,7 @@ TEST(AtomicFile, WritesANewFileWithTheUsualPermissions) {
 TEST(AtomicFile, WritesAnEmptyFile) {
   const TemporaryFolder folder;
   put(folder / "file", "old");
-  EXPECT_FALSE(writeFileAtomically(folder / "file", ""));
+  EXPECT_FALSE(writeTo(folder / "file", ""));
   EXPECT_EQ(fs::file_size(folder / "file"), 0u);
 }
 
@@ -45,7 +49,7 @@ TEST(AtomicFile, ReplacesAnExistingFileAndKeepsItsPermissions) {
   const TemporaryFolder folder;
   put(folder / "file", "a longer content than the new one");
   ASSERT_EQ(::chmod((folder / "file").c_str(), 0640), 0);
-  EXPECT_FALSE(writeFileAtomically(folder / "file", "new"));
+  EXPECT_FALSE(writeTo(folder / "file", "new"));
   EXPECT_EQ(contentOf(folder / "file"), "new");
   EXPECT_EQ(permissionsOf(folder / "file"), 0640);
   EXPECT_THAT(namesIn(folder.path()), ElementsAre("file"));
@@ -55,7 +59,7 @@ TEST(AtomicFile, NeverShowsAReaderOfTheOldFileTheNewContent) {
   const TemporaryFolder folder;
   put(folder / "file", "old");
   std::ifstream reader(folder / "file");
-  EXPECT_FALSE(writeFileAtomically(folder / "file", "new"));
+  EXPECT_FALSE(writeTo(folder / "file", "new"));
   std::string seen;
   reader >> seen;
   EXPECT_EQ(seen, "old");
@@ -67,7 +71,7 @@ TEST(AtomicFile, FollowsSymbolicLinksAndKeepsThem) {
   put(folder / "elsewhere/file", "old");
   fs::create_symlink("elsewhere/file", folder / "second");
   fs::create_symlink("second", folder / "first");
-  EXPECT_FALSE(writeFileAtomically(folder / "first", "new"));
+  EXPECT_FALSE(writeTo(folder / "first", "new"));
   EXPECT_TRUE(fs::is_symlink(folder / "first"));
   EXPECT_TRUE(fs::is_symlink(folder / "second"));
   EXPECT_EQ(contentOf(folder / "elsewhere/file"), "new");
@@ -77,7 +81,7 @@ TEST(AtomicFile, FollowsSymbolicLinksAndKeepsThem) {
 TEST(AtomicFile, CreatesTheMissingTargetOfALink) {
   const TemporaryFolder folder;
   fs::create_symlink(folder / "target", folder / "link");
-  EXPECT_FALSE(writeFileAtomically(folder / "link", "new"));
+  EXPECT_FALSE(writeTo(folder / "link", "new"));
   EXPECT_TRUE(fs::is_symlink(folder / "link"));
   EXPECT_EQ(contentOf(folder / "target"), "new");
 }
@@ -86,15 +90,15 @@ TEST(AtomicFile, FailsOnLinksThatLeadInACircle) {
   const TemporaryFolder folder;
   fs::create_symlink("b", folder / "a");
   fs::create_symlink("a", folder / "b");
-  EXPECT_TRUE(writeFileAtomically(folder / "a", "new"));
+  EXPECT_TRUE(writeTo(folder / "a", "new"));
   EXPECT_THAT(namesIn(folder.path()), ElementsAre("a", "b"));
 }
 
 TEST(AtomicFile, FailsWhereTheFolderDoesNotExistOrIsAFile) {
   const TemporaryFolder folder;
   put(folder / "file", "old");
-  EXPECT_EQ(writeFileAtomically(folder / "missing/file", "new"), std::errc::no_such_file_or_directory);
-  EXPECT_EQ(writeFileAtomically(folder / "file/file", "new"), std::errc::not_a_directory);
+  EXPECT_EQ(writeTo(folder / "missing/file", "new"), std::errc::no_such_file_or_directory);
+  EXPECT_EQ(writeTo(folder / "file/file", "new"), std::errc::not_a_directory);
   EXPECT_THAT(namesIn(folder.path()), ElementsAre("file"));
   EXPECT_EQ(contentOf(folder / "file"), "old");
 }
@@ -102,10 +106,10 @@ TEST(AtomicFile, FailsWhereTheFolderDoesNotExistOrIsAFile) {
 TEST(AtomicFile, FailsOnAFolder) {
   const TemporaryFolder folder;
   fs::create_directory(folder / "target");
-  EXPECT_EQ(writeFileAtomically(folder / "target", "new"), std::errc::is_a_directory);
+  EXPECT_EQ(writeTo(folder / "target", "new"), std::errc::is_a_directory);
   EXPECT_TRUE(fs::is_directory(folder / "target"));
   EXPECT_THAT(namesIn(folder.path()), ElementsAre("target"));
-  EXPECT_TRUE(writeFileAtomically("", "new"));
+  EXPECT_TRUE(writeTo("", "new"));
 }
 
 TEST(AtomicFile, LeavesEverythingAsItWasWhenTheDiskRefusesTheContent) {
@@ -115,7 +119,7 @@ TEST(AtomicFile, LeavesEverythingAsItWasWhenTheDiskRefusesTheContent) {
   std::error_code error;
   {
     const FileSizeLimit limit(5000);
-    error = writeFileAtomically(folder / "file", content);
+    error = writeTo(folder / "file", content);
   }
   EXPECT_EQ(error, std::errc::file_too_large);
   EXPECT_EQ(contentOf(folder / "file"), "old");
@@ -123,16 +127,16 @@ TEST(AtomicFile, LeavesEverythingAsItWasWhenTheDiskRefusesTheContent) {
 }
 
 TEST(AtomicFile, WritesToADeviceItself) {
-  EXPECT_FALSE(writeFileAtomically("/dev/null", "content"));
+  EXPECT_FALSE(writeTo("/dev/null", "content"));
   EXPECT_TRUE(fs::is_character_file("/dev/null"));
-  EXPECT_EQ(writeFileAtomically("/dev/full", "content"), std::errc::no_space_on_device);
+  EXPECT_EQ(writeTo("/dev/full", "content"), std::errc::no_space_on_device);
   EXPECT_TRUE(fs::is_character_file("/dev/full"));
 }
 
 TEST(AtomicFile, TakesNamesAsLongAsTheFileSystemDoes) {
   const TemporaryFolder folder;
-  EXPECT_FALSE(writeFileAtomically(folder / std::string(255, 'n'), "content"));
-  EXPECT_TRUE(writeFileAtomically(folder / std::string(256, 'n'), "content"));
+  EXPECT_FALSE(writeTo(folder / std::string(255, 'n'), "content"));
+  EXPECT_TRUE(writeTo(folder / std::string(256, 'n'), "content"));
   EXPECT_THAT(namesIn(folder.path()), ElementsAre(std::string(255, 'n')));
 }
 

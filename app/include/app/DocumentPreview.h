@@ -2,6 +2,7 @@
 
 #include <QTimer>
 #include <QWidget>
+#include <string>
 
 #include "model/LatticeModel.h"
 
@@ -15,14 +16,12 @@ namespace quorvane {
 struct ParsedDocument;
 
 /// Shows of a document what opening it would bring, without opening it: the lattice, sizes, pixel types with
-/// their colours and rules, or the line that opening would say. Reads regular files of up to kLargest bytes
-/// and makes no draws. Texts and picture are for reading only, by a screen reader too.
+/// their colours and rules, or the line that opening would say. Reads what opening would
+/// read and makes no draws. Texts and picture are for reading only, by a screen reader too.
 class DocumentPreview : public QWidget {
   Q_OBJECT
 
  public:
-  static constexpr qint64 kLargest = qint64{4} << 20;
-
   /// model: the one that would open the document, which outlives the preview; what its rows hold counts.
   explicit DocumentPreview(const LatticeModel& model, QWidget* parent = nullptr);
 
@@ -35,7 +34,7 @@ class DocumentPreview : public QWidget {
  private:
   void clear();
   void read();
-  void showDocument(const QByteArray& text);
+  void showDocument(const std::string& text);
   void showPicture(const ParsedDocument& document);
 
   const LatticeModel& model_;

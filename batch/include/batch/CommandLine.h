@@ -14,6 +14,7 @@ enum ExitStatus : int {
   kExitDone = 0,
   kExitFailed = 1,         ///< the run or a file failed
   kExitUsage = 2,          ///< the command line is wrong
+  kExitHungUp = 129,       ///< stopped by SIGHUP; what was asked for is written
   kExitInterrupted = 130,  ///< stopped by SIGINT; what was asked for is written
   kExitTerminated = 143,   ///< stopped by SIGTERM; what was asked for is written
 };

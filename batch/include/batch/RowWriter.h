@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 #include <string_view>
 #include <system_error>
 
@@ -18,8 +19,9 @@ class RowWriter {
   /// Hands whole rows to the system.
   void write(std::string_view rows);
 
-  /// Puts the growing file in the place of its target.
-  void finish();
+  /// Puts the growing file in the place of its target, and removes what killed runs have left of it. What
+  /// there is to say of it, as writeOutput says it.
+  std::string finish();
 
   /// From now on the growing file stays, however the run ends.
   void keep() { file_.keep(); }

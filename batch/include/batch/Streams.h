@@ -2,28 +2,24 @@
 
 #include <filesystem>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 
+#include "batch/Messages.h"
 #include "batch/StopSignals.h"
 
 /// Where the runner reads and writes: files, and standard input and output, which "-" stands for.
 namespace quorvane {
 
-/// A file that cannot be read or written, or does not hold what it should.
-class BatchFailure : public std::runtime_error {
- public:
-  BatchFailure(const std::string& file, const std::string& why) : std::runtime_error(file + ": " + why) {}
-  /// line: which file, and why.
-  explicit BatchFailure(const std::string& line) : std::runtime_error(line) {}
-};
+/// Gives each of the descriptors 0 to 2 that is closed something that can be neither read nor written, so
+/// that no file that is opened later becomes one of them.
+void fillStandardDescriptors();
 
 /// True of "-".
 bool isStandardStream(const std::filesystem::path& path);
 
-/// All of standard input. Throws BatchFailure.
-std::string readStandardInput();
+/// All of a document's text. Throws BatchFailure.
+std::string readInput(const std::filesystem::path& document);
 
 /// Throws BatchFailure where writeOutput could not write the target now. Leaves no trace.
 void checkOutput(const std::filesystem::path& target);
@@ -32,8 +28,12 @@ void checkOutput(const std::filesystem::path& target);
 /// half file, so signals do not wait for it.
 std::optional<SignalsHeld> signalsHeldFor(const std::filesystem::path& target);
 
+/// Writes to standard output. Throws BatchFailure.
+void writeStandardOutput(std::string_view content);
+
 /// Replaces a file as writeFileAtomically does, or writes to standard output. Throws BatchFailure. No signal
-/// ends the process while a file is only half written.
-void writeOutput(const std::filesystem::path& target, std::string_view content);
+/// ends the process while a file is only half written. What there is to say of it otherwise, as a line;
+/// mostly empty.
+std::string writeOutput(const std::filesystem::path& target, std::string_view content);
 
 }  // namespace quorvane

@@ -33,24 +33,28 @@ struct DocumentHeader {
   int numTypes;  ///< pixel types, 1 to kMaxPixelTypes
 };
 
-/// How saving went. The reason is one line without a path, empty if the document was saved.
+/// How saving went. The reason is one line without a path, empty if the document was saved. The note is such
+/// a line, too, about a document that was saved otherwise than usual; mostly empty.
 struct SaveResult {
   bool saved = false;
-  std::string reason;
+  std::string reason = {};
+  std::string note = {};
 };
 
 enum class OpenStatus {
   kOpened,
   kCutShort,    ///< the document ends early; the model holds what there was of it
   kRefused,     ///< a value is outside the limits; nothing was changed
-  kUnreadable,  ///< no such file, or not ASCII; nothing was changed
+  kUnreadable,  ///< no such file, too large, or not ASCII; nothing was changed
 };
 
-/// How opening went. The message is one line without a path, empty if the whole document was opened. It
-/// begins with "line N: ", N counted from 1, except that of an unreadable file, which is kLogNoLines.
+/// How opening went. Message and reason are one line each without a path, empty if the whole document was
+/// opened. The message is for the log: it begins with "line N: ", N counted from 1, except that of an
+/// unreadable file, which is kLogNoLines. The reason is for people: the same, but why the file is unreadable.
 struct OpenResult {
   OpenStatus status = OpenStatus::kUnreadable;
   std::string message;
+  std::string reason;
 };
 
 /// Called with the header of a document that is about to be applied, before the model is touched.
@@ -61,7 +65,9 @@ using HeaderObserver = std::function<void(const DocumentHeader&)>;
 /// is.
 std::string writeDocument(const LatticeModel& model);
 
-/// Writes the document of a model to a file as writeFileAtomically does. Fails where a name is not ASCII.
+/// Writes the document of a model to a file as writeFileAtomically does, and removes what earlier processes
+/// have left half written beside it. Fails where a name is not ASCII or longer than a document may have it,
+/// and never waits for the reader of a pipe.
 SaveResult saveDocument(const LatticeModel& model, const std::filesystem::path& path);
 
 /// Rebuilds a model from the text of a document; no run loop may be active.
@@ -69,14 +75,16 @@ SaveResult saveDocument(const LatticeModel& model, const std::filesystem::path& 
 /// Checks every value that stands in the text before anything changes: sizes 1 to kMaxSide, types 1 to
 /// kMaxPixelTypes, rules 0 to kMaxRules and no more in a row of the model than fit beside those that already
 /// stand there, every site within the types, every end, masquerade and facilitation type within them or -1.
-/// Flags, facilitation numbers, rule types and reals may be anything. Then initialises the model (with the
-/// draws of initializeLatticeModel) and sets everything in the order of the text; traces start anew from the
-/// lattice. A text that ends early is applied up to where it ends, except that a colour or a rule needs all
-/// its lines; one with fewer than three lines changes nothing. What stands behind the last rule is ignored,
-/// and the empty line behind a final line feed is a line like any other.
+/// Names have kMaxNameLength characters at most. Flags, facilitation numbers, rule types and reals may be
+/// anything. Then initialises the model (with the draws of initializeLatticeModel) and sets everything in the
+/// order of the text; traces start anew from the lattice. A text that ends early is applied up to where it
+/// ends, except that a colour or a rule needs all its lines; one with fewer than three lines changes nothing.
+/// What stands behind the last rule is ignored, and the empty line behind a final line feed is a line like
+/// any other.
 OpenResult readDocument(LatticeModel& model, std::string_view text, const HeaderObserver& onHeader = {});
 
-/// Rebuilds a model from a file, as readDocument does.
+/// Rebuilds a model from a regular file, as readDocument does. Nothing else is read: a pipe or a device might
+/// never end.
 OpenResult openDocument(LatticeModel& model, const std::filesystem::path& path,
                         const HeaderObserver& onHeader = {});
 

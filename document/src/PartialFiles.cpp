@@ -1,0 +1,87 @@
+#include "document/PartialFiles.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <csignal>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "Target.h"
+
+namespace quorvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kMark = ".quorvane-";
+constexpr std::string_view kEnd = ".partial";
+
+/// The beginning of a name, without a piece of a character of UTF-8 at its end.
+std::string cut(std::string name, std::size_t bytes) {
+  const auto isContinued = [&] { return (static_cast<unsigned char>(name[bytes]) & 0xC0) == 0x80; };
+  if (name.size() <= bytes) return name;
+  while (bytes > 0 && isContinued()) --bytes;
+  name.resize(bytes);
+  return name;
+}
+
+/// The process that a file of the target is named after; none if it is no such file.
+std::optional<pid_t> processOf(std::string_view name, std::string_view target) {
+  const std::string start = '.' + std::string(target) + std::string(kMark);
+  if (!name.starts_with(start) || !name.ends_with(kEnd)) return std::nullopt;
+  name.remove_prefix(start.size());
+  pid_t process = 0;
+  const auto [rest, error] = std::from_chars(name.data(), name.data() + name.size(), process);
+  if (error != std::errc{} || process <= 0) return std::nullopt;
+  return *rest == '-' || *rest == '.' ? std::optional(process) : std::nullopt;
+}
+
+/// In a container every run may have the same number, so one's own tells nothing.
+bool isGone(pid_t process) { return process == ::getpid() || (::kill(process, 0) != 0 && errno == ESRCH); }
+
+/// Also false of a file that a process on another machine is writing, where the folder is shared.
+bool isLeftAlone(const fs::path& path) {
+  const int file = ::open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+  if (file < 0) return false;
+  const bool locked = ::flock(file, LOCK_EX | LOCK_NB) == 0;
+  ::close(file);
+  return locked;
+}
+
+}  // namespace
+
+std::string partialName(const std::string& target, int attempt, std::size_t longest) {
+  std::string end = std::string(kMark) + std::to_string(::getpid());
+  if (attempt > 0) end += '-' + std::to_string(attempt);
+  end += kEnd;
+  if (target.empty()) return end;
+  return '.' + cut(target, longest - std::min(longest, 1 + end.size())) + end;
+}
+
+void holdPartialFile(int file) {
+  // Without locks, the number of the process alone tells whose the file is.
+  (void)::flock(file, LOCK_EX | LOCK_NB);
+}
+
+void sweepPartialFiles(const fs::path& path) {
+  Target target;
+  if (findTarget(path, target) || target.isDevice()) return;
+  const fs::path folder = target.path.parent_path();
+  std::error_code error;
+  std::vector<fs::path> left;
+  for (fs::directory_iterator entry(folder.empty() ? "." : folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    const auto process = processOf(entry->path().filename().native(), target.path.filename().native());
+    if (process && isGone(*process)) left.push_back(entry->path());
+  }
+  for (const fs::path& file : left)
+    if (isLeftAlone(file)) ::unlink(file.c_str());
+}
+
+}  // namespace quorvane

@@ -1,0 +1,35 @@
+#include "SystemCalls.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace quorvane {
+
+std::error_code writeAll(int file, std::string_view content) {
+  while (!content.empty()) {
+    const ssize_t written = ::write(file, content.data(), content.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) return lastError();
+    // Again and again it would never end.
+    if (written == 0) return std::make_error_code(std::errc::io_error);
+    content.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return {};
+}
+
+std::error_code syncFile(int file) {
+  while (::fsync(file) != 0) {
+    if (errno == EINTR) continue;
+    return isNotOffered(errno) ? std::error_code{} : lastError();
+  }
+  return {};
+}
+
+void syncFolder(const std::filesystem::path& folder) {
+  const int file = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (file < 0) return;
+  while (::fsync(file) != 0 && errno == EINTR) continue;
+  ::close(file);
+}
+
+}  // namespace quorvane

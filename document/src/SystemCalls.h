@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cerrno>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+
+/// Calls of the system as this folder needs them: each return value is looked at.
+namespace quorvane {
+
+inline std::error_code lastError() { return {errno, std::generic_category()}; }
+
+/// True of the errors by which a file system says that it does not have such a thing.
+inline bool isNotOffered(int error) {
+  return error == EPERM || error == EINVAL || error == ENOTSUP || error == ENOSYS;
+}
+
+/// Hands everything to the system.
+std::error_code writeAll(int file, std::string_view content);
+
+/// Waits until the content is on the disk, where the file system offers that.
+std::error_code syncFile(int file);
+
+/// Waits until the names in a folder are on the disk. One that cannot be synchronised is no failure: what
+/// stands in it is whole in any case.
+void syncFolder(const std::filesystem::path& folder);
+
+}  // namespace quorvane

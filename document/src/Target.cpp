@@ -1,0 +1,87 @@
+#include "Target.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "SystemCalls.h"
+#include "document/FileError.h"
+
+namespace quorvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Follows links whose last one may lead to a file that is not there yet.
+std::error_code follow(Target& target) {
+  constexpr int mostLinks = 40;
+  for (int links = 0; links <= mostLinks; ++links) {
+    // The system follows the whole chain first, so each link of it is one that it lets us follow.
+    struct stat status;
+    if (::stat(target.path.c_str(), &status) == 0)
+      target.existing = status;
+    else if (errno != ENOENT)
+      return lastError();
+    if (::lstat(target.path.c_str(), &status) != 0) return errno == ENOENT ? std::error_code{} : lastError();
+    if (!S_ISLNK(status.st_mode)) return {};
+    std::error_code error;
+    if (target.existing) {
+      const fs::path real = fs::canonical(target.path, error);
+      // What a descriptor stands for, as in /dev/fd, need not have a path.
+      if (!error) target.path = real;
+      return target.isDevice() ? std::error_code{} : error;
+    }
+    const fs::path next = fs::read_symlink(target.path, error);
+    if (error) return error;
+    target.path = target.path.parent_path() / next;
+  }
+  return std::make_error_code(std::errc::too_many_symbolic_link_levels);
+}
+
+/// Mount points and files that only grow pass every other check and fail when their place is to be taken.
+std::error_code checkAttributes(const fs::path& path) {
+  struct statx status;
+  if (::statx(AT_FDCWD, path.c_str(), 0, STATX_TYPE, &status) != 0) return {};  // an old system
+  if (status.stx_attributes & STATX_ATTR_MOUNT_ROOT) return FileError::kMountPoint;
+  if (status.stx_attributes & (STATX_ATTR_APPEND | STATX_ATTR_IMMUTABLE)) return FileError::kWriteProtected;
+  return {};
+}
+
+/// The superuser may write any file, but a file that nobody may write is meant to stay as it is.
+std::error_code checkExisting(const Target& target) {
+  if ((target.existing->st_mode & 0222) == 0) return FileError::kWriteProtected;
+  if (::faccessat(AT_FDCWD, target.path.c_str(), W_OK, AT_EACCESS) != 0)
+    return errno == EACCES ? make_error_code(FileError::kWriteProtected) : lastError();
+  return checkAttributes(target.path);
+}
+
+std::error_code checkName(const fs::path& path) {
+  const std::string name = path.filename();
+  if (name.empty()) return std::make_error_code(std::errc::no_such_file_or_directory);
+  if (name.size() > longestName(path.parent_path()))
+    return std::make_error_code(std::errc::filename_too_long);
+  return {};
+}
+
+}  // namespace
+
+std::error_code findTarget(const fs::path& path, Target& target) {
+  target = {path, {}};
+  if (const auto error = follow(target)) return error;
+  if (!target.existing) return checkName(target.path);
+  if (S_ISDIR(target.existing->st_mode)) return std::make_error_code(std::errc::is_a_directory);
+  return target.isDevice() ? std::error_code{} : checkExisting(target);
+}
+
+std::optional<struct stat> statusOf(const fs::path& path) {
+  struct stat status;
+  if (::stat(path.c_str(), &status) != 0) return std::nullopt;
+  return status;
+}
+
+std::size_t longestName(const fs::path& folder) {
+  constexpr std::size_t usual = 255;
+  const long longest = ::pathconf(folder.empty() ? "." : folder.c_str(), _PC_NAME_MAX);
+  return longest > 0 ? static_cast<std::size_t>(longest) : usual;
+}
+
+}  // namespace quorvane

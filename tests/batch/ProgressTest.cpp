@@ -1,0 +1,83 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "RunnerTest.h"
+#include "batch/Progress.h"
+
+namespace quorvane {
+namespace {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+using namespace std::chrono_literals;
+
+TEST(ProgressText, SaysTheSweepsThePartAndTheTimeLeft) {
+  EXPECT_EQ(progressText(250, 1000, 20s, 79), "sweep 250 of 1000, 25 %, 1 min 0 s left");
+  EXPECT_EQ(progressText(0, 1000, 0s, 79), "sweep 0 of 1000, 0 %");
+  EXPECT_EQ(progressText(5, 1000, 500ms, 79), "sweep 5 of 1000, 0 %");
+}
+
+TEST(ProgressText, TellsTheTimeInItsTwoLargestUnits) {
+  for (const auto& [elapsed, left] : {std::pair(45s, "45 s left"),
+                                      {200s, "3 min 20 s left"},
+                                      {3725s, "1 h 2 min left"},
+                                      {90000s, "1 d 1 h left"}})
+    EXPECT_THAT(progressText(500, 1000, elapsed, 79), EndsWith(left));
+  EXPECT_THAT(progressText(1, 9'000'000'000'000'000'000, 1s, 99), EndsWith("more than 100 years left"));
+}
+
+TEST(ProgressText, FitsAnyWidth) {
+  constexpr std::int64_t most = 9'000'000'000'000'000'000;
+  for (int columns = 8; columns <= 200; ++columns)
+    for (const std::int64_t total : {std::int64_t{10}, std::int64_t{1'000'000}, most})
+      for (const std::int64_t done : {std::int64_t{0}, total / 3, total})
+        EXPECT_LE(progressText(done, total, 5000s, columns).size(), static_cast<std::size_t>(columns));
+  EXPECT_EQ(progressText(250, 1000, 20s, 20), "25 %, 1 min 0 s left");
+  EXPECT_EQ(progressText(250, 1000, 20s, 19), "25 %");
+}
+
+/// The texts that stood in the line, one after another.
+std::vector<std::string> linesOf(const std::string& out) {
+  const std::string erase = "\r\033[K";
+  std::vector<std::string> lines;
+  for (std::size_t start = 0, end; start < out.size(); start = end + erase.size()) {
+    end = std::min(out.find(erase, start), out.size());
+    lines.push_back(out.substr(start, end - start));
+  }
+  return lines;
+}
+
+class ProgressOnATerminal : public Runner {
+ protected:
+  void SetUp() override {
+    if (const auto why = whyNoTerminal(); !why.empty()) GTEST_SKIP() << why;
+  }
+  /// What a run that goes on for seconds shows.
+  std::vector<std::string> shown(TerminalWidth width) const {
+    return linesOf(
+        runBatchProgramOnTerminal(
+            {kExample, "--sweeps", "12000", "--populations", populations_, "--every", "12000"}, width)
+            .out);
+  }
+};
+
+TEST_F(ProgressOnATerminal, FitsItsWidthAndSaysTheTimeLeft) {
+  for (const unsigned short columns : std::initializer_list<unsigned short>{20, 200}) {
+    bool saysTimeLeft = false;
+    for (const std::string& line : shown({columns, 0})) {
+      EXPECT_LT(line.size(), columns) << line;
+      saysTimeLeft = saysTimeLeft || line.ends_with(" left");
+    }
+    EXPECT_TRUE(saysTimeLeft) << columns;
+  }
+}
+
+TEST_F(ProgressOnATerminal, FitsTheNewWidthAfterAResize) {
+  const auto narrower = shown({200, 20});
+  ASSERT_GT(narrower.size(), 4u);
+  EXPECT_THAT(narrower[1], HasSubstr("sweep 0 of 12000"));
+  for (std::size_t k = 3; k < narrower.size(); ++k) EXPECT_LT(narrower[k].size(), 20u) << narrower[k];
+}
+
+}  // namespace
+}  // namespace quorvane

@@ -1,0 +1,80 @@
+#include "CallFaults.h"
+
+#include <dlfcn.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+
+namespace quorvane {
+namespace {
+
+CallFaults* faults = nullptr;
+
+template <typename Function>
+Function* systems(const char* name) {
+  return reinterpret_cast<Function*>(::dlsym(RTLD_NEXT, name));
+}
+
+/// True if the call is to fail.
+bool fails(const std::string& name, int error) {
+  faults->calls.push_back(name);
+  errno = error;
+  return error != 0;
+}
+
+bool isFolder(int file) {
+  struct stat status;
+  return ::fstat(file, &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+}  // namespace
+
+CallFaults::CallFaults() { faults = this; }
+CallFaults::~CallFaults() { faults = nullptr; }
+
+}  // namespace quorvane
+
+// These stand before the C library's.
+extern "C" {
+
+using quorvane::faults;
+
+ssize_t write(int file, const void* bytes, size_t size) {
+  if (faults && file > STDERR_FILENO) {
+    faults->calls.push_back("write");
+    if (faults->writeGives == 0) return 0;
+  }
+  return quorvane::systems<ssize_t(int, const void*, size_t)>("write")(file, bytes, size);
+}
+
+int fsync(int file) {
+  if (faults && quorvane::fails(quorvane::isFolder(file) ? "fsync folder" : "fsync file", faults->fsyncFails))
+    return -1;
+  return quorvane::systems<int(int)>("fsync")(file);
+}
+
+int stat(const char* path, struct stat* status) noexcept {
+  if (faults && faults->statFails != 0) {
+    errno = faults->statFails;
+    return -1;
+  }
+  return quorvane::systems<int(const char*, struct stat*)>("stat")(path, status);
+}
+
+int fchmod(int file, mode_t mode) noexcept {
+  if (faults && quorvane::fails("fchmod", faults->fchmodFails)) return -1;
+  return quorvane::systems<int(int, mode_t)>("fchmod")(file, mode);
+}
+
+int fchown(int file, uid_t owner, gid_t group) noexcept {
+  if (faults && quorvane::fails("fchown", faults->fchownFails)) return -1;
+  return quorvane::systems<int(int, uid_t, gid_t)>("fchown")(file, owner, group);
+}
+
+int rename(const char* from, const char* to) noexcept {
+  if (faults && quorvane::fails("rename", faults->renameFails)) return -1;
+  return quorvane::systems<int(const char*, const char*)>("rename")(from, to);
+}
+}

@@ -1,0 +1,72 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <fstream>
+
+#include "DocumentSupport.h"
+#include "document/GrowingFile.h"
+#include "document/PartialFiles.h"
+
+namespace quorvane {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::UnorderedElementsAre;
+
+void put(const fs::path& file, const std::string& content) { std::ofstream(file) << content; }
+
+/// The number of a process that has been.
+pid_t goneProcess() {
+  const pid_t child = ::fork();
+  if (child == 0) ::_exit(0);
+  ::waitpid(child, nullptr, 0);
+  return child;
+}
+
+std::string partialOf(const std::string& name, pid_t process, const std::string& more = "") {
+  return "." + name + ".quorvane-" + std::to_string(process) + more + ".partial";
+}
+
+TEST(PartialFiles, OfProcessesThatAreGoneAreSweptForTheirTargetOnly) {
+  const TemporaryFolder folder;
+  const pid_t gone = goneProcess();
+  const std::vector<std::string> others = {partialOf("other", gone), partialOf("file", ::getppid()),
+                                           ".file.quorvane-x.partial", ".file.quorvane-.partial", "file"};
+  for (const std::string& name : others) put(folder / name, "kept");
+  for (const char* more : {"", "-1", "-12"}) put(folder / partialOf("file", gone, more), "left");
+  sweepPartialFiles(folder / "file");
+  EXPECT_THAT(namesIn(folder.path()), testing::UnorderedElementsAreArray(others));
+}
+
+TEST(PartialFiles, OfThisProcessAreSweptUnlessTheyAreBeingWritten) {
+  const TemporaryFolder folder;
+  put(folder / partialOf("file", ::getpid()), "of another container");
+  GrowingFile file;
+  ASSERT_FALSE(file.open(folder / "file"));
+  sweepPartialFiles(folder / "file");
+  EXPECT_THAT(namesIn(folder.path()), ElementsAre(partialOf("file", ::getpid(), "-1")));
+}
+
+TEST(PartialFiles, AreSweptByTheNextSaveOfTheDocument) {
+  const TemporaryFolder folder;
+  put(folder / partialOf("system.quorvane", goneProcess()), "half");
+  EXPECT_FALSE(saveDocument(*freshModel(), folder / "missing/system.quorvane").saved);
+  EXPECT_EQ(namesIn(folder.path()).size(), 1u);
+  EXPECT_TRUE(saveDocument(*freshModel(), folder / "system.quorvane").saved);
+  EXPECT_THAT(namesIn(folder.path()), ElementsAre("system.quorvane"));
+}
+
+TEST(PartialFiles, OfATargetWithACutNameStay) {
+  const TemporaryFolder folder;
+  const std::string longName(250, 'n');
+  const std::string partial = partialOf(longName.substr(0, 220), goneProcess());
+  put(folder / partial, "of this target, or of another one");
+  sweepPartialFiles(folder / longName);
+  EXPECT_THAT(namesIn(folder.path()), UnorderedElementsAre(partial));
+}
+
+}  // namespace
+}  // namespace quorvane
