@@ -229,7 +229,7 @@ TEST_F(DocumentDialogs, AFileThatIsNotAsciiHasNoLines) {
   choosePath("buttonOpenSystem", path("odd.quorvane"));
   EXPECT_EQ(log.lines(), QStringList({"zAryOfLines count = 0"}));
   EXPECT_EQ(model().varMyState, kNotInitialised);
-  EXPECT_TRUE(text("statusLine").contains("odd.quorvane: cannot be read"));
+  EXPECT_TRUE(text("statusLine").contains("odd.quorvane: cannot be read as a document: line 4, column 1"));
 }
 
 TEST_F(DocumentDialogs, ASaveThatFailsLogsItsLineAndKeepsTheFormerTitle) {
