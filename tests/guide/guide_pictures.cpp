@@ -58,6 +58,19 @@ void showWindowAndPanels(const Album& album) {
   album.add("plot", camera.partOfWindow("groupPlot"));
 }
 
+/// For the first page.
+void showTwoRuns(const Album& album) {
+  const auto show = [&album](const char* document, const char* type, int sweeps) {
+    GuideCamera camera;
+    camera.open(album.example(document));
+    camera.choose("listSelectPixelType", type);
+    camera.runTo(sweeps);
+    album.add(document, camera.wholeWindow());
+  };
+  show("phase-separation", "1 - Oil", 200);
+  show("facilitated-flips", "1 - Mobile", 180);
+}
+
 void showNewRule(const Album& album) {
   GuideCamera camera;
   camera.press("stepperNumPixelTypes", Qt::Key_Up);
@@ -117,8 +130,8 @@ void showRefusal(const Album& album) {
 
 int makeAll(const Album& album) {
   try {
-    for (const auto show :
-         {showStart, showWindowAndPanels, showNewRule, showPairEnergy, showPainting, showTrace, showRefusal})
+    for (const auto show : {showStart, showWindowAndPanels, showTwoRuns, showNewRule, showPairEnergy,
+                            showPainting, showTrace, showRefusal})
       show(album);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "guide_pictures: %s failed\n", error.what());
