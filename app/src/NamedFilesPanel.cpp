@@ -47,7 +47,7 @@ QString NamedFilesPanel::pathMeant() const {
 
 void NamedFilesPanel::acceptPath(const QString& path) {
   chosen_ = path;
-  QDialog::accept();
+  done(Accepted);
 }
 
 void NamedFilesPanel::addPlaces() {

@@ -56,7 +56,7 @@ bool PanelArea::eventFilter(QObject* watched, QEvent* event) {
 
 bool PanelArea::focusNextPrevChild(bool next) {
   // The base class would reveal the control once more, without its group.
-  return QWidget::focusNextPrevChild(next);
+  return QWidget::focusNextPrevChild(next);  // NOLINT(bugprone-parent-virtual-call)
 }
 
 void PanelArea::reveal(const QWidget& control) {

@@ -30,7 +30,7 @@ void setSites(LatticeModel& model, const DocumentHeader& header, const std::vect
 
 void applyLattice(LatticeModel& model, const DocumentHeader& header, const std::vector<int>& sites) {
   setSites(model, header, sites);
-  if (std::ssize(sites) < header.imax * header.jmax) return;
+  if (std::ssize(sites) < std::ptrdiff_t{header.imax} * header.jmax) return;
   for (int t = 0; t < header.numTypes; ++t) model.reinitHistory(t);
 }
 

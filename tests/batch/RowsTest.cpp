@@ -95,6 +95,9 @@ TEST_F(Rows, TakeNoMoreMemoryInALongRunThanInAShortOne) {
 #ifdef __SANITIZE_ADDRESS__
   GTEST_SKIP() << "the address sanitizer keeps what was freed";
 #endif
+#ifdef __SANITIZE_THREAD__
+  GTEST_SKIP() << "the thread sanitizer has memory of its own, and takes minutes for so many rows";
+#endif
   BatchProcess process({document_, "--sweeps", kForever, "--populations", populations_});
   const fs::path partial = partialOf(process);
   constexpr std::uintmax_t megabyte = 1 << 20;
