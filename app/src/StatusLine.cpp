@@ -43,6 +43,7 @@ StatusLine::StatusLine(QWidget* parent) : ElidedLabel(parent) {
     refresh();
   });
   messageTimer_.setSingleShot(true);
+  messageTimer_.setTimerType(Qt::PreciseTimer);
   messageTimer_.setInterval(kMillisecondsOfAMessage);
   connect(&messageTimer_, &QTimer::timeout, this, &StatusLine::clearMessage);
 }
