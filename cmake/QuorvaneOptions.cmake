@@ -6,10 +6,13 @@ endif()
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+  # Else it would pass by every file that uses a precompiled header.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+    "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros "${CCACHE_PROGRAM}")
 endif()
 
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+include(QuorvanePrecompiled)
 find_package(Threads REQUIRED)
 
 add_library(quorvane_options INTERFACE)
@@ -21,9 +24,11 @@ target_compile_options(quorvane_options INTERFACE
   $<$<BOOL:${QUORVANE_WERROR}>:-Werror>)
 if(QUORVANE_SANITIZE)
   target_compile_options(quorvane_options INTERFACE
-    -fsanitize=${QUORVANE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -g)
+    -fsanitize=${QUORVANE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(quorvane_options INTERFACE -fsanitize=${QUORVANE_SANITIZE})
 endif()
+
+include(QuorvaneHardening)
 
 # quorvane_library(NAME SOURCES... [LINK libraries...])
 # A static library of one folder. Its headers stand in NAME/include, which only those who link it can see.
@@ -31,5 +36,10 @@ function(quorvane_library name)
   cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
   add_library(${name} STATIC ${arg_SOURCES})
   target_include_directories(${name} PUBLIC include PRIVATE src)
-  target_link_libraries(${name} PUBLIC ${arg_LINK} PRIVATE quorvane_options)
+  target_link_libraries(${name} PUBLIC ${arg_LINK} PRIVATE quorvane_options quorvane_hardening)
+  if(QUORVANE_SANITIZE AND arg_LINK MATCHES "Qt6::Widgets|view")
+    quorvane_precompile(${name} <QtWidgets/QtWidgets>)
+  elseif(QUORVANE_SANITIZE)
+    quorvane_precompile(${name})
+  endif()
 endfunction()

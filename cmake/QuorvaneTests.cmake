@@ -1,3 +1,7 @@
+# What tests that open a window have in their environment.
+# Graphics drivers keep memory until the end and are unloaded by then, so their leaks have no name to go by.
+set(QUORVANE_GUI_ENVIRONMENT "ASAN_OPTIONS=detect_leaks=0")
+
 # quorvane_tests(NAME LABEL SOURCES... LINK libraries...)
 # A GoogleTest program of one folder, and a test of ctest for each of its cases.
 # LABEL: unit, reference, validation, speed or gui. Cases of a gui program need a display, those of a speed
@@ -9,6 +13,11 @@ function(quorvane_tests name label)
   if(NOT label STREQUAL "gui")
     target_link_libraries(${name} PRIVATE GTest::gtest_main)
   endif()
+  if(label STREQUAL "gui")
+    quorvane_precompile(${name} <gmock/gmock.h> <gtest/gtest.h> <QtWidgets/QtWidgets> <QtTest/QtTest>)
+  else()
+    quorvane_precompile(${name} <gmock/gmock.h> <gtest/gtest.h>)
+  endif()
   # What takes time here is compiling; what takes time in these tests is in the libraries.
   if(label MATCHES "^(unit|gui)$")
     target_compile_options(${name} PRIVATE -O0)
@@ -16,7 +25,7 @@ function(quorvane_tests name label)
   # Windows on one screen take each other's focus, so only one program has it at a time.
   set(properties LABELS "${label}" TIMEOUT 300)
   if(label STREQUAL "gui")
-    list(APPEND properties RESOURCE_LOCK display)
+    list(APPEND properties RESOURCE_LOCK display ENVIRONMENT "${QUORVANE_GUI_ENVIRONMENT}")
   elseif(label STREQUAL "speed")
     list(APPEND properties RUN_SERIAL TRUE)
   elseif(label STREQUAL "validation")

@@ -77,7 +77,7 @@ void Recorder::keepUp() {
 void Recorder::writeRows() {
   rows_->write(table_.csv());
   table_.clear();
-  // The start alone is soon made again.
+  // A file that holds only the row of sweep 0 is worth nothing to anybody.
   if (lastSweep_ > 0) rows_->keep();
 }
 

@@ -58,11 +58,6 @@ std::int64_t sweepsAtOnce(const BatchOptions& options, std::int64_t done) {
   return std::min({most, untilRecord, options.sweeps - done});
 }
 
-/// Only pictures show the traces.
-Traces tracesFor(const BatchOptions& options) {
-  return options.picture || options.frames ? Traces::kUpdated : Traces::kLeftAlone;
-}
-
 /// False where everything that was asked for has failed already.
 bool canGiveAnything(const BatchOptions& options, const Recorder& recorder) {
   return options.output || options.picture || recorder.isRecording();
@@ -140,6 +135,10 @@ ExitStatus openAndRun(const BatchOptions& options, Messages& messages) {
 }
 
 }  // namespace
+
+Traces tracesFor(const BatchOptions& options) {
+  return options.picture || options.frames ? Traces::kUpdated : Traces::kLeftAlone;
+}
 
 ExitStatus runBatch(const BatchOptions& options, std::ostream& err) {
   Messages messages(err);

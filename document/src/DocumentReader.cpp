@@ -17,7 +17,7 @@ RowLengths rowLengthsOf(const LatticeModel& model) {
   return lengths;
 }
 
-/// Of a site that the text does not reach, where no type is drawn at random for it.
+/// The type of a site behind the end of a text that was cut short, in a layout that draws no random numbers.
 constexpr int kNoType = -1;
 
 void setSites(LatticeModel& model, const DocumentHeader& header, const std::vector<int>& sites) {

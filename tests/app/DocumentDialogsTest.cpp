@@ -3,6 +3,7 @@
 
 #include "FilePanel.h"
 #include "Log.h"
+#include "ProgramRun.h"
 #include "WindowTest.h"
 #include "document/ModelDocument.h"
 
@@ -49,11 +50,6 @@ class DocumentDialogs : public WindowTest {
     other->setRuleParam(1, -1.5);
     EXPECT_TRUE(saveDocument(*other, path("sample.quorvane").toStdString()).saved);
     return path("sample.quorvane");
-  }
-  QByteArray contentOf(const QString& file) const {
-    QFile opened(file);
-    EXPECT_TRUE(opened.open(QIODevice::ReadOnly));
-    return opened.readAll();
   }
   void write(const QString& file, const QByteArray& content) const {
     QFile opened(file);

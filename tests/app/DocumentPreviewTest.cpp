@@ -9,6 +9,7 @@
 
 #include "GuiSupport.h"
 #include "PrintText.h"
+#include "ProgramRun.h"
 #include "app/DocumentPreview.h"
 #include "document/ModelDocument.h"
 #include "output/LatticePicture.h"
@@ -17,12 +18,6 @@ namespace quorvane {
 namespace {
 
 QString example(const QString& name) { return QString(EXAMPLES) + "/" + name + ".quorvane"; }
-
-QByteArray contentOf(const QString& path) {
-  QFile file(path);
-  EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-  return file.readAll();
-}
 
 class Preview : public ::testing::Test {
  protected:

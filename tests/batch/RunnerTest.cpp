@@ -2,6 +2,8 @@
 
 #include <numeric>
 
+#include "batch/RunBatch.h"
+
 namespace quorvane {
 namespace {
 
@@ -18,6 +20,19 @@ TEST_F(Runner, DoesNotRunWhereNoResultIsAskedFor) {
   EXPECT_THAT(finished.out, IsEmpty());
   EXPECT_THAT(finished.err, HasSubstr("quorvane-batch: no result is asked for: "));
   EXPECT_THAT(namesIn(folder_.path()), ElementsAre("in.quorvane"));
+}
+
+TEST(RunBatch, KeepsTracesOnlyForPictures) {
+  BatchOptions options;
+  options.output = "out.quorvane";
+  options.populations = "out.csv";
+  EXPECT_EQ(tracesFor(options), Traces::kLeftAlone);
+  options.picture = "out.png";
+  EXPECT_EQ(tracesFor(options), Traces::kUpdated);
+  options.frames = "frames";
+  EXPECT_EQ(tracesFor(options), Traces::kUpdated);
+  options.picture.reset();
+  EXPECT_EQ(tracesFor(options), Traces::kUpdated);
 }
 
 TEST_F(Runner, WritesTheSameDocumentAfterNoSweeps) {

@@ -26,9 +26,6 @@ class Runner : public testing::Test {
  protected:
   Runner() { put(document_, joined(sampleLines())); }
 
-  static void put(const std::filesystem::path& file, const std::string& content) {
-    std::ofstream(file, std::ios::binary) << content;
-  }
   /// A file as messages name it.
   static std::string named(const std::filesystem::path& file) { return '"' + file.string() + '"'; }
   void expectFailure(const std::vector<std::string>& arguments, const std::string& line) const {

@@ -16,14 +16,6 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-void put(const fs::path& file, const std::string& content) { std::ofstream(file) << content; }
-
-mode_t permissionsOf(const fs::path& file) {
-  struct stat status;
-  EXPECT_EQ(::stat(file.c_str(), &status), 0);
-  return status.st_mode & 07777;
-}
-
 std::error_code writeTo(const fs::path& target, const std::string& content) {
   return writeFileAtomically(target, content).error;
 }

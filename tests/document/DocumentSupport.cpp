@@ -134,6 +134,12 @@ std::string stateOf(const LatticeModel& model) {
   return out.str();
 }
 
+void put(const fs::path& file, const std::string& content) {
+  std::ofstream(file, std::ios::binary) << content;
+}
+
+mode_t permissionsOf(const fs::path& file) { return static_cast<mode_t>(fs::status(file).permissions()); }
+
 std::string contentOf(const fs::path& file) {
   std::ifstream in(file, std::ios::binary);
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include <clocale>
 #include <filesystem>
 #include <locale>
@@ -35,6 +37,9 @@ Lines sampleWith(std::size_t line, const std::string& text);
 std::string stateOf(const LatticeModel& model);
 
 std::string contentOf(const std::filesystem::path& file);
+void put(const std::filesystem::path& file, const std::string& content);
+/// With the set-id and sticky bits.
+mode_t permissionsOf(const std::filesystem::path& file);
 std::vector<std::string> namesIn(const std::filesystem::path& folder);
 
 /// An empty folder that goes with its contents.

@@ -16,8 +16,6 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::UnorderedElementsAre;
 
-void put(const fs::path& file, const std::string& content) { std::ofstream(file) << content; }
-
 /// The number of a process that has been.
 pid_t goneProcess() {
   const pid_t child = ::fork();

@@ -17,7 +17,7 @@ void editAtRandom(LatticeModel& model, std::mt19937& random) {
   const int numTypes = model.getNumPixelTypes();
   const int numRules = model.getNumRules();
   const auto end = [&] { return below(numTypes + 1) - 1; };
-  switch (below(13)) {
+  switch (below(18)) {
     case 0:
       model.makeNewRule("rule", below(4), end(), end());
       break;
@@ -56,6 +56,22 @@ void editAtRandom(LatticeModel& model, std::mt19937& random) {
         model.setRuleFacNum(below(numRules), below(9));
         model.setRuleFacPixel(below(numRules), end());
       }
+      break;
+    case 12:
+      model.setPixelName(below(numTypes), std::string(static_cast<std::size_t>(below(40)), 'n'));
+      break;
+    case 13:
+      if (numRules > 0)
+        model.setRuleName(below(numRules), std::string(static_cast<std::size_t>(below(40)), 'r'));
+      break;
+    case 14:
+      model.setPixelAlpha(below(numTypes), below(5) / 4.0);
+      break;
+    case 15:
+      if (numRules > 0) model.setRuleIgnoreEnergy(below(numRules), below(2));
+      break;
+    case 16:
+      model.setSimulationSpeed(kFastest - below(1000));
       break;
     default:
       if (numRules > 0) {
@@ -134,6 +150,22 @@ TEST(SharedUse, RemakingAtOtherSizesWhileARunGoesOnKeepsTheModelWhole) {
   }
   model->endRunLoops();
   expectTypesBelow(3, *model);
+}
+
+TEST(SharedUse, RemakingWithOtherTypesWhileARunGoesOnKeepsTheModelWhole) {
+  auto model = makeModel(3, 16, 16);
+  model->setSimulationSpeed(kFastest);
+  model->makeNewRule("flip", kReversibleFlip, kAny, kAny);
+  model->setRuleParam(0, 1.0);
+  std::mt19937 random(3);
+  for (int round = 0; round < 200; ++round) {
+    model->runLatticeModelInBackground();
+    const int numTypes = 1 + static_cast<int>(random() % kMaxPixelTypes);
+    model->initializeLatticeModel(numTypes, 16, 16);
+    EXPECT_EQ(model->varMyState, kStopped);
+    EXPECT_EQ(model->getNumPixelTypes(), numTypes);
+    expectTypesBelow(numTypes, *model);
+  }
 }
 
 }  // namespace

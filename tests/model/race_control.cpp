@@ -1,5 +1,4 @@
-// A plain field that two threads share, which a race detector must report: shows that the silence of the
-// other tests under the thread sanitizer means something.
+// A plain field that two threads share, which the thread sanitizer must report.
 #include <thread>
 
 int main() {

@@ -3,8 +3,13 @@
 #include <iosfwd>
 
 #include "batch/CommandLine.h"
+#include "model/LatticeModel.h"
 
 namespace quorvane {
+
+/// Only pictures show the traces, so a run without any leaves them alone: they take up to a third of its
+/// time.
+Traces tracesFor(const BatchOptions& options);
 
 /// Opens the document, makes the sweeps and writes what was asked for. Draws are those of a fresh start of
 /// the process only if nothing has drawn before.

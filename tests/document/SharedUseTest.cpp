@@ -1,0 +1,46 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "DocumentSupport.h"
+
+// These are run under the thread sanitizer as well, which must report nothing.
+namespace quorvane {
+namespace {
+
+class SharedUseOfDocuments : public testing::Test {
+ protected:
+  SharedUseOfDocuments() { model_->setSimulationSpeed(1'000'000'000); }
+  ~SharedUseOfDocuments() override { model_->endRunLoops(); }
+
+  static std::string example(const std::string& name) {
+    return contentOf(std::filesystem::path(QUORVANE_EXAMPLES) / (name + ".quorvane"));
+  }
+
+  const std::unique_ptr<LatticeModel> model_ = freshModel();
+};
+
+TEST_F(SharedUseOfDocuments, ASaveDuringARunIsADocument) {
+  ASSERT_EQ(readDocument(*model_, example("phase-separation")).status, OpenStatus::kOpened);
+  model_->runLatticeModelInBackground();
+  const auto other = freshModel();
+  const TemporaryFolder folder;
+  for (int round = 0; round < 20; ++round) {
+    ASSERT_TRUE(saveDocument(*model_, folder / "run.quorvane").saved);
+    ASSERT_EQ(openDocument(*other, folder / "run.quorvane").status, OpenStatus::kOpened);
+  }
+}
+
+TEST_F(SharedUseOfDocuments, OpeningDuringARunStopsItAndGivesWhatTheDocumentSays) {
+  for (int round = 0; round < 20; ++round)
+    for (const char* name : {"phase-separation", "growth-from-a-seed"}) {
+      model_->runLatticeModelInBackground();
+      const std::string text = example(name);
+      ASSERT_EQ(readDocument(*model_, text).status, OpenStatus::kOpened);
+      EXPECT_EQ(model_->varMyState, kStopped);
+      EXPECT_EQ(writeDocument(*model_), text);
+    }
+}
+
+}  // namespace
+}  // namespace quorvane

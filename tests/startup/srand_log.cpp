@@ -1,0 +1,14 @@
+// Preloaded into a program, writes each seed that the program gives to srand into the file that SRAND_LOG
+// names.
+
+#include <cstdio>
+#include <cstdlib>
+
+extern "C" void srand(unsigned seed) {
+  if (const char* path = std::getenv("SRAND_LOG"))
+    if (std::FILE* log = std::fopen(path, "a")) {
+      std::fprintf(log, "%u\n", seed);
+      std::fclose(log);
+    }
+  srandom(seed);
+}
