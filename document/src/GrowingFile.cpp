@@ -12,6 +12,7 @@
 #include "SystemCalls.h"
 #include "Target.h"
 #include "document/FileError.h"
+#include "document/Folder.h"
 #include "document/PartialFiles.h"
 
 namespace quorvane {
@@ -101,7 +102,8 @@ std::error_code GrowingFile::copyIntoTarget() {
   if (const auto error = syncFile(file_)) return error;
   const int target = openFile(target_.c_str(), O_WRONLY | O_NOFOLLOW | O_CLOEXEC);
   if (target < 0) return lastError();
-  // From here on the target may be half written, and this file is the only whole one.
+  // From here on the target may be half written, and this file is the only whole one: it needs its name, too.
+  syncFolder(partial_.parent_path());
   keep();
   std::error_code error = copyContent(file_, target, size_);
   if (!error) error = syncFile(target);

@@ -15,7 +15,7 @@
 
 #include "SystemCalls.h"
 #include "Target.h"
-#include "document/FolderNames.h"
+#include "document/Folder.h"
 
 namespace quorvane {
 namespace {

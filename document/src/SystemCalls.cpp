@@ -36,11 +36,4 @@ std::error_code syncFile(int file) {
   return {};
 }
 
-void syncFolder(const std::filesystem::path& folder) {
-  const int file = openFile(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (file < 0) return;
-  while (::fsync(file) != 0 && errno == EINTR) continue;
-  ::close(file);
-}
-
 }  // namespace quorvane

@@ -29,8 +29,4 @@ std::error_code writeAll(int file, std::string_view content);
 /// Waits until the content is on the disk, where the file system offers that.
 std::error_code syncFile(int file);
 
-/// Waits until the names in a folder are on the disk. One that cannot be synchronised is no failure: what
-/// stands in it is whole in any case.
-void syncFolder(const std::filesystem::path& folder);
-
 }  // namespace quorvane

@@ -72,9 +72,9 @@ void set(FaultPlan& plan, const fs::path& folder, const Fault& fault, int number
 }
 
 int forEveryCall(FaultPlan& plan, const fs::path& folder, const Fault& fault,
-                 const std::function<void(int number)>& work) {
+                 const std::function<void(int number)>& work, int step) {
   int numFailed = 0;
-  for (int number = 1;; ++number) {
+  for (int number = 1;; number += step) {
     set(plan, folder, fault, number);
     work(number);
     if (plan.failed == 0) return numFailed;

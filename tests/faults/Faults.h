@@ -29,10 +29,11 @@ std::vector<Fault> harmlessFaults();
 /// Sets a plan for the number-th call of a fault's kind on files of a folder.
 void set(FaultPlan& plan, const std::filesystem::path& folder, const Fault& fault, int number);
 
-/// Calls work with the first, second, third call failing and so on, until none is left to fail. work: makes
-/// the calls with the plan as it is given. The number of calls that failed.
+/// Calls work with the first, second, third call failing and so on, until none is left to fail; with a step,
+/// only with every such one. work: makes the calls with the plan as it is given. The number of calls that
+/// failed.
 int forEveryCall(FaultPlan& plan, const std::filesystem::path& folder, const Fault& fault,
-                 const std::function<void(int number)>& work);
+                 const std::function<void(int number)>& work, int step = 1);
 
 /// The names of the files in a folder and in those below it, with their content; "link" and where it leads
 /// for a symbolic link. Without the files that gather beside a target.

@@ -34,7 +34,7 @@ int openAt(int folder, const char* path, int flags, mode_t mode) {
   // The C library closes folders without this library's notice, so a number may stand for another file now.
   note(file, isWatched(path));
   if (!isWatched(path)) return file;
-  record({}, "open %d %d %s\n", file, flags & O_TRUNC ? 1 : 0, path);
+  record({}, "open %d %d %d %s\n", file, flags & O_DIRECTORY ? 1 : 0, flags & O_TRUNC ? 1 : 0, path);
   return file;
 }
 
@@ -197,7 +197,9 @@ int flock(int file, int operation) noexcept {
   return quorvane::unlessItFails<int>(Call::kLock, file, SYS_flock, file, operation);
 }
 int mkdir(const char* path, mode_t mode) noexcept {
-  return quorvane::unlessItFails<int>(Call::kMakeFolder, path, SYS_mkdirat, AT_FDCWD, path, mode);
+  const int result = quorvane::unlessItFails<int>(Call::kMakeFolder, path, SYS_mkdirat, AT_FDCWD, path, mode);
+  if (result == 0 && quorvane::isWatched(path)) quorvane::record({}, "mkdir %s\n", path);
+  return result;
 }
 int faccessat(int folder, const char* path, int mode, int flags) noexcept {
   return quorvane::unlessItFails<int>(Call::kAccess, path, SYS_faccessat2, folder, path, mode, flags);

@@ -11,4 +11,8 @@ namespace quorvane {
 /// no memory left.
 std::error_code readFolder(const std::filesystem::path& folder, std::vector<std::string>& names);
 
+/// Waits until the names in a folder are on the disk. One that cannot be synchronised is no failure: what
+/// stands in it is whole in any case.
+void syncFolder(const std::filesystem::path& folder);
+
 }  // namespace quorvane

@@ -1,4 +1,4 @@
-#include "document/FolderNames.h"
+#include "document/Folder.h"
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -16,8 +16,12 @@ struct CloseFolder {
   void operator()(DIR* folder) const { ::closedir(folder); }
 };
 
+int openFolder(const std::filesystem::path& path) {
+  return openFile(path.empty() ? "." : path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+}
+
 std::unique_ptr<DIR, CloseFolder> open(const std::filesystem::path& path) {
-  const int file = openFile(path.empty() ? "." : path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  const int file = openFolder(path);
   DIR* folder = file < 0 ? nullptr : ::fdopendir(file);
   if (folder || file < 0) return std::unique_ptr<DIR, CloseFolder>(folder);
   const int error = errno;
@@ -39,6 +43,13 @@ std::error_code readFolder(const std::filesystem::path& path, std::vector<std::s
     const std::string_view name = entry->d_name;
     if (name != "." && name != "..") names.emplace_back(name);
   }
+}
+
+void syncFolder(const std::filesystem::path& folder) {
+  const int file = openFolder(folder);
+  if (file < 0) return;
+  while (::fsync(file) != 0 && errno == EINTR) continue;
+  ::close(file);
 }
 
 }  // namespace quorvane
