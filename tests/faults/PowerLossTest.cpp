@@ -20,6 +20,8 @@ namespace {
 namespace fs = std::filesystem;
 using Calls = std::vector<RecordedCall>;
 
+constexpr const char* kExample = QUORVANE_EXAMPLES "/growth-from-a-seed.quorvane";
+
 /// A file that is written: what it held before, if it was there, and what it is to hold.
 struct Target {
   std::string path;
@@ -75,7 +77,7 @@ class PowerLoss : public testing::Test {
   /// Saves as the window does, over an older file. Fails where the fault says so.
   Calls save(const Fault& fault = {Call::kAny, 0}, int number = 0) {
     const auto model = freshModel();
-    readDocument(*model, contentOf(QUORVANE_EXAMPLE));
+    readDocument(*model, contentOf(kExample));
     set(*plan_, folder_, fault, number);
     setFaultPlan(&*plan_);
     const bool saved = saveDocument(*model, saved_).saved;
@@ -86,7 +88,7 @@ class PowerLoss : public testing::Test {
   }
 
   void runAndLoseThePower(const std::vector<std::string>& options, const std::vector<std::string>& names) {
-    std::ofstream(folder_ / "in.quorvane") << contentOf(QUORVANE_EXAMPLE);
+    std::ofstream(folder_ / "in.quorvane") << contentOf(kExample);
     const Disk before = disk();
     set(*plan_, folder_, {Call::kAny, 0}, 0);
     std::vector<std::string> arguments = {folder_ / "in.quorvane", "--sweeps", "1"};
