@@ -27,19 +27,22 @@ std::string describe(const fs::path& path) {
 
 std::ostream& operator<<(std::ostream& out, const Fault& fault) {
   out << kNames[static_cast<int>(fault.call)] << ": ";
-  out << (fault.error == kShort ? "half" : fault.error == kKill ? "kill" : std::strerror(fault.error));
+  out << (fault.error == kShort     ? "half"
+          : fault.error == kNothing ? "nothing"
+          : fault.error == kKill    ? "kill"
+                                    : std::strerror(fault.error));
   return out << (fault.forEver ? ", from then on" : "");
 }
 
 std::vector<Fault> harmfulFaults() {
   std::vector<Fault> faults = {
-      {Call::kOpen, EIO},      {Call::kOpen, ENOSPC},       {Call::kOpen, EMFILE},   {Call::kOpen, EACCES},
-      {Call::kRead, EIO},      {Call::kWrite, ENOSPC},      {Call::kWrite, EIO},     {Call::kSync, EIO},
-      {Call::kSync, ENOSPC},   {Call::kClose, EIO},         {Call::kClose, ENOSPC},  {Call::kRename, EIO},
-      {Call::kRename, ENOSPC}, {Call::kRename, EACCES},     {Call::kMode, EIO},      {Call::kOwner, EIO},
-      {Call::kTruncate, EIO},  {Call::kStatus, EIO},        {Call::kStatus, EACCES}, {Call::kStatus, ENOMEM},
-      {Call::kAccess, EIO},    {Call::kMakeFolder, ENOSPC}, {Call::kList, EIO},      {Call::kReadLink, EIO},
-      {Call::kUnlink, EIO},    {Call::kAllocate, ENOMEM}};
+      {Call::kOpen, EIO},      {Call::kOpen, ENOSPC},   {Call::kOpen, EMFILE},       {Call::kOpen, EACCES},
+      {Call::kRead, EIO},      {Call::kWrite, ENOSPC},  {Call::kWrite, EIO},         {Call::kWrite, kNothing},
+      {Call::kSync, EIO},      {Call::kSync, ENOSPC},   {Call::kClose, EIO},         {Call::kClose, ENOSPC},
+      {Call::kRename, EIO},    {Call::kRename, ENOSPC}, {Call::kRename, EACCES},     {Call::kMode, EIO},
+      {Call::kOwner, EIO},     {Call::kTruncate, EIO},  {Call::kStatus, EIO},        {Call::kStatus, EACCES},
+      {Call::kStatus, ENOMEM}, {Call::kAccess, EIO},    {Call::kMakeFolder, ENOSPC}, {Call::kList, EIO},
+      {Call::kReadLink, EIO},  {Call::kUnlink, EIO},    {Call::kAllocate, ENOMEM}};
   const auto numOnce = faults.size();
   for (std::size_t k = 0; k < numOnce; ++k) faults.push_back({faults[k].call, faults[k].error, true});
   faults.push_back({Call::kAny, EIO, true});

@@ -20,6 +20,7 @@ using testing::IsEmpty;
 using testing::Not;
 
 constexpr const char* kTarget = "system.quorvane";
+constexpr fs::perms kPermissions = fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read;
 
 /// What the folder holds before a save.
 struct Before {
@@ -49,6 +50,9 @@ class SaveUnderFaults : public testing::TestWithParam<Before> {
     const fs::path folder = fs::canonical(temporary.path());
     const Files before = GetParam().files;
     put(folder, before);
+    const fs::path written = folder / GetParam().written;
+    if (fs::exists(written)) fs::permissions(written, kPermissions);
+    const bool hasPermissions = fs::exists(written) && fault.call != Call::kMode;
     set(plan_, folder, fault, number);
     SaveResult result;
     const fs::path target = folder / kTarget;
@@ -61,10 +65,12 @@ class SaveUnderFaults : public testing::TestWithParam<Before> {
     }
     setFaultPlan(nullptr);
 
+    const auto permissionsAfter = fs::status(written).permissions();
     const Files after = filesIn(folder);
     Files expected = before;
     if (result.saved) expected[GetParam().written] = document_;
     EXPECT_EQ(after, expected);
+    EXPECT_TRUE(!hasPermissions || permissionsAfter == kPermissions);
     EXPECT_EQ(result.saved, result.reason.empty());
     EXPECT_THAT(result.reason, Not(HasSubstr("std::")));
     EXPECT_THAT(result.reason, Not(HasSubstr("\n")));

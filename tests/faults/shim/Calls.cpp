@@ -39,6 +39,7 @@ int openAt(int folder, const char* path, int flags, mode_t mode) {
 }
 
 std::size_t sizeFor(Verdict verdict, std::size_t size) {
+  if (verdict == Verdict::kDoNothing) return 0;
   return verdict == Verdict::kDoHalf ? std::max<std::size_t>(size / 2, 1) : size;
 }
 

@@ -63,6 +63,7 @@ Verdict judge(Call call) {
   ++plan->failed;
   if (plan->error == kKill) ::syscall(SYS_kill, ::getpid(), SIGKILL);
   if (plan->error == kShort) return Verdict::kDoHalf;
+  if (plan->error == kNothing) return Verdict::kDoNothing;
   errno = plan->error;
   return Verdict::kFail;
 }

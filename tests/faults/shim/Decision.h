@@ -8,7 +8,7 @@
 namespace quorvane {
 
 /// What a call has to do.
-enum class Verdict { kGoOn, kFail, kDoHalf };
+enum class Verdict { kGoOn, kFail, kDoHalf, kDoNothing };
 
 bool isWatched(const char* path);
 bool isWatched(int file);

@@ -32,8 +32,9 @@ enum class Call : int {
 inline constexpr auto kNumCalls = static_cast<std::size_t>(Call::kNumCalls);
 
 /// Values of FaultPlan::error that are no errno.
-inline constexpr int kShort = -1;  ///< reads and writes do a half of what is asked
-inline constexpr int kKill = -2;   ///< the process is killed instead of the call
+inline constexpr int kShort = -1;    ///< reads and writes do a half of what is asked
+inline constexpr int kNothing = -3;  ///< writes take nothing, and reads find the end
+inline constexpr int kKill = -2;     ///< the process is killed instead of the call
 
 /// Which calls fail, and what was seen. Lies in memory that a test shares with the program.
 ///
