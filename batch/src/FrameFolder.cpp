@@ -9,8 +9,10 @@
 #include <string>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "batch/Streams.h"
+#include "document/Folder.h"
 
 namespace quorvane {
 namespace {
@@ -22,29 +24,32 @@ constexpr std::string_view kSuffix = ".png";
 constexpr std::size_t kFewestDigits = 6;
 
 void requireNoFrames(const fs::path& folder) {
-  for (const auto& entry : fs::directory_iterator(folder))
-    if (const std::string name = entry.path().filename(); FrameFolder::isFrame(name))
+  std::vector<std::string> names;
+  if (const auto error = readFolder(folder, names)) throw BatchFailure(nameOf(folder), error.message());
+  for (const std::string& name : names)
+    if (FrameFolder::isFrame(name))
       throw BatchFailure(nameOf(folder), "holds frames of another run (" + name + ")");
 }
 
-/// Throws fs::filesystem_error as BatchFailure.
-template <typename Work>
-void inFolder(const fs::path& folder, const Work& work) {
-  try {
-    work();
-  } catch (const fs::filesystem_error& error) {
-    throw BatchFailure(nameOf(folder), error.code().message());
-  }
+void makeFolder(const fs::path& folder) {
+  std::error_code error;
+  std::vector<fs::path> foldersThatChange;
+  for (fs::path path = folder; !path.empty() && !fs::exists(path, error); path = path.parent_path())
+    foldersThatChange.push_back(path.parent_path());
+  fs::create_directories(folder, error);
+  if (error) throw BatchFailure(nameOf(folder), error.message());
+  // Frames are no safer than the name of their folder.
+  for (const fs::path& changed : foldersThatChange) syncFolder(changed);
 }
 
 }  // namespace
 
 FrameFolder::FrameFolder(fs::path folder, std::int64_t lastNumber)
     : folder_(std::move(folder)), digits_(std::max(kFewestDigits, std::to_string(lastNumber).size())) {
-  inFolder(folder_, [&] { fs::create_directories(folder_); });
+  makeFolder(folder_);
   lock();
   try {
-    inFolder(folder_, [&] { requireNoFrames(folder_); });
+    requireNoFrames(folder_);
     checkOutput(pathOf(0));
   } catch (...) {
     ::close(lock_);
@@ -56,7 +61,8 @@ FrameFolder::~FrameFolder() { ::close(lock_); }
 
 /// Held by the system for as long as the process lives, so that nothing is left of it.
 void FrameFolder::lock() {
-  lock_ = ::open(folder_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  do lock_ = ::open(folder_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  while (lock_ < 0 && errno == EINTR);
   if (lock_ < 0) throw BatchFailure(nameOf(folder_), std::generic_category().message(errno));
   // Where there are no locks, runs that come one after another are still told apart.
   if (::flock(lock_, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK) return;

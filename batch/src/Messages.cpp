@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "batch/Streams.h"
+#include "document/ModelDocument.h"
 
 namespace quorvane {
 namespace {
@@ -63,7 +64,7 @@ std::string nameOf(const std::filesystem::path& file) {
 
 std::string lineOf(const std::exception& error, const std::string& what) {
   if (dynamic_cast<const BatchFailure*>(&error)) return error.what();
-  if (dynamic_cast<const std::bad_alloc*>(&error)) return what + ": there is not enough memory";
+  if (dynamic_cast<const std::bad_alloc*>(&error)) return what + ": " + kOutOfMemory;
   if (const auto* system = dynamic_cast<const std::system_error*>(&error))
     return what + ": " + system->code().message();
   return what + ": " + error.what();

@@ -1,13 +1,17 @@
 #include <iostream>
+#include <new>
 #include <variant>
 
 #include "batch/RunBatch.h"
 #include "batch/StopSignals.h"
 #include "batch/Streams.h"
+#include "document/ModelDocument.h"
 #include "engine/f_ran0.h"
 
-int main(int argc, char** argv) {
-  using namespace quorvane;
+namespace quorvane {
+namespace {
+
+int run(int argc, char** argv) {
   fillStandardDescriptors();
   // Before anything else runs: later on other threads may use the C library's generator.
   processRandomSource.lookAtPlatform();
@@ -16,4 +20,17 @@ int main(int argc, char** argv) {
   const ExitStatus status = runBatch(std::get<BatchOptions>(command), std::cerr);
   if (status > kExitUsage) endBySignal(stopSignal());
   return status;
+}
+
+}  // namespace
+}  // namespace quorvane
+
+int main(int argc, char** argv) {
+  try {
+    return quorvane::run(argc, argv);
+  } catch (const std::bad_alloc&) {
+    // There may be none for a longer line either.
+    std::cerr << "quorvane-batch: " << quorvane::kOutOfMemory << std::endl;
+    return quorvane::kExitFailed;
+  }
 }

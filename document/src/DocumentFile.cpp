@@ -49,7 +49,7 @@ std::error_code readDocumentFile(const std::filesystem::path& path, DocumentSour
                                  std::string& text) {
   // Opened to block, a pipe would wait for its writer.
   const int flags = source == DocumentSource::kFile ? O_NONBLOCK : 0;
-  const int file = ::open(path.c_str(), O_RDONLY | O_NOCTTY | O_CLOEXEC | flags);
+  const int file = openFile(path.c_str(), O_RDONLY | O_NOCTTY | O_CLOEXEC | flags);
   if (file < 0) return lastError();
   std::error_code error = checkKind(file, source);
   if (!error) error = readDocumentFrom(file, text);

@@ -1,6 +1,8 @@
+#include <new>
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "Ascii.h"
 #include "DocumentParser.h"
@@ -20,6 +22,14 @@ RowLengths rowLengthsOf(const LatticeModel& model) {
 /// The type of a site behind the end of a text that was cut short, in a layout that draws no random numbers.
 constexpr int kNoType = -1;
 
+/// Strings of a model's own. They are made before the model is touched, which needs no memory from then on.
+template <typename Block>
+std::vector<SharedName> namesOf(const std::vector<Block>& blocks) {
+  std::vector<SharedName> names;
+  for (const Block& block : blocks) names.emplace_back(block.name);
+  return names;
+}
+
 void setSites(LatticeModel& model, const DocumentHeader& header, const std::vector<int>& sites) {
   int k = 0;
   for (const int type : sites) {
@@ -34,9 +44,9 @@ void applyLattice(LatticeModel& model, const DocumentHeader& header, const std::
   for (int t = 0; t < header.numTypes; ++t) model.reinitHistory(t);
 }
 
-void applyPixelType(LatticeModel& model, int t, const PixelTypeBlock& block) {
+void applyPixelType(LatticeModel& model, int t, const PixelTypeBlock& block, const SharedName& name) {
   const int numLines = block.numLines;
-  if (numLines >= 1) model.setPixelName(t, block.name);
+  if (numLines >= 1) model.setPixelName(t, name);
   if (numLines >= 2) model.setPixelImmobile(t, block.immobile);
   if (numLines >= 3) model.setPixelMasqueradeAs(t, block.masquerade);
   if (numLines >= PixelTypeBlock::kLinesToColor) model.setPixelColor(t, block.red, block.green, block.blue);
@@ -45,8 +55,8 @@ void applyPixelType(LatticeModel& model, int t, const PixelTypeBlock& block) {
   if (numLines >= 9) model.setPixelField(t, block.field);
 }
 
-void applyRule(LatticeModel& model, int r, const RuleBlock& rule) {
-  model.makeNewRule(rule.name, rule.type, rule.endA, rule.endB);
+void applyRule(LatticeModel& model, int r, const RuleBlock& rule, const SharedName& name) {
+  model.makeNewRule(name, rule.type, rule.endA, rule.endB);
   // The flag comes first: it decides which table the pair energies go to.
   model.setRuleDisabled(r, rule.disabled);
   model.setRuleIgnoreEnergy(r, rule.ignoreEnergy);
@@ -56,14 +66,16 @@ void applyRule(LatticeModel& model, int r, const RuleBlock& rule) {
   if (rule.type == kPixelPixelInteraction) model.setInteractionParams(r, rule.param);
 }
 
-void apply(LatticeModel& model, const ParsedDocument& document) {
+void apply(LatticeModel& model, const ParsedDocument& document, const HeaderObserver& onHeader) {
+  const std::vector<SharedName> typeNames = namesOf(document.types), ruleNames = namesOf(document.rules);
   const DocumentHeader& header = *document.header;
+  if (onHeader) onHeader(header);
   model.initializeLatticeModel(header.numTypes, header.imax, header.jmax);
   applyLattice(model, header, document.sites);
-  int t = 0;
-  for (const PixelTypeBlock& block : document.types) applyPixelType(model, t++, block);
-  int r = 0;
-  for (const RuleBlock& rule : document.rules) applyRule(model, r++, rule);
+  for (std::size_t t = 0; t < typeNames.size(); ++t)
+    applyPixelType(model, static_cast<int>(t), document.types[t], typeNames[t]);
+  for (std::size_t r = 0; r < ruleNames.size(); ++r)
+    applyRule(model, static_cast<int>(r), document.rules[r], ruleNames[r]);
 }
 
 OpenResult unreadable(const std::string& reason) { return {OpenStatus::kUnreadable, kLogNoLines, reason}; }
@@ -100,24 +112,25 @@ void layOutLattice(LatticeModel& unused, const ParsedDocument& document) {
     unused.reinitHistory(t);
   }
   int t = 0;
-  for (const PixelTypeBlock& block : document.types) applyPixelType(unused, t++, block);
+  for (const PixelTypeBlock& block : document.types) applyPixelType(unused, t++, block, block.name);
 }
 
 OpenResult readDocument(LatticeModel& model, std::string_view text, const HeaderObserver& onHeader) {
-  const Inspection found = inspectDocument(model, text);
-  if (found.document.header) {
-    if (onHeader) onHeader(*found.document.header);
-    apply(model, found.document);
-  }
-  return found.result;
+  Inspection found = inspectDocument(model, text);
+  if (found.document.header) apply(model, found.document, onHeader);
+  return std::move(found.result);
 }
 
 OpenResult openDocument(LatticeModel& model, const std::filesystem::path& path,
                         const HeaderObserver& onHeader) {
-  std::string text;
-  if (const auto error = readDocumentFile(path, DocumentSource::kFile, text))
-    return unreadable(error.message());
-  return readDocument(model, text, onHeader);
+  try {
+    std::string text;
+    if (const auto error = readDocumentFile(path, DocumentSource::kFile, text))
+      return unreadable(error.message());
+    return readDocument(model, text, onHeader);
+  } catch (const std::bad_alloc&) {
+    return {OpenStatus::kUnreadable, kOutOfMemory, kOutOfMemory};
+  }
 }
 
 }  // namespace quorvane

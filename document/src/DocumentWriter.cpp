@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <charconv>
+#include <new>
 
 #include "Ascii.h"
 #include "document/AtomicFile.h"
@@ -92,6 +93,15 @@ std::string whyNotReadable(std::string_view text) {
   return {};
 }
 
+SaveResult save(const LatticeModel& model, const std::filesystem::path& path) {
+  const std::string text = writeDocument(model);
+  if (const std::string why = whyNotReadable(text); !why.empty()) return {false, why};
+  const Written written = writeFileAtomically(path, text, waitNever);
+  if (written.error) return {false, written.error.message() + whereLeft(written)};
+  sweepPartialFiles(path);
+  return {true, {}, written.inPlace ? kNoteInPlace : ""};
+}
+
 }  // namespace
 
 std::string writeDocument(const LatticeModel& model) {
@@ -109,12 +119,11 @@ std::string writeDocument(const LatticeModel& model) {
 }
 
 SaveResult saveDocument(const LatticeModel& model, const std::filesystem::path& path) {
-  const std::string text = writeDocument(model);
-  if (const std::string why = whyNotReadable(text); !why.empty()) return {false, why};
-  const Written written = writeFileAtomically(path, text, waitNever);
-  if (written.error) return {false, written.error.message() + whereLeft(written)};
-  sweepPartialFiles(path);
-  return {true, {}, written.inPlace ? kNoteInPlace : ""};
+  try {
+    return save(model, path);
+  } catch (const std::bad_alloc&) {
+    return {false, kOutOfMemory};
+  }
 }
 
 }  // namespace quorvane

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -11,6 +12,7 @@
 #include "SystemCalls.h"
 #include "Target.h"
 #include "document/FileError.h"
+#include "document/Folder.h"
 #include "document/PartialFiles.h"
 
 namespace quorvane {
@@ -40,10 +42,10 @@ std::error_code GrowingFile::create() {
   // A file of this name was left by a former process with the same number.
   constexpr int attempts = 1000;
   for (int attempt = 0; attempt < attempts;) {
-    const fs::path path = folder / partialName(name, attempt, longest);
-    file_ = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    fs::path path = folder / partialName(name, attempt, longest);
+    file_ = openFile(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
     if (file_ >= 0) {
-      partial_ = path;
+      partial_ = std::move(path);  // A copy may find no memory, and the file would stay.
       holdPartialFile(file_);
       return {};
     }
@@ -51,7 +53,7 @@ std::error_code GrowingFile::create() {
       ++attempt;
     else if (errno == ENAMETOOLONG && !name.empty())
       name.clear();  // The whole path is too long.
-    else if (errno != EINTR)
+    else
       return lastError();
   }
   return std::make_error_code(std::errc::file_exists);
@@ -70,37 +72,45 @@ std::error_code GrowingFile::append(std::string_view text) {
 
 std::error_code GrowingFile::finish() {
   if (partial_.empty()) return close();
-  const auto existing = statusOf(target_);
+  std::optional<struct stat> existing;
+  if (const auto error = findStatus(target_, existing)) return error;
+  mode_t permissions = 0;
   if (existing && S_ISREG(existing->st_mode)) {
-    if (!adoptOwner(file_, *existing)) return copyIntoTarget();
-    if (const auto error = adoptPermissions(file_, existing->st_mode & 07777)) return error;
-  } else if (const auto error = adoptPermissions(file_, usualPermissions())) {
-    return error;
+    bool adopted = false;
+    if (const auto error = adoptOwner(file_, *existing, adopted)) return error;
+    if (!adopted) return copyIntoTarget();
+    permissions = existing->st_mode & 07777;
+  } else {
+    permissions = usualPermissions();
   }
+  if (const auto error = adoptPermissions(file_, permissions)) return error;
   return replaceTarget();
 }
 
 std::error_code GrowingFile::replaceTarget() {
+  // Behind the renaming nothing may fail any more.
+  const fs::path folder = target_.parent_path();
   if (const auto error = syncFile(file_)) return error;
   if (const auto error = close()) return error;
   if (::rename(partial_.c_str(), target_.c_str()) != 0) return lastError();
   partial_.clear();
-  syncFolder(target_.parent_path());
+  syncFolder(folder);
   return {};
 }
 
 std::error_code GrowingFile::copyIntoTarget() {
   if (const auto error = syncFile(file_)) return error;
-  const int target = ::open(target_.c_str(), O_WRONLY | O_NOFOLLOW | O_CLOEXEC);
+  const int target = openFile(target_.c_str(), O_WRONLY | O_NOFOLLOW | O_CLOEXEC);
   if (target < 0) return lastError();
-  // From here on the target may be half written, and this file is the only whole one.
+  // From here on the target may be half written, and this file is the only whole one: it needs its name, too.
+  syncFolder(partial_.parent_path());
   keep();
   std::error_code error = copyContent(file_, target, size_);
   if (!error) error = syncFile(target);
-  if (::close(target) != 0 && !error) error = lastError();
-  if (error) return error;
+  const auto closed = closeFile(target);
+  if (error || closed) return error ? error : closed;
   wroteInPlace_ = true;
-  if (const auto closed = close()) return closed;
+  if (const auto closedThis = close()) return closedThis;
   ::unlink(partial_.c_str());
   partial_.clear();
   return {};
@@ -109,7 +119,7 @@ std::error_code GrowingFile::copyIntoTarget() {
 /// Some file systems report a failed write only here.
 std::error_code GrowingFile::close() {
   const int file = std::exchange(file_, -1);
-  return file < 0 || ::close(file) == 0 ? std::error_code{} : lastError();
+  return file < 0 ? std::error_code{} : closeFile(file);
 }
 
 }  // namespace quorvane

@@ -10,11 +10,14 @@
 
 namespace quorvane {
 
-bool adoptOwner(int file, const struct stat& existing) {
+std::error_code adoptOwner(int file, const struct stat& existing, bool& adopted) {
   struct stat own;
-  if (::fstat(file, &own) != 0) return false;
-  if (own.st_uid == existing.st_uid && own.st_gid == existing.st_gid) return true;
-  return ::fchown(file, existing.st_uid, existing.st_gid) == 0;
+  adopted = false;
+  if (::fstat(file, &own) != 0) return lastError();
+  const bool alike = own.st_uid == existing.st_uid && own.st_gid == existing.st_gid;
+  adopted = alike || ::fchown(file, existing.st_uid, existing.st_gid) == 0;
+  // On a disk that fails or is full, the old file must stay as it is.
+  return adopted || isNotOffered(errno) || errno == EACCES ? std::error_code{} : lastError();
 }
 
 std::error_code adoptPermissions(int file, mode_t permissions) {

@@ -8,8 +8,8 @@
 /// How a new file becomes what the old one was to others.
 namespace quorvane {
 
-/// Gives a file the owner and group of another; false where this process may not.
-bool adoptOwner(int file, const struct stat& existing);
+/// Gives a file the owner and group of another. adopted: false where this process may not, which is no error.
+std::error_code adoptOwner(int file, const struct stat& existing, bool& adopted);
 
 /// Gives a file permissions, where the file system has any.
 std::error_code adoptPermissions(int file, mode_t permissions);

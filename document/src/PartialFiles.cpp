@@ -8,11 +8,14 @@
 #include <cerrno>
 #include <charconv>
 #include <csignal>
+#include <new>
 #include <optional>
 #include <string_view>
 #include <vector>
 
+#include "SystemCalls.h"
 #include "Target.h"
+#include "document/Folder.h"
 
 namespace quorvane {
 namespace {
@@ -47,11 +50,25 @@ bool isGone(pid_t process) { return process == ::getpid() || (::kill(process, 0)
 
 /// Also false of a file that a process on another machine is writing, where the folder is shared.
 bool isLeftAlone(const fs::path& path) {
-  const int file = ::open(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+  const int file = openFile(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
   if (file < 0) return false;
   const bool locked = ::flock(file, LOCK_EX | LOCK_NB) == 0;
   ::close(file);
   return locked;
+}
+
+std::vector<fs::path> filesOfGoneProcesses(const fs::path& path) {
+  Target target;
+  if (findTarget(path, target) || target.isDevice()) return {};
+  const fs::path folder = target.path.parent_path();
+  std::vector<std::string> names;
+  if (readFolder(folder, names)) return {};
+  std::vector<fs::path> files;
+  for (const std::string& name : names) {
+    const auto process = processOf(name, target.path.filename().native());
+    if (process && isGone(*process)) files.push_back(folder / name);
+  }
+  return files;
 }
 
 }  // namespace
@@ -70,18 +87,12 @@ void holdPartialFile(int file) {
 }
 
 void sweepPartialFiles(const fs::path& path) {
-  Target target;
-  if (findTarget(path, target) || target.isDevice()) return;
-  const fs::path folder = target.path.parent_path();
-  std::error_code error;
-  std::vector<fs::path> left;
-  for (fs::directory_iterator entry(folder.empty() ? "." : folder, error), end; !error && entry != end;
-       entry.increment(error)) {
-    const auto process = processOf(entry->path().filename().native(), target.path.filename().native());
-    if (process && isGone(*process)) left.push_back(entry->path());
+  try {
+    for (const fs::path& file : filesOfGoneProcesses(path))
+      if (isLeftAlone(file)) ::unlink(file.c_str());
+  } catch (const std::bad_alloc&) {
+    // The target is written, and the next one who writes it sweeps, too.
   }
-  for (const fs::path& file : left)
-    if (isLeftAlone(file)) ::unlink(file.c_str());
 }
 
 }  // namespace quorvane

@@ -5,6 +5,17 @@
 
 namespace quorvane {
 
+int openFile(const char* path, int flags, mode_t mode) {
+  int file = -1;
+  do file = ::open(path, flags, mode);
+  while (file < 0 && errno == EINTR);
+  return file;
+}
+
+std::error_code closeFile(int file) {
+  return ::close(file) == 0 || errno == EINTR ? std::error_code{} : lastError();
+}
+
 std::error_code writeAll(int file, std::string_view content) {
   while (!content.empty()) {
     const ssize_t written = ::write(file, content.data(), content.size());
@@ -23,13 +34,6 @@ std::error_code syncFile(int file) {
     return isNotOffered(errno) ? std::error_code{} : lastError();
   }
   return {};
-}
-
-void syncFolder(const std::filesystem::path& folder) {
-  const int file = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (file < 0) return;
-  while (::fsync(file) != 0 && errno == EINTR) continue;
-  ::close(file);
 }
 
 }  // namespace quorvane

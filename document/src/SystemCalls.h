@@ -1,5 +1,7 @@
 #pragma once
 
+#include <sys/types.h>
+
 #include <cerrno>
 #include <filesystem>
 #include <string_view>
@@ -15,14 +17,16 @@ inline bool isNotOffered(int error) {
   return error == EPERM || error == EINVAL || error == ENOTSUP || error == ENOSYS;
 }
 
+/// Opens a file as open does, also where a signal interrupts that.
+int openFile(const char* path, int flags, mode_t mode = 0);
+
+/// Closes a file. A signal that interrupts that is no failure: the file is closed all the same.
+std::error_code closeFile(int file);
+
 /// Hands everything to the system.
 std::error_code writeAll(int file, std::string_view content);
 
 /// Waits until the content is on the disk, where the file system offers that.
 std::error_code syncFile(int file);
-
-/// Waits until the names in a folder are on the disk. One that cannot be synchronised is no failure: what
-/// stands in it is whole in any case.
-void syncFolder(const std::filesystem::path& folder);
 
 }  // namespace quorvane

@@ -16,11 +16,8 @@ std::error_code follow(Target& target) {
   constexpr int mostLinks = 40;
   for (int links = 0; links <= mostLinks; ++links) {
     // The system follows the whole chain first, so each link of it is one that it lets us follow.
+    if (const auto error = findStatus(target.path, target.existing)) return error;
     struct stat status;
-    if (::stat(target.path.c_str(), &status) == 0)
-      target.existing = status;
-    else if (errno != ENOENT)
-      return lastError();
     if (::lstat(target.path.c_str(), &status) != 0) return errno == ENOENT ? std::error_code{} : lastError();
     if (!S_ISLNK(status.st_mode)) return {};
     std::error_code error;
@@ -72,10 +69,12 @@ std::error_code findTarget(const fs::path& path, Target& target) {
   return target.isDevice() ? std::error_code{} : checkExisting(target);
 }
 
-std::optional<struct stat> statusOf(const fs::path& path) {
-  struct stat status;
-  if (::stat(path.c_str(), &status) != 0) return std::nullopt;
-  return status;
+std::error_code findStatus(const fs::path& path, std::optional<struct stat>& status) {
+  status.reset();
+  struct stat found;
+  if (::stat(path.c_str(), &found) != 0) return errno == ENOENT ? std::error_code{} : lastError();
+  status = found;
+  return {};
 }
 
 std::size_t longestName(const fs::path& folder) {

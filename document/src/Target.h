@@ -23,8 +23,8 @@ struct Target {
 /// long.
 std::error_code findTarget(const std::filesystem::path& path, Target& target);
 
-/// The status of what stands at a path now; none if nothing does or it cannot be told.
-std::optional<struct stat> statusOf(const std::filesystem::path& path);
+/// Finds the status of what stands at a path now; none if nothing does.
+std::error_code findStatus(const std::filesystem::path& path, std::optional<struct stat>& status);
 
 /// Bytes of the longest name that a file in the folder can have.
 std::size_t longestName(const std::filesystem::path& folder);

@@ -5,7 +5,10 @@
 namespace quorvane {
 namespace {
 
-void setDefaults(ModelState& model, int type, const char* name) {
+/// Made at the start, so that a model is not left half initialised where memory has ended.
+const SharedName kPixel("Pixel"), kNewPixel("New Pixel");
+
+void setDefaults(ModelState& model, int type, const SharedName& name) {
   model.varSiteName[type] = name;
   model.varHistoryPersistenceConst[type] = 0.0;
   model.varSiteAlpha[type] = 1.0;
@@ -57,7 +60,7 @@ void LatticeModel::initializeLatticeModel(int numTypes, int imax, int jmax) {
         setBlack(*this, type);
       else
         drawColor(*this, type);
-      setDefaults(*this, type, "Pixel");
+      setDefaults(*this, type, kPixel);
     }
     reinitHistory(type);
   }
@@ -76,7 +79,7 @@ void LatticeModel::reinitHistory(int type) {
 void LatticeModel::addPixelType() {
   const int type = varNumSiteTypes;
   drawColor(*this, type);
-  setDefaults(*this, type, "New Pixel");
+  setDefaults(*this, type, kNewPixel);
   reinitHistory(type);
   varNumSiteTypes = type + 1;
 }

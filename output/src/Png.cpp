@@ -3,20 +3,27 @@
 #include <png.h>
 
 #include <algorithm>
+#include <array>
 #include <csetjmp>
+#include <cstdio>
 #include <stdexcept>
 
 namespace quorvane {
 namespace {
 
+constexpr const char* kOutOfMemory = "out of memory";
+
 /// What the library's callbacks work on.
 struct Output {
   std::string bytes;
-  std::string error;
+  /// Of a fixed size, since memory may be what has failed.
+  std::array<char, 128> error = {};
+
+  void fail(const char* why) noexcept { std::snprintf(error.data(), error.size(), "%s", why); }
 };
 
 [[noreturn]] void onError(png_structp png, png_const_charp message) {
-  static_cast<Output*>(png_get_error_ptr(png))->error = message;
+  static_cast<Output*>(png_get_error_ptr(png))->fail(message);
   png_longjmp(png, 1);
 }
 
@@ -30,7 +37,7 @@ void append(png_structp png, png_bytep bytes, std::size_t count) {
     done = true;
   } catch (const std::exception&) {
   }
-  if (!done) png_error(png, "not enough memory");
+  if (!done) png_error(png, kOutOfMemory);
 }
 
 class Writer {
@@ -38,7 +45,7 @@ class Writer {
   explicit Writer(Output& output)
       : png_(png_create_write_struct(PNG_LIBPNG_VER_STRING, &output, onError, onWarning)) {
     if (png_) info_ = png_create_info_struct(png_);
-    if (!info_) output.error = "not enough memory";
+    if (!info_) output.fail(kOutOfMemory);
     if (info_) png_set_write_fn(png_, &output, append, nullptr);
   }
   ~Writer() { png_destroy_write_struct(&png_, &info_); }
@@ -86,7 +93,7 @@ std::string encodePng(const Image& image, const std::vector<PngText>& texts) {
   std::transform(texts.begin(), texts.end(), std::back_inserter(fields), fieldOf);
   Output output;
   Writer writer(output);
-  if (!writer.write(image, fields)) throw std::runtime_error(output.error);
+  if (!writer.write(image, fields)) throw std::runtime_error(output.error.data());
   return std::move(output.bytes);
 }
 

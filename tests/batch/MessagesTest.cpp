@@ -24,7 +24,7 @@ TEST(Message, ShowsUtf8AsItIsAndOtherBytesAsEscapes) {
 }
 
 TEST(Message, OfALibrarysFailureIsInPlainWords) {
-  EXPECT_EQ(lineOf(std::bad_alloc(), "\"x\""), "\"x\": there is not enough memory");
+  EXPECT_EQ(lineOf(std::bad_alloc(), "\"x\""), "\"x\": out of memory");
   EXPECT_EQ(lineOf(std::system_error(std::make_error_code(std::errc::io_error), "std::thing"), "\"x\""),
             "\"x\": Input/output error");
   EXPECT_EQ(lineOf(BatchFailure("\"y\"", "why"), "\"x\""), "\"y\": why");

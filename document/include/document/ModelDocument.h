@@ -26,6 +26,9 @@ inline constexpr const char* kLogNoLines = "zAryOfLines count = 0";
 inline constexpr const char* kLogSaveCancelled = "writeUsingSavePanel cancelled";
 inline constexpr const char* kLogSaveFailed = "writeUsingSavePanel failed";
 
+/// Why saving or opening failed where memory has ended. So short that a string of it needs none.
+inline constexpr const char* kOutOfMemory = "out of memory";
+
 /// The first three values of a document, within the limits of a model.
 struct DocumentHeader {
   int imax;      ///< sites across, 1 to kMaxSide
@@ -50,7 +53,8 @@ enum class OpenStatus {
 
 /// How opening went. Message and reason are one line each without a path, empty if the whole document was
 /// opened. The message is for the log: it begins with "line N: ", N counted from 1, except that of an
-/// unreadable file, which is kLogNoLines. The reason is for people: the same, but why the file is unreadable.
+/// unreadable file, which is kLogNoLines or kOutOfMemory. The reason is for people: the same, but why the
+/// file is unreadable.
 struct OpenResult {
   OpenStatus status = OpenStatus::kUnreadable;
   std::string message;

@@ -1,0 +1,122 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <fstream>
+#include <random>
+
+#include "DocumentSupport.h"
+#include "Faults.h"
+#include "Program.h"
+
+namespace quorvane {
+namespace {
+
+namespace fs = std::filesystem;
+using std::chrono::microseconds;
+using testing::IsEmpty;
+
+/// Two runs whose results stand in the same files. None waits for the disk: only power takes what that is
+/// for.
+class SameTargets : public testing::Test {
+ protected:
+  SameTargets() {
+    set(*plan_, folder_, {Call::kAny, 0}, 0);
+    for (std::size_t k = 0; k < inputs_.size(); ++k) {
+      std::ofstream(inputs_[k]) << contentOf(kDocuments[k]);
+      EXPECT_EQ(run(k).wait(), 0);
+      results_[k] = filesIn(folder_);
+    }
+    EXPECT_NE(results_[0], results_[1]);
+  }
+
+  Program run(std::size_t k) const {
+    return {QUORVANE_BATCH,
+            {inputs_[k], "--sweeps", "1", "--output", folder_ / "out.quorvane", "--populations",
+             folder_ / "out.csv", "--picture", folder_ / "out.png"}};
+  }
+
+  void expectEachFileOfOneRun() const {
+    const Files files = filesIn(folder_);
+    EXPECT_EQ(files.size(), results_[0].size());
+    for (const auto& [name, content] : files)
+      EXPECT_TRUE(content == results_[0].at(name) || content == results_[1].at(name)) << name;
+  }
+  void expectTheNextRunToTidyUp() const {
+    EXPECT_EQ(run(0).wait(), 0);
+    EXPECT_EQ(filesIn(folder_), results_[0]);
+    EXPECT_THAT(partialFilesIn(folder_), IsEmpty());
+  }
+
+  microseconds timeOfARun() const {
+    std::array<microseconds, 5> times;
+    for (auto& time : times) {
+      const auto start = std::chrono::steady_clock::now();
+      EXPECT_EQ(run(0).wait(), 0);
+      time = std::chrono::duration_cast<microseconds>(std::chrono::steady_clock::now() - start);
+    }
+    std::sort(times.begin(), times.end());
+    return times[times.size() / 2];
+  }
+
+  static constexpr std::array kDocuments = {QUORVANE_EXAMPLES "/growth-from-a-seed.quorvane",
+                                            QUORVANE_EXAMPLES "/eden-growth.quorvane"};
+  const TemporaryFolder temporary_, elsewhere_;
+  const fs::path folder_ = fs::canonical(temporary_.path());
+  const std::array<std::string, 2> inputs_ = {elsewhere_ / "a", elsewhere_ / "b"};
+  const SharedPlan plan_;
+  std::array<Files, 2> results_;
+};
+
+TEST_F(SameTargets, AreOldOrNewWhereARunIsKilledAtAnyMoment) {
+  constexpr int rounds = 200;
+  std::mt19937 random(4711);
+  std::uniform_int_distribution<int> moment(0, static_cast<int>(timeOfARun().count()));
+  int numKilled = 0, numInTheMiddle = 0;
+  for (int round = 0; round < rounds; ++round) {
+    SCOPED_TRACE(round);
+    const auto before = partialFilesIn(folder_);
+    Program program = run(static_cast<std::size_t>(round % 2));
+    program.waitFor(microseconds(moment(random)));
+    program.kill();
+    if (program.wait() == -SIGKILL) ++numKilled;
+    if (partialFilesIn(folder_) != before) ++numInTheMiddle;
+    expectEachFileOfOneRun();
+  }
+  std::printf("%d of %d runs killed, %d of them while a file grew\n", numKilled, rounds, numInTheMiddle);
+  EXPECT_GT(numInTheMiddle, 0);
+  expectTheNextRunToTidyUp();
+}
+
+TEST_F(SameTargets, AreOldOrNewWhereARunIsKilledInsteadOfAnyCall) {
+  int numKilled = 0;
+  for (int status = -SIGKILL; status == -SIGKILL; ++numKilled) {
+    SCOPED_TRACE(numKilled + 1);
+    set(*plan_, folder_, {Call::kAny, kKill}, numKilled + 1);
+    status = run(1).wait();
+    EXPECT_TRUE(status == -SIGKILL || status == 0) << status;
+    expectEachFileOfOneRun();
+    set(*plan_, folder_, {Call::kAny, 0}, 0);
+    expectTheNextRunToTidyUp();
+  }
+  std::printf("%d runs killed\n", numKilled - 1);
+  EXPECT_GT(numKilled, 50);
+}
+
+TEST_F(SameTargets, AreThoseOfOneRunEachWhereTwoRunsEndAtOnce) {
+  constexpr int rounds = 100;
+  for (int round = 0; round < rounds; ++round) {
+    SCOPED_TRACE(round);
+    Program first = run(0), second = run(1);
+    EXPECT_EQ(first.wait(), 0);
+    EXPECT_EQ(second.wait(), 0);
+    EXPECT_EQ(first.errors() + second.errors(), "");
+    expectEachFileOfOneRun();
+    EXPECT_THAT(partialFilesIn(folder_), IsEmpty());
+  }
+}
+
+}  // namespace
+}  // namespace quorvane
