@@ -1,0 +1,51 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <random>
+
+#include "DocumentSupport.h"
+#include "Faults.h"
+#include "Program.h"
+#include "document/ModelDocument.h"
+
+namespace quorvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A whole document, and nothing behind it.
+bool isADocument(const std::string& text) {
+  const auto model = freshModel();
+  return readDocument(*model, text).status == OpenStatus::kOpened && writeDocument(*model) == text;
+}
+
+TEST(WindowKilled, WhileItSavesLeavesAWholeDocumentAndTheNextSaveTidiesUp) {
+  constexpr int rounds = 50;
+  const TemporaryFolder folder;
+  const fs::path saved = folder / "saved.quorvane";
+  std::mt19937 random(4711);
+  std::uniform_int_distribution<int> moment(0, 20'000);
+  int numInTheMiddle = 0;
+  for (int round = 0; round < rounds; ++round) {
+    SCOPED_TRACE(round);
+    const std::string before = contentOf(saved);
+    Program window(SAVING_WINDOW, {EXAMPLE, saved});
+    // Its first save shows that it is at it.
+    while (contentOf(saved) == before)
+      ASSERT_FALSE(window.waitFor(std::chrono::milliseconds(2))) << window.errors();
+    EXPECT_FALSE(window.waitFor(std::chrono::microseconds(moment(random)))) << window.errors();
+    window.kill();
+    EXPECT_EQ(window.wait(), -SIGKILL);
+    EXPECT_TRUE(isADocument(contentOf(saved)));
+    EXPECT_LE(partialFilesIn(folder.path()).size(), 1u) << "the last window's own, at most";
+    numInTheMiddle += partialFilesIn(folder.path()).empty() ? 0 : 1;
+  }
+  std::printf("%d windows killed, %d of them while a file grew\n", rounds, numInTheMiddle);
+  EXPECT_GT(numInTheMiddle, 0);
+  EXPECT_TRUE(saveDocument(*freshModel(), saved).saved);
+  EXPECT_THAT(namesIn(folder.path()), testing::ElementsAre("saved.quorvane"));
+}
+
+}  // namespace
+}  // namespace quorvane
