@@ -109,7 +109,10 @@ std::string writeDocument(const LatticeModel& model) {
 }
 
 SaveResult saveDocument(const LatticeModel& model, const std::filesystem::path& path) {
-  const std::string text = writeDocument(model);
+  return saveDocument(writeDocument(model), path);
+}
+
+SaveResult saveDocument(std::string_view text, const std::filesystem::path& path) {
   if (const std::string why = whyNotReadable(text); !why.empty()) return {false, why};
   const Written written = writeFileAtomically(path, text, waitNever);
   if (written.error) return {false, written.error.message() + whereLeft(written)};
