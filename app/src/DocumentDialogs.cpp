@@ -24,7 +24,9 @@ QString orCurrent(const QString& folder) { return folder.isEmpty() ? QDir::curre
 
 void MainViewController::buttonOpenSystemClicked() {
   const QString folder = folder_.isEmpty() ? exampleFolder() : folder_;
-  const QString path = DocumentPanel(myWindow, orCurrent(folder), *myGraphicalLatticeModel).choose();
+  DocumentPanel panel(myWindow, orCurrent(folder), *myGraphicalLatticeModel);
+  if (folder_.isEmpty() && !keptWork_.isEmpty()) panel.selectFile(keptWork_);
+  const QString path = panel.choose();
   if (path.isEmpty()) return log(kLogOpenCancelled);
   open(path);
 }
@@ -48,6 +50,7 @@ void MainViewController::open(const QString& path) {
         ui->sliderWidthHeight->setValue(header.imax);
         ui->textWidthHeight->setText(QString::number(header.imax));
       });
+  if (result.status == OpenStatus::kOpened || result.status == OpenStatus::kCutShort) emit systemStarted();
   if (result.status != OpenStatus::kOpened) {
     const QString message = openingMessage(path, result);
     log(result.status == OpenStatus::kUnreadable ? kLogNoLines : message);
@@ -61,8 +64,11 @@ void MainViewController::open(const QString& path) {
 
 void MainViewController::save(const QString& path) {
   folder_ = QFileInfo(path).absolutePath();
-  const SaveResult result = saveDocument(*myGraphicalLatticeModel, fileOf(path));
+  // Of a run the next text would be another.
+  const std::string document = writeDocument(*myGraphicalLatticeModel);
+  const SaveResult result = saveDocument(document, fileOf(path));
   if (result.saved) {
+    emit systemSaved(document);
     showDocumentInTitle(path);
     const QString note = QString::fromStdString(result.note);
     if (!note.isEmpty()) ui->statusLine->showMessage(QFileInfo(path).fileName() + ": " + note);
@@ -70,6 +76,15 @@ void MainViewController::save(const QString& path) {
   }
   log(kLogSaveFailed);
   ui->statusLine->showMessage(notSaved(path, QString::fromStdString(result.reason)));
+}
+
+void MainViewController::offerKeptWork(const QString& path, int others) {
+  keptWork_ = path;
+  const QString file = QFileInfo(path).fileName();
+  ui->statusLine->showNotice(
+      others == 0
+          ? tr("Unsaved work was kept: Open... begins with %1").arg(file)
+          : tr("Unsaved work was kept: Open... begins with %1, and has %2 more").arg(file).arg(others));
 }
 
 void MainViewController::showDocumentInTitle(const QString& path) {

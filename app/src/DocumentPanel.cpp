@@ -9,6 +9,7 @@
 
 #include "app/DocumentFile.h"
 #include "app/DocumentPreview.h"
+#include "app/KeptFolder.h"
 #include "app/PlainMessage.h"
 
 namespace quorvane {
@@ -18,6 +19,8 @@ DocumentPanel::DocumentPanel(QWidget* parent, const QString& folder, const Latti
   setNameFilter(tr("Quorvane documents (*.quorvane)"));
   setDefaultSuffix(kDocumentSuffix);
   setFileMode(ExistingFile);
+  if (const std::filesystem::path kept = keptFolder(); !keptCopies(kept).empty())
+    addPlace(QString::fromStdString(kept.string()), PlaceAt::kBottom);
   addPreview(model);
 }
 

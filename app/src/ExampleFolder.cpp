@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QDir>
 
+#include "app/KeptFolder.h"
+
 namespace quorvane {
 namespace {
 
@@ -29,7 +31,9 @@ QString exampleFolder(const QString& programFolder) {
 QString exampleFolder() { return exampleFolder(QCoreApplication::applicationDirPath()); }
 
 QString folderToSaveIn(const QString& folder) {
-  return folder.isEmpty() || folder == exampleFolder() ? QDir::currentPath() : folder;
+  const QDir kept(QString::fromStdString(keptFolder().string()));
+  const bool notForSaving = folder.isEmpty() || folder == exampleFolder() || QDir(folder) == kept;
+  return notForSaving ? QDir::currentPath() : folder;
 }
 
 }  // namespace quorvane

@@ -35,6 +35,7 @@ void MainViewController::buttonInitializeModelAction() {
   awakenControls();
   focusRunOrStop();
   ui->statusLine->refresh();
+  emit systemStarted();
 }
 
 void MainViewController::buttonRemakeModelClick() {

@@ -33,8 +33,7 @@ NamedFilesPanel::NamedFilesPanel(QWidget* parent, const QString& title, const QS
 NamedFilesPanel::~NamedFilesPanel() {
   // Qt keeps the places for the panels of other programs, which have no use for ours.
   QList<QUrl> places = sidebarUrls();
-  for (const QString& ours : {exampleFolder(), QDir::homePath()})
-    if (const QUrl place = QUrl::fromLocalFile(ours); !formerPlaces_.contains(place)) places.removeAll(place);
+  for (const QUrl& place : ownPlaces_) places.removeAll(place);
   setSidebarUrls(places);
 }
 
@@ -51,15 +50,16 @@ void NamedFilesPanel::acceptPath(const QString& path) {
 }
 
 void NamedFilesPanel::addPlaces() {
-  formerPlaces_ = sidebarUrls();
-  QList<QUrl> places = formerPlaces_;
-  const QUrl home = QUrl::fromLocalFile(QDir::homePath());
-  if (!places.contains(home)) places.prepend(home);
-  if (const QString examples = exampleFolder(); !examples.isEmpty()) {
-    const QUrl place = QUrl::fromLocalFile(examples);
-    places.removeAll(place);
-    places.prepend(place);
-  }
+  const QString home = QDir::homePath();
+  if (!sidebarUrls().contains(QUrl::fromLocalFile(home))) addPlace(home, PlaceAt::kTop);
+  if (const QString examples = exampleFolder(); !examples.isEmpty()) addPlace(examples, PlaceAt::kTop);
+}
+
+void NamedFilesPanel::addPlace(const QString& folder, PlaceAt end) {
+  QList<QUrl> places = sidebarUrls();
+  const QUrl place = QUrl::fromLocalFile(folder);
+  if (places.removeAll(place) == 0) ownPlaces_ += place;
+  places.insert(end == PlaceAt::kTop ? 0 : places.size(), place);
   setSidebarUrls(places);
 }
 

@@ -69,6 +69,11 @@ void StatusLine::showMessage(const QString& message) {
   refresh();
 }
 
+void StatusLine::showNotice(const QString& message) {
+  showMessage(message);
+  messageTimer_.stop();
+}
+
 void StatusLine::clearMessage() {
   message_.clear();
   messageTimer_.stop();

@@ -10,7 +10,9 @@
 
 #include "app/AppDelegate.h"
 #include "app/DisplayCheck.h"
+#include "app/KeptFolder.h"
 #include "app/MainWindow.h"
+#include "app/WorkKeeper.h"
 #include "engine/f_ran0.h"
 
 namespace {
@@ -52,8 +54,12 @@ int main(int argc, char** argv) {
   AppDelegate delegate(&window);
   QApplication::setQuitOnLastWindowClosed(delegate.applicationShouldTerminateAfterLastWindowClosed());
   delegate.applicationDidFinishLaunching();
+  WorkKeeper keeper(window, keptFolder());
+  keeper.tellOfEarlierWork();
+  keeper.keepAtSignalsAndExit();
   window.show();
   const int status = QApplication::exec();
+  keeper.keepAtEnd();
   delegate.applicationWillTerminate();
   return status;
 }

@@ -93,8 +93,7 @@ std::string whyNotReadable(std::string_view text) {
   return {};
 }
 
-SaveResult save(const LatticeModel& model, const std::filesystem::path& path) {
-  const std::string text = writeDocument(model);
+SaveResult save(std::string_view text, const std::filesystem::path& path) {
   if (const std::string why = whyNotReadable(text); !why.empty()) return {false, why};
   const Written written = writeFileAtomically(path, text, waitNever);
   if (written.error) return {false, written.error.message() + whereLeft(written)};
@@ -120,7 +119,15 @@ std::string writeDocument(const LatticeModel& model) {
 
 SaveResult saveDocument(const LatticeModel& model, const std::filesystem::path& path) {
   try {
-    return save(model, path);
+    return save(writeDocument(model), path);
+  } catch (const std::bad_alloc&) {
+    return {false, kOutOfMemory};
+  }
+}
+
+SaveResult saveDocument(std::string_view text, const std::filesystem::path& path) {
+  try {
+    return save(text, path);
   } catch (const std::bad_alloc&) {
     return {false, kOutOfMemory};
   }

@@ -8,7 +8,8 @@ namespace {
 
 struct Sweeps {
   const char* document;
-  const char* way;  ///< of the window: by the run "loop", by "calls" of the model, by the "keys" of One Sweep
+  const char* way;  ///< of the window: by the run "loop", by "calls" of the model, by the "keys" of One
+                    ///< Sweep, "kept-" meanwhile
   const char* count;
 };
 
@@ -70,6 +71,8 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(Sweeps{"phase-separation", "loop", "1"}, Sweeps{"phase-separation", "calls", "50"},
                       Sweeps{"facilitated-flips", "loop", "4"}, Sweeps{"facilitated-flips", "calls", "50"},
                       Sweeps{"phase-separation", "keys", "12"}, Sweeps{"facilitated-flips", "keys", "50"},
+                      Sweeps{"phase-separation", "kept-loop", "1"},
+                      Sweeps{"facilitated-flips", "kept-keys", "20"},
                       Sweeps{"growth-from-a-seed", "loop", "3"},
                       Sweeps{"growth-from-a-seed", "calls", "50"}));
 

@@ -117,12 +117,19 @@ TEST_F(StatusLineTest, AMessageStaysWhileTheUserOnlyMovesTheMouseOrHoldsShift) {
   EXPECT_TRUE(line().endsWith("why")) << line().toStdString();
 }
 
-TEST_F(StatusLineTest, AMessageGoesAfterTenSecondsOfAnIdleWindow) {
+TEST_F(StatusLineTest, AMessageGoesAfterTenSecondsOfAnIdleWindowAndANoticeStays) {
+  StatusLine other;
+  other.follow(model());
   QElapsedTimer clock;
   clock.start();
+  other.showNotice("what");
   show("why");
   ASSERT_TRUE(gui::waitUntil([this] { return !line().contains("why"); }, std::chrono::seconds(20)));
   EXPECT_GE(clock.elapsed(), 9'900);
+  gui::waitUntil([] { return false; }, std::chrono::milliseconds(300));
+  EXPECT_TRUE(other.text().endsWith("what"));
+  gui::click(control("labelPainterHelp"), {5, 5});
+  EXPECT_TRUE(gui::waitUntil([&] { return !other.text().contains("what"); }));
 }
 
 TEST_F(StatusLineTest, AMessageOfAnActionOutlivesTheActionsOwnEvents) {

@@ -1,10 +1,10 @@
 // A second application for tests: the main window in a process of its own, used as a person does.
 //
-//   window_session OPENED SAVED [loop N | calls N | keys N [CHOSEN...]]
+//   window_session OPENED SAVED [loop N | calls N | keys N | kept-loop N | kept-keys N [CHOSEN...]]
 //
 // Chooses other documents in the panel for their previews, opens one, makes N sweeps, by the run loop, by
 // calls of the model or by the keys of One Sweep, saves through the panel and writes the report of what it
-// found before the first sweep to its standard output.
+// found before the first sweep to its standard output. The kept ones keep unsaved work every millisecond.
 
 #include <QApplication>
 #include <QSurfaceFormat>
@@ -17,6 +17,9 @@
 #include "SystemReport.h"
 #include "app/DocumentPreview.h"
 #include "app/DoubleSlider.h"
+#include "app/KeptFolder.h"
+#include "app/WorkKeeper.h"
+#include "document/DocumentFile.h"
 #include "engine/f_ran0.h"
 
 namespace quorvane {
@@ -50,7 +53,7 @@ class Session {
         return false;
       click("buttonStopModel");
       setSpeed(Qt::Key_End);
-      if (!loop.waitForEnd() || model().sweepsDone() != sweeps) return false;
+      if (!loop.waitForEnd() || model().sweepsDone() != sweeps || !keptIfWanted()) return false;
     }
     return true;
   }
@@ -59,11 +62,17 @@ class Session {
     return model().sweepsDone() == count;
   }
   bool sweepByKeys(int count) {
-    for (int sweeps = 0; sweeps < count; ++sweeps)
+    for (int sweeps = 0; sweeps < count; ++sweeps) {
       QTest::keyClick(&window_, Qt::Key_Right, Qt::ControlModifier);
+      if (!keptIfWanted()) return false;
+    }
     return model().sweepsDone() == count;
   }
   bool sweep(const QString& way, int count) {
+    if (way.startsWith("kept-")) {
+      keeper_ = std::make_unique<WorkKeeper>(window_, keptFolder(), std::chrono::milliseconds(1));
+      return sweep(way.mid(5), count) && keeper_->copy().isThere();
+    }
     if (way == "loop") return sweepByRunLoop(count);
     return way == "keys" ? sweepByKeys(count) : sweepByCalls(count);
   }
@@ -80,10 +89,18 @@ class Session {
       return gui::waitUntil([&] { return preview->shown() == path; });
     });
   }
+  bool keptIfWanted() {
+    return !keeper_ || gui::waitUntil([this] {
+      std::string kept;
+      return !readDocumentFile(keeper_->copy().path(), DocumentSource::kFile, kept) &&
+             kept == writeDocument(model());
+    });
+  }
   void click(const char* name) { gui::click(button(name), button(name).rect().center()); }
   void setSpeed(Qt::Key end) { QTest::keyClick(window_.findChild<QWidget*>("sliderSimulationSpeed"), end); }
 
   MainWindow window_;
+  std::unique_ptr<WorkKeeper> keeper_;
 };
 
 int fail(const char* step) {

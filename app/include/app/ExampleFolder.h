@@ -13,7 +13,8 @@ QString exampleFolder(const QString& programFolder);
 /// That of the running program.
 QString exampleFolder();
 
-/// Where to save: the folder, or the current one where none is given or the examples', which are for reading.
+/// Where to save: the folder, or the current one where none is given, or the examples', which are for
+/// reading, or that of kept work, which goes in the end.
 QString folderToSaveIn(const QString& folder);
 
 }  // namespace quorvane

@@ -3,6 +3,7 @@
 #include <QMainWindow>
 #include <QObject>
 #include <QString>
+#include <string>
 
 #include "view/GraphicalLatticeModelGL.h"
 
@@ -15,7 +16,7 @@ QT_END_NAMESPACE
 namespace quorvane {
 
 /// The main window's controller: hands every edit of a control to the model, and reads the model back into
-/// the controls. Holds no data of its own but the folder that a document was last in. Setting a control
+/// the controls. Holds no data of its own but where documents are or were last. Setting a control
 /// from here runs no handler; only a user's action does. Main thread only.
 class MainViewController : public QObject {
   Q_OBJECT
@@ -85,6 +86,20 @@ class MainViewController : public QObject {
   void checkSelectedRuleDisabledChanged();
   void checkSelectedRuleIgnoreEnergyChanged();
 
+  /// Hands names over that were typed and not yet handed to the model. A field does so when it loses the
+  /// focus, but on some desktops a click on a button leaves the focus where it is.
+  void commitTypedNames();
+
+  /// Tells of work that an earlier window has kept in a file, and of others beside it, and lets Open begin
+  /// with that file.
+  void offerKeptWork(const QString& path, int others);
+
+ signals:
+  /// There is a system, by Initialise or Open.
+  void systemStarted();
+  /// The system was saved as this document.
+  void systemSaved(const std::string& document);
+
  private:
   void connectModelControls();
   void connectPixelTypePanel();
@@ -96,9 +111,6 @@ class MainViewController : public QObject {
   /// Lets the one that is enabled have the focus: it is what the user wants next.
   void focusRunOrStop();
 
-  /// Hands names over that were typed and not yet handed to the model. A field does so when it loses the
-  /// focus, but on some desktops a click on a button leaves the focus where it is.
-  void commitTypedNames();
   void commitTypedRuleName();
 
   void open(const QString& path);
@@ -119,7 +131,7 @@ class MainViewController : public QObject {
   QMainWindow* myWindow;
   Ui::MainWindow* ui;
   GraphicalLatticeModelGL* myGraphicalLatticeModel;
-  QString folder_;
+  QString folder_, keptWork_;
 };
 
 }  // namespace quorvane

@@ -28,6 +28,10 @@ class NamedFilesPanel : public QFileDialog {
   NamedFilesPanel(QWidget* parent, const QString& title, const QString& folder,
                   const QTemporaryDir& placeholder = QTemporaryDir());
 
+  enum class PlaceAt { kTop, kBottom };
+  /// Adds a folder to those at the side.
+  void addPlace(const QString& folder, PlaceAt end);
+
   /// The field with the name.
   QLineEdit& name() const { return *name_; }
   /// The path that the name in the field means, empty where there is none.
@@ -39,7 +43,7 @@ class NamedFilesPanel : public QFileDialog {
   void addPlaces();
 
   QString folder_, placeholder_, chosen_;
-  QList<QUrl> formerPlaces_;
+  QList<QUrl> ownPlaces_;
   QLineEdit* name_;
 };
 

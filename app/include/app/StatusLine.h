@@ -25,6 +25,8 @@ class StatusLine : public ElidedLabel {
   void refresh();
   /// Shows a line behind the figures.
   void showMessage(const QString& message);
+  /// The same, however long it takes until the user does the next thing.
+  void showNotice(const QString& message);
   void clearMessage();
 
  protected:

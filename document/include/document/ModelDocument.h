@@ -74,6 +74,9 @@ std::string writeDocument(const LatticeModel& model);
 /// and never waits for the reader of a pipe.
 SaveResult saveDocument(const LatticeModel& model, const std::filesystem::path& path);
 
+/// The same for a text that writeDocument has given.
+SaveResult saveDocument(std::string_view text, const std::filesystem::path& path);
+
 /// Rebuilds a model from the text of a document; no run loop may be active.
 ///
 /// Checks every value that stands in the text before anything changes: sizes 1 to kMaxSide, types 1 to

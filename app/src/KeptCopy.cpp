@@ -1,0 +1,68 @@
+#include "app/KeptCopy.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <utility>
+
+#include "app/KeptFolder.h"
+
+namespace quorvane {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// True while a path leads to the file that is open.
+bool isAt(const fs::path& path, int file) {
+  struct stat opened, there;
+  return file >= 0 && ::fstat(file, &opened) == 0 && ::lstat(path.c_str(), &there) == 0 &&
+         opened.st_dev == there.st_dev && opened.st_ino == there.st_ino;
+}
+
+SaveResult writeNext(const fs::path& folder, std::string_view document, fs::path& path) {
+  if (const auto error = claimCopy(folder, path)) return {false, error.message()};
+  SaveResult result = saveDocument(document, path);
+  if (!result.saved) ::unlink(path.c_str());
+  return result;
+}
+
+}  // namespace
+
+KeptCopy::~KeptCopy() { leave(); }
+
+SaveResult KeptCopy::write(std::string_view document) {
+  if (folder_.empty()) return {false, "neither XDG_STATE_HOME nor HOME names a folder"};
+  // Before it is marked another window may take it for an old one, if there are many.
+  constexpr int attempts = 3;
+  fs::path path;
+  int file = -1;
+  for (int attempt = 0; attempt < attempts && !isAt(path, file); ++attempt) {
+    if (file >= 0) ::close(file);
+    const SaveResult result = writeNext(folder_, document, path);
+    if (!result.saved) return result;
+    file = ::open(path.c_str(), O_RDWR | O_NOFOLLOW | O_CLOEXEC);
+    if (file >= 0) markInUse(file);
+  }
+  discard();
+  path_ = path;
+  file_ = file;
+  tidyKeptFolder(folder_);
+  return {true};
+}
+
+void KeptCopy::discard() {
+  // The user may have saved another document in its place.
+  if (isThere()) ::unlink(path_.c_str());
+  leave();
+}
+
+bool KeptCopy::isThere() const { return isAt(path_, file_); }
+
+void KeptCopy::leave() {
+  if (file_ >= 0) ::close(std::exchange(file_, -1));
+  path_.clear();
+}
+
+}  // namespace quorvane
