@@ -15,7 +15,7 @@ QString startOf(unsigned seed) {
   return place == examples.size() ? QString() : QString(examples[place]).chopped(9);
 }
 
-class WindowFuzzer : public RandomWalk {};
+class WindowFuzzer : public RandomWalkTest {};
 
 TEST_F(WindowFuzzer, Walks) {
   bool isNumber = false;
