@@ -125,7 +125,8 @@ std::size_t characterAt(std::string_view text) {
   }
   constexpr unsigned least[] = {0, 0, 0x80, 0x800, 0x10000};
   const bool surrogate = value >= 0xd800 && value <= 0xdfff;
-  return first < 0xc0 || value < least[length] || value > 0x10ffff || surrogate ? 0 : length;
+  const bool leads = first >= 0xc0 && first < 0xf8;
+  return leads && value >= least[length] && value <= 0x10ffff && !surrogate ? length : 0;
 }
 
 /// Why a text cannot stand on one line of a terminal.

@@ -137,7 +137,7 @@ int wholeByLibrary(const std::string& line) {
 }
 
 double realByLibrary(std::string line) {
-  // What only the library knows: hexadecimal digits and words.
+  // Only the library reads hexadecimal digits and the words for infinity and NaN.
   if (const auto letter = line.find_first_of("xXiInN"); letter != std::string::npos) line.resize(letter);
   return std::strtod(line.c_str(), nullptr);
 }
@@ -150,7 +150,6 @@ std::string checkNumbers(Text text) {
     text.remove_prefix(std::min(line.size() + 1, text.size()));
     if (fileReadINTFromLine(line) != wholeByLibrary(line)) return "whole number in line " + std::to_string(k);
     const double real = fileReadDBLFromLine(line), expected = realByLibrary(line);
-    // The library gives the nearest double also where that is below the normal ones.
     if (std::bit_cast<std::uint64_t>(real) != std::bit_cast<std::uint64_t>(expected))
       return "real number in line " + std::to_string(k) + ": " + std::to_string(real) + " for " +
              std::to_string(expected);
