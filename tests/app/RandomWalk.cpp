@@ -22,12 +22,14 @@ void RandomWalkTest::begin(const QString& example) {
   ASSERT_EQ(disagreements(*window_), QStringList());
 }
 
-void RandomWalkTest::walk(unsigned seed, std::chrono::seconds longest) {
+void RandomWalkTest::walk(unsigned seed, Pace pace, std::chrono::seconds longest) {
   RandomUser user(*window_, seed);
   const auto end = std::chrono::steady_clock::now() + longest;
   QStringList trail;
   for (int step = 0; step < kSteps && !HasFailure() && std::chrono::steady_clock::now() < end; ++step) {
     trail += user.act();
+    acted(trail.last());
+    if (pace == Pace::kRepeatable) user.waitForMnemonics();
     ASSERT_EQ(disagreements(*window_), QStringList())
         << "step " << step << " after " << trail.mid(qMax(0, trail.size() - 6)).join("; ").toStdString();
   }

@@ -16,7 +16,7 @@ class RandomWalk : public RandomWalkTest, public ::testing::WithParamInterface<W
 
 TEST_P(RandomWalk, NeverLeavesTheControlsAndTheModelInDisagreement) {
   ASSERT_NO_FATAL_FAILURE(begin(GetParam().start));
-  ASSERT_NO_FATAL_FAILURE(walk(GetParam().seed));
+  ASSERT_NO_FATAL_FAILURE(walk(GetParam().seed, Pace::kHasty));
   EXPECT_GT(model().sweepsDone(), 0);
   ASSERT_NO_FATAL_FAILURE(expectThatTheSystemCanBeSavedAndOpened());
 }
