@@ -89,6 +89,13 @@ bool nothingDrawnSince(RandomSource then) {
   return then.next() == now.next();
 }
 
+std::string checkUntouched(OpenStatus status, const std::string& before, const std::string& after,
+                           const RandomSource& source) {
+  if (status == OpenStatus::kOpened) return "opened without a header";
+  if (after != before) return "the model changed without a header";
+  return nothingDrawnSince(source) ? "" : "numbers were drawn without a header";
+}
+
 }  // namespace
 
 std::string checkDocument(std::string_view text) {
@@ -101,12 +108,10 @@ std::string checkDocument(std::string_view text) {
   bool announced = false;
   const OpenResult result =
       readDocument(model, text, [&announced](const DocumentHeader&) { announced = true; });
-  if (std::string wrong = checkResult(result, inspected); !wrong.empty()) return wrong;
-  if (!announced && stateOf(model) != before) return "the model changed without a header";
-  if (!announced && !nothingDrawnSince(source)) return "numbers were drawn without a header";
-  if (!announced) return result.status == OpenStatus::kOpened ? "opened without a header" : "";
-  std::string wrong = checkApplied(model, result.status);
-  fresh.used();
+  std::string wrong = checkResult(result, inspected);
+  if (wrong.empty() && !announced) wrong = checkUntouched(result.status, before, stateOf(model), source);
+  if (wrong.empty() && announced) wrong = checkApplied(model, result.status);
+  if (announced || !wrong.empty()) fresh.used();
   return wrong;
 }
 
