@@ -22,16 +22,22 @@ std::string escaped(unsigned char c) {
 }
 
 /// Bytes of the printable character at the start of the text; 0 if there is none. Control characters of
-/// Unicode (U+0080 to U+009F) act on some terminals.
+/// Unicode (U+0080 to U+009F) act on some terminals; a longer form than needed, half a surrogate pair and
+/// what is beyond Unicode are no characters.
 std::size_t printableAt(std::string_view text) {
   const auto byte = [&](std::size_t k) { return static_cast<unsigned char>(text[k]); };
   const unsigned char first = byte(0);
   if (first < 0x80) return first >= ' ' && first != 0x7f ? 1 : 0;
   const std::size_t length = first >= 0xf0 ? 4 : first >= 0xe0 ? 3 : 2;
   if (first < 0xc2 || first > 0xf4 || text.size() < length) return 0;
-  for (std::size_t k = 1; k < length; ++k)
+  char32_t character = first & (0x7f >> length);
+  for (std::size_t k = 1; k < length; ++k) {
     if ((byte(k) & 0xc0) != 0x80) return 0;
-  return first == 0xc2 && byte(1) < 0xa0 ? 0 : length;
+    character = character << 6 | (byte(k) & 0x3f);
+  }
+  constexpr char32_t lowest[] = {0, 0, 0xa0, 0x800, 0x10000};
+  const bool surrogate = character >= 0xd800 && character <= 0xdfff;
+  return character < lowest[length] || surrogate || character > 0x10ffff ? 0 : length;
 }
 
 }  // namespace

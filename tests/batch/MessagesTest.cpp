@@ -23,6 +23,15 @@ TEST(Message, ShowsUtf8AsItIsAndOtherBytesAsEscapes) {
   EXPECT_EQ(inQuotes("\xe2\x82"), R"("\xe2\x82")");
 }
 
+TEST(Message, ShowsWhatOnlyLooksLikeUtf8AsEscapes) {
+  EXPECT_EQ(inQuotes("\xe0\x80\x80"), R"("\xe0\x80\x80")");  // longer than needed
+  EXPECT_EQ(inQuotes("\xf0\x82\x82\xac"), R"("\xf0\x82\x82\xac")");
+  EXPECT_EQ(inQuotes("\xe0\x82\x9b"), R"("\xe0\x82\x9b")");          // a control character, so written
+  EXPECT_EQ(inQuotes("\xed\xa0\x80"), R"("\xed\xa0\x80")");          // half a surrogate pair
+  EXPECT_EQ(inQuotes("\xf4\x90\x80\x80"), R"("\xf4\x90\x80\x80")");  // beyond the last character
+  EXPECT_EQ(inQuotes("\xed\x9f\xbf\xf4\x8f\xbf\xbf"), "\"\xed\x9f\xbf\xf4\x8f\xbf\xbf\"");
+}
+
 TEST(Message, OfALibrarysFailureIsInPlainWords) {
   EXPECT_EQ(lineOf(std::bad_alloc(), "\"x\""), "\"x\": out of memory");
   EXPECT_EQ(lineOf(std::system_error(std::make_error_code(std::errc::io_error), "std::thing"), "\"x\""),

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+#include "document/ParsedDocument.h"
+
+namespace quorvane {
+
+/// A whole document as text again, in the form in which documents are saved.
+std::string printedDocument(const ParsedDocument& document);
+
+}  // namespace quorvane

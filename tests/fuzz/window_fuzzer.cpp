@@ -1,0 +1,36 @@
+// One walk of the window's random user, of the seed in QUORVANE_SEED and for the seconds in QUORVANE_SECONDS
+// at most; the seed also decides what the walk begins with. Each walk has a process of its own, because the
+// draws of the lattice go on from walk to walk.
+#include <QDir>
+#include <iostream>
+
+#include "RandomWalk.h"
+
+namespace quorvane {
+namespace {
+
+/// An example document, or none.
+QString startOf(unsigned seed) {
+  const QStringList examples = QDir(EXAMPLES).entryList({"*.quorvane"}, QDir::Files, QDir::Name);
+  const auto place = static_cast<qsizetype>(seed) % (examples.size() + 1);
+  return place == examples.size() ? QString() : QString(examples[place]).chopped(9);
+}
+
+class WindowFuzzer : public RandomWalkTest {
+  /// Said at once, so that a crash leaves the acts before it.
+  void acted(const QString& what) override { std::cout << what.toStdString() << std::endl; }
+};
+
+TEST_F(WindowFuzzer, Walks) {
+  bool isNumber = false;
+  const unsigned seed = qEnvironmentVariable("QUORVANE_SEED").toUInt(&isNumber);
+  ASSERT_TRUE(isNumber) << "QUORVANE_SEED is not set";
+  const int seconds = qEnvironmentVariable("QUORVANE_SECONDS", "3600").toInt();
+  SCOPED_TRACE("QUORVANE_SEED=" + std::to_string(seed));
+  ASSERT_NO_FATAL_FAILURE(begin(startOf(seed)));
+  ASSERT_NO_FATAL_FAILURE(walk(seed, Pace::kRepeatable, std::chrono::seconds(seconds)));
+  ASSERT_NO_FATAL_FAILURE(expectThatTheSystemCanBeSavedAndOpened());
+}
+
+}  // namespace
+}  // namespace quorvane
