@@ -12,6 +12,20 @@
 
 namespace quorvane::gui {
 
+namespace {
+
+/// The window system hands the keyboard back in its own time, or to nobody where a panel went together with a
+/// message that stood before it.
+void waitForTheKeyboard() {
+  const auto someWindowHasIt = [] { return QApplication::activeWindow() != nullptr; };
+  if (waitUntil(someWindowHasIt, std::chrono::milliseconds(1500))) return;
+  for (QWidget* window : QApplication::topLevelWidgets())
+    if (window->isVisible()) window->activateWindow();
+  waitUntil(someWindowHasIt);
+}
+
+}  // namespace
+
 bool withFilePanel(const std::function<void()>& open, const std::function<void(QFileDialog&)>& deal) {
   // The panel runs an event loop of its own until it is dealt with.
   bool dealt = false;
@@ -24,8 +38,7 @@ bool withFilePanel(const std::function<void()>& open, const std::function<void(Q
   });
   poll.start(20);
   open();
-  // The window system hands the keyboard back in its own time.
-  waitUntil([] { return QApplication::activeWindow() != nullptr; });
+  waitForTheKeyboard();
   return dealt;
 }
 

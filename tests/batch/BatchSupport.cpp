@@ -83,18 +83,20 @@ std::string whyNoTerminal() {
   return {};
 }
 
-Finished runBatchProgramOnTerminal(const std::vector<std::string>& arguments, TerminalWidth width) {
+Finished runBatchProgramOnTerminal(const std::vector<std::string>& arguments, const Terminal& screen) {
   int terminal = -1;
-  winsize size = {24, width.atFirst, 0, 0};
+  winsize size = {24, screen.columns, 0, 0};
   const pid_t process = ::forkpty(&terminal, nullptr, nullptr, &size);
   if (process < 0) throw std::runtime_error("no terminal");
   if (process == 0) becomeBatchProgram(arguments);
   Finished finished;
   char block[4096];
+  int outputs = 0;
   for (ssize_t count; (count = ::read(terminal, block, sizeof block)) > 0;) {
     finished.out.append(block, static_cast<std::size_t>(count));
-    if (width.behindFirstOutput > 0) size.ws_col = width.behindFirstOutput;
+    if (screen.columnsBehindFirstOutput > 0) size.ws_col = screen.columnsBehindFirstOutput;
     ::ioctl(terminal, TIOCSWINSZ, &size);
+    if (++outputs == screen.mostOutputs) ::kill(process, SIGTERM);
   }
   finished.status = waitFor(process);
   ::close(terminal);

@@ -45,14 +45,15 @@ Finished runBatchProgram(const std::vector<std::string>& arguments, const std::s
 /// Why no terminal can be had here, as in some containers; empty where one can.
 std::string whyNoTerminal();
 
-/// Columns of a terminal, 0 for one that does not know.
-struct TerminalWidth {
-  unsigned short atFirst = 0;
-  unsigned short behindFirstOutput = 0;
+/// A terminal for a run. Columns are 0 for one that does not know.
+struct Terminal {
+  unsigned short columns = 0;
+  unsigned short columnsBehindFirstOutput = 0;
+  int mostOutputs = 1'000'000;  ///< then the run is asked to end
 };
 
 /// Runs quorvane-batch with everything on a terminal; out is what the terminal received.
-Finished runBatchProgramOnTerminal(const std::vector<std::string>& arguments, TerminalWidth width = {});
+Finished runBatchProgramOnTerminal(const std::vector<std::string>& arguments, const Terminal& screen = {});
 
 /// The rows of a CSV of populations behind its first line.
 std::vector<std::vector<long>> rowsOf(const std::string& csv);

@@ -52,19 +52,23 @@ class ProgressOnATerminal : public Runner {
   void SetUp() override {
     if (const auto why = whyNoTerminal(); !why.empty()) GTEST_SKIP() << why;
   }
-  /// What a run that goes on for seconds shows.
-  std::vector<std::string> shown(TerminalWidth width) const {
-    return linesOf(
-        runBatchProgramOnTerminal(
-            {kExample, "--sweeps", "12000", "--populations", populations_, "--every", "12000"}, width)
-            .out);
+  /// What a run shows in its first seconds.
+  std::vector<std::string> shown(unsigned short columns, unsigned short columnsBehindFirstOutput = 0) const {
+    constexpr int outputs = 8;
+    auto lines = linesOf(runBatchProgramOnTerminal({kExample, "--sweeps", "12000", "--populations",
+                                                    populations_, "--every", "12000"},
+                                                   {columns, columnsBehindFirstOutput, outputs})
+                             .out);
+    // Where it was asked to end it says so, in a line that need not fit.
+    if (!lines.empty() && lines.back().find("stopped after") != std::string::npos) lines.pop_back();
+    return lines;
   }
 };
 
 TEST_F(ProgressOnATerminal, FitsItsWidthAndSaysTheTimeLeft) {
   for (const unsigned short columns : std::initializer_list<unsigned short>{20, 200}) {
     bool saysTimeLeft = false;
-    for (const std::string& line : shown({columns, 0})) {
+    for (const std::string& line : shown(columns)) {
       EXPECT_LT(line.size(), columns) << line;
       saysTimeLeft = saysTimeLeft || line.ends_with(" left");
     }
@@ -73,7 +77,7 @@ TEST_F(ProgressOnATerminal, FitsItsWidthAndSaysTheTimeLeft) {
 }
 
 TEST_F(ProgressOnATerminal, FitsTheNewWidthAfterAResize) {
-  const auto narrower = shown({200, 20});
+  const auto narrower = shown(200, 20);
   ASSERT_GT(narrower.size(), 4u);
   EXPECT_THAT(narrower[1], HasSubstr("sweep 0 of 12000"));
   for (std::size_t k = 3; k < narrower.size(); ++k) EXPECT_LT(narrower[k].size(), 20u) << narrower[k];
