@@ -7,6 +7,7 @@
 #include "app/EndSignals.h"
 #include "app/KeptFolder.h"
 #include "app/MainWindow.h"
+#include "process/StopSignals.h"
 
 namespace quorvane {
 namespace {

@@ -9,10 +9,10 @@
 
 #include "batch/Progress.h"
 #include "batch/Recorder.h"
-#include "batch/StopSignals.h"
 #include "batch/Streams.h"
 #include "document/ModelDocument.h"
 #include "document/PartialFiles.h"
+#include "process/StopSignals.h"
 
 namespace quorvane {
 namespace {

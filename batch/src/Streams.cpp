@@ -59,6 +59,11 @@ std::optional<SignalsHeld> signalsHeldFor(const std::filesystem::path& target) {
   return std::optional<SignalsHeld>(std::in_place);
 }
 
+bool mayWaitForReader(std::chrono::milliseconds stalled) {
+  constexpr std::chrono::seconds longest{5};
+  return stopSignal() == 0 || stalled < longest;
+}
+
 void writeStandardOutput(std::string_view content) {
   if (const auto error = writeToOutlet(STDOUT_FILENO, content, mayWaitForReader))
     throw BatchFailure(kStandardOutput, error.message());

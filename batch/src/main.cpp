@@ -3,10 +3,10 @@
 #include <variant>
 
 #include "batch/RunBatch.h"
-#include "batch/StopSignals.h"
 #include "batch/Streams.h"
 #include "document/ModelDocument.h"
 #include "engine/f_ran0.h"
+#include "process/StopSignals.h"
 
 namespace quorvane {
 namespace {

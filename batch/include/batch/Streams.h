@@ -1,12 +1,13 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "batch/Messages.h"
-#include "batch/StopSignals.h"
+#include "process/StopSignals.h"
 
 /// Where the runner reads and writes: files, and standard input and output, which "-" stands for.
 namespace quorvane {
@@ -27,6 +28,10 @@ void checkOutput(const std::filesystem::path& target);
 /// For as long as a file is written. A device or a pipe may never take what is written to it, and leaves no
 /// half file, so signals do not wait for it.
 std::optional<SignalsHeld> signalsHeldFor(const std::filesystem::path& target);
+
+/// Whether a reader that has taken nothing for so long is waited for: always, but only five seconds once the
+/// run has been asked to stop.
+bool mayWaitForReader(std::chrono::milliseconds stalled);
 
 /// Writes to standard output. Throws BatchFailure.
 void writeStandardOutput(std::string_view content);

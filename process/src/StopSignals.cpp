@@ -1,8 +1,10 @@
-#include "batch/StopSignals.h"
+#include "process/StopSignals.h"
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <atomic>
+#include <cerrno>
 #include <cstdint>
 #include <ctime>
 
@@ -11,6 +13,8 @@ namespace {
 
 constexpr int kStopSignals[] = {SIGINT, SIGTERM, SIGHUP};
 
+/// A handler may do next to nothing, but it may write to a pipe, whose reader is an event loop.
+int pipeEnds[2] = {-1, -1};
 std::atomic<int> askedBy{0};
 std::atomic<std::int64_t> askedAt{0};
 static_assert(std::atomic<int>::is_always_lock_free && std::atomic<std::int64_t>::is_always_lock_free,
@@ -38,14 +42,23 @@ std::int64_t milliseconds() {
   return std::int64_t{1000} * now.tv_sec + now.tv_nsec / 1'000'000;
 }
 
+void wakeEventLoop() {
+  const int before = errno;
+  const char any = 0;
+  if (pipeEnds[1] >= 0) static_cast<void>(!::write(pipeEnds[1], &any, 1));
+  errno = before;
+}
+
 extern "C" void onStopSignal(int signal) {
   constexpr std::int64_t sameWish = 1000;
   int nobody = 0;
   // Other stop signals wait while this one is handled.
-  if (askedBy.compare_exchange_strong(nobody, signal))
+  if (askedBy.compare_exchange_strong(nobody, signal)) {
     askedAt = milliseconds();
-  else if (milliseconds() - askedAt >= sameWish)
+    wakeEventLoop();
+  } else if (milliseconds() - askedAt >= sameWish) {
     endBySignal(signal);
+  }
 }
 
 }  // namespace
@@ -64,9 +77,9 @@ void endBySignal(int signal) {
 
 int stopSignal() { return askedBy; }
 
-bool mayWaitForReader(std::chrono::milliseconds stalled) {
-  constexpr std::chrono::seconds longest{5};
-  return stopSignal() == 0 || stalled < longest;
+int stopSignalDescriptor() {
+  if (pipeEnds[0] < 0) static_cast<void>(!::pipe2(pipeEnds, O_CLOEXEC | O_NONBLOCK));
+  return pipeEnds[0];
 }
 
 SignalsHeld::SignalsHeld() {
