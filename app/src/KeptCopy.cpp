@@ -40,7 +40,7 @@ SaveResult KeptCopy::write(std::string_view document) {
   int file = -1;
   for (int attempt = 0; attempt < attempts && !isAt(path, file); ++attempt) {
     if (file >= 0) ::close(file);
-    const SaveResult result = writeNext(folder_, document, path);
+    SaveResult result = writeNext(folder_, document, path);
     if (!result.saved) return result;
     file = ::open(path.c_str(), O_RDWR | O_NOFOLLOW | O_CLOEXEC);
     if (file >= 0) markInUse(file);

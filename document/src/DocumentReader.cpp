@@ -26,6 +26,7 @@ constexpr int kNoType = -1;
 template <typename Block>
 std::vector<SharedName> namesOf(const std::vector<Block>& blocks) {
   std::vector<SharedName> names;
+  names.reserve(blocks.size());
   for (const Block& block : blocks) names.emplace_back(block.name);
   return names;
 }

@@ -91,12 +91,15 @@ Finished runBatchProgramOnTerminal(const std::vector<std::string>& arguments, co
   if (process == 0) becomeBatchProgram(arguments);
   Finished finished;
   char block[4096];
-  int outputs = 0;
+  bool asked = false;
   for (ssize_t count; (count = ::read(terminal, block, sizeof block)) > 0;) {
     finished.out.append(block, static_cast<std::size_t>(count));
     if (screen.columnsBehindFirstOutput > 0) size.ws_col = screen.columnsBehindFirstOutput;
     ::ioctl(terminal, TIOCSWINSZ, &size);
-    if (++outputs == screen.mostOutputs) ::kill(process, SIGTERM);
+    if (!asked && screen.isEnough(finished.out)) {
+      asked = true;
+      ::kill(process, SIGTERM);
+    }
   }
   finished.status = waitFor(process);
   ::close(terminal);

@@ -49,7 +49,8 @@ std::string whyNoTerminal();
 struct Terminal {
   unsigned short columns = 0;
   unsigned short columnsBehindFirstOutput = 0;
-  int mostOutputs = 1'000'000;  ///< then the run is asked to end
+  /// Whether a run that has written this much is asked to end.
+  std::function<bool(const std::string&)> isEnough = [](const std::string&) { return false; };
 };
 
 /// Runs quorvane-batch with everything on a terminal; out is what the terminal received.

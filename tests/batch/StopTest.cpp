@@ -43,6 +43,14 @@ class FullPipe {
   int ends_[2] = {-1, -1};
 };
 
+/// True while a process of one thread waits, which a run does only for a reader.
+bool isWaiting(pid_t process) {
+  const std::string status = contentOf("/proc/" + std::to_string(process) + "/stat");
+  // The name in parentheses may hold anything.
+  const auto name = status.rfind(')');
+  return name != std::string::npos && status.compare(name, 3, ") S") == 0;
+}
+
 class Stop : public Runner {
  protected:
   std::vector<std::string> endlessRun() const {
@@ -151,7 +159,7 @@ TEST_F(Stop, OnceEndsAWaitForAReaderThatTakesNothing) {
   BatchProcess process(
       {document_, "--sweeps", "9000000000000000000", "--populations", "-", "--output", output_}, "",
       pipe.end());
-  ASSERT_TRUE(waitUntil([&] { return pipe.isFull(); }));
+  ASSERT_TRUE(waitUntil([&] { return pipe.isFull() && isWaiting(process.id()); }));
   process.signal(SIGTERM);
   const Finished finished = process.wait();
   EXPECT_EQ(finished.status, 1);
@@ -165,7 +173,7 @@ TEST_F(Stop, ASecondTimeEndsAtOnceAndWritesNothing) {
       {document_, "--sweeps", "9000000000000000000", "--populations", "-", "--output", output_}, "",
       pipe.end());
   // Whoever writes on now hangs.
-  ASSERT_TRUE(waitUntil([&] { return pipe.isFull(); }));
+  ASSERT_TRUE(waitUntil([&] { return pipe.isFull() && isWaiting(process.id()); }));
   process.signal(SIGINT);
   std::this_thread::sleep_for(kSecondSignalCounts);
   process.signal(SIGTERM);
