@@ -94,7 +94,9 @@ Finished runBatchProgramOnTerminal(const std::vector<std::string>& arguments, co
   bool asked = false;
   for (ssize_t count; (count = ::read(terminal, block, sizeof block)) > 0;) {
     finished.out.append(block, static_cast<std::size_t>(count));
-    if (screen.columnsBehindFirstOutput > 0) size.ws_col = screen.columnsBehindFirstOutput;
+    // A line may come in two pieces.
+    const bool hasLine = finished.out.find('%') != std::string::npos;
+    if (hasLine && screen.columnsBehindFirstLine > 0) size.ws_col = screen.columnsBehindFirstLine;
     ::ioctl(terminal, TIOCSWINSZ, &size);
     if (!asked && screen.isEnough(finished.out)) {
       asked = true;

@@ -48,7 +48,7 @@ std::string whyNoTerminal();
 /// A terminal for a run. Columns are 0 for one that does not know.
 struct Terminal {
   unsigned short columns = 0;
-  unsigned short columnsBehindFirstOutput = 0;
+  unsigned short columnsBehindFirstLine = 0;
   /// Whether a run that has written this much is asked to end.
   std::function<bool(const std::string&)> isEnough = [](const std::string&) { return false; };
 };

@@ -53,14 +53,14 @@ class ProgressOnATerminal : public Runner {
     if (const auto why = whyNoTerminal(); !why.empty()) GTEST_SKIP() << why;
   }
   /// What a run shows until it has said the time left, in some lines at least.
-  std::vector<std::string> shown(unsigned short columns, unsigned short columnsBehindFirstOutput = 0) const {
+  std::vector<std::string> shown(unsigned short columns, unsigned short columnsBehindFirstLine = 0) const {
     const auto isEnough = [](const std::string& out) {
       constexpr std::size_t lines = 6;
       return linesOf(out).size() > lines && out.find(" left") != std::string::npos;
     };
     auto lines = linesOf(runBatchProgramOnTerminal({kExample, "--sweeps", "12000", "--populations",
                                                     populations_, "--every", "12000"},
-                                                   {columns, columnsBehindFirstOutput, isEnough})
+                                                   {columns, columnsBehindFirstLine, isEnough})
                              .out);
     // Where it was asked to end it says so, in a line that need not fit.
     if (!lines.empty() && lines.back().find("stopped after") != std::string::npos) lines.pop_back();
