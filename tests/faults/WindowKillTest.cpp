@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <csignal>
 #include <random>
 
@@ -32,8 +33,11 @@ TEST(WindowKilled, WhileItSavesLeavesAWholeDocumentAndTheNextSaveTidiesUp) {
     const std::string before = contentOf(saved);
     Program window(SAVING_WINDOW, {EXAMPLE, saved});
     // Its first save shows that it is at it.
-    while (contentOf(saved) == before)
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    while (contentOf(saved) == before) {
       ASSERT_FALSE(window.waitFor(std::chrono::milliseconds(2))) << window.errors();
+      ASSERT_LT(std::chrono::steady_clock::now(), deadline) << "nothing is saved";
+    }
     EXPECT_FALSE(window.waitFor(std::chrono::microseconds(moment(random)))) << window.errors();
     window.kill();
     EXPECT_EQ(window.wait(), -SIGKILL);

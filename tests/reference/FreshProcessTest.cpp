@@ -12,7 +12,7 @@ using ::testing::ElementsAre;
 
 /// What a process of its own prints, as numbers.
 std::vector<double> firstDraws(const std::string& of, int count) {
-  const std::string command = std::string("'") + FIRST_DRAWS + "' " + of + " " + std::to_string(count);
+  const std::string command = "'" FIRST_DRAWS "' " + of + " " + std::to_string(count);
   std::FILE* output = popen(command.c_str(), "r");
   std::vector<double> draws;
   if (output == nullptr) return draws;
