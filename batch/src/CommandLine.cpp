@@ -43,6 +43,7 @@ void recogniseStandardOutput(std::optional<std::filesystem::path>& target) {
 }
 
 void requireSense(BatchOptions& options) {
+  if (options.document.empty()) refuse("DOCUMENT: the name is empty");
   for (auto* target : {&options.output, &options.populations, &options.picture})
     recogniseStandardOutput(*target);
   if (options.frames && isStandardStream(*options.frames))

@@ -78,9 +78,8 @@ const Option* findOption(std::string_view name) {
 std::optional<std::string> wrongWord(const std::vector<std::string>& words) {
   for (std::size_t k = 0; k < words.size(); ++k) {
     const std::string& word = words[k];
-    if (word.empty()) return "DOCUMENT: the name is empty";
     if (word == "--help" || word == "-h" || word == "--version" || word == "--") return std::nullopt;
-    if (word == "-" || word[0] != '-') continue;
+    if (word == "-" || !word.starts_with('-')) continue;
     const auto equals = word.find('=');
     const Option* option = findOption(word.substr(0, equals));
     if (!option) return unknown(word.substr(0, equals));

@@ -118,6 +118,7 @@ TEST(CommandLine, SaysWhatIsWrongWithAWord) {
   expectError({"in", "--x\ny"}, "unknown option \"--x\\ny\"");
   expectError({"in", "--trace=false"}, "--trace: takes no value");
   expectError({"", "--sweeps", "1"}, "DOCUMENT: the name is empty");
+  expectError({"--sweeps", "1", "--output", "a", "--", ""}, "DOCUMENT: the name is empty");
   expectError({"in", "--sweeps", "1", "--output", ""}, "--output: needs a name");
   expectError({"in", "--sweeps", "1", "--output="}, "--output: needs a name");
 }
