@@ -31,13 +31,13 @@ QString rowsOfTypes(const std::vector<PixelTypeBlock>& types) {
   for (std::size_t t = 0; t < types.size(); ++t)
     if (types[t].numLines > 0)
       rows += "<tr><td width='14' style='border:1px solid gray' " + swatch(types[t]) +
-              "></td><td style='padding-left:5px'>" + titled(t, types[t].name) + "</td></tr>";
+              "></td><td style='padding-left:5px'>" + titled(t, types[t].name.text()) + "</td></tr>";
   return "<table cellspacing='1' style='border-collapse:collapse'>" + rows + "</table>";
 }
 
 QString linesOfRules(const std::vector<RuleBlock>& rules) {
   QString lines;
-  for (std::size_t r = 0; r < rules.size(); ++r) lines += titled(r, rules[r].name) + "<br>";
+  for (std::size_t r = 0; r < rules.size(); ++r) lines += titled(r, rules[r].name.text()) + "<br>";
   return lines;
 }
 

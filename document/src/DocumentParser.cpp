@@ -1,5 +1,8 @@
 #include "DocumentParser.h"
 
+#include <variant>
+
+#include "DocumentFields.h"
 #include "document/DocumentFile.h"
 #include "document/LineParsers.h"
 
@@ -7,7 +10,7 @@ namespace quorvane {
 namespace {
 
 /// Names a value for messages, which are made only when something is wrong.
-struct Field {
+struct FieldName {
   const char* name;
   const char* owner = nullptr;
   int index = 0;
@@ -24,11 +27,7 @@ struct Field {
 
 struct EndOfText {
   int lastLine;
-  Field expected;
-};
-
-struct Range {
-  int lowest, highest;
+  FieldName expected;
 };
 
 std::string atLine(int line, const std::string& what) { return "line " + std::to_string(line) + ": " + what; }
@@ -46,7 +45,7 @@ class LineReader {
  public:
   explicit LineReader(std::string_view text) : rest_(text) {}
 
-  std::string_view line(const Field& field) {
+  std::string_view line(const FieldName& field) {
     if (atEnd_) throw EndOfText{lineNumber_, field};
     ++lineNumber_;
     const auto end = rest_.find('\n');
@@ -55,21 +54,21 @@ class LineReader {
     if (!atEnd_) rest_.remove_prefix(end + 1);
     return line;
   }
-  std::string_view name(const Field& field) {
+  std::string_view name(const FieldName& field) {
     const std::string_view text = line(field);
     if (text.size() > kMaxNameLength)
       refuse(lineNumber_, field.text() + " must have " + std::to_string(kMaxNameLength) +
                               " characters at most, not " + std::to_string(text.size()));
     return text;
   }
-  int whole(const Field& field) { return fileReadINTFromLine(line(field)); }
-  double real(const Field& field) { return fileReadDBLFromLine(line(field)); }
-  int wholeWithin(Range range, const Field& field) {
+  int whole(const FieldName& field) { return fileReadINTFromLine(line(field)); }
+  double real(const FieldName& field) { return fileReadDBLFromLine(line(field)); }
+  int wholeWithin(FieldLimits limits, const FieldName& field) {
     const std::string_view text = line(field);
     const int value = fileReadINTFromLine(text);
-    if (value < range.lowest || value > range.highest)
-      refuse(lineNumber_, field.text() + " must be " + std::to_string(range.lowest) + " to " +
-                              std::to_string(range.highest) + ", not " + quoted(text));
+    if (value < limits.lowest || value > limits.highest)
+      refuse(lineNumber_, field.text() + " must be " + std::to_string(limits.lowest) + " to " +
+                              std::to_string(limits.highest) + ", not " + quoted(text));
     return value;
   }
 
@@ -88,7 +87,7 @@ class LineReader {
 
 class Parser {
  public:
-  Parser(std::string_view text, const RowLengths& rows) : in_(text), rows_(rows) {}
+  Parser(std::string_view text, const RowCounts& rows) : in_(text), rows_(rows) {}
 
   ParsedDocument parse() {
     try {
@@ -105,14 +104,10 @@ class Parser {
 
  private:
   int numTypes() const { return result_.header->numTypes; }
-  Range types() const { return {0, numTypes() - 1}; }
-  Range typesOrNone() const { return {-1, numTypes() - 1}; }
 
   void parseHeader() {
     DocumentHeader header;
-    header.imax = in_.wholeWithin({1, kMaxSide}, {"number of sites across"});
-    header.jmax = in_.wholeWithin({1, kMaxSide}, {"number of sites upwards"});
-    header.numTypes = in_.wholeWithin({1, kMaxPixelTypes}, {"number of pixel types"});
+    for (const auto& field : kHeaderFields) parseField(header, field, {field.name});
     result_.header = header;
   }
 
@@ -121,55 +116,49 @@ class Parser {
     result_.sites.reserve(static_cast<std::size_t>(imax) * static_cast<std::size_t>(jmax));
     for (int i = 0; i < imax; ++i)
       for (int j = 0; j < jmax; ++j)
-        result_.sites.push_back(in_.wholeWithin(types(), {"pixel type", "site", i, j}));
+        result_.sites.push_back(in_.wholeWithin({0, numTypes - 1}, {"pixel type", "site", i, j}));
   }
 
   void parsePixelType(int t) {
     PixelTypeBlock& block = result_.types.emplace_back();
-    const auto field = [t](const char* name) { return Field{name, "pixel type", t}; };
-    const auto keep = [&block](auto& member, const auto& value) {
-      member = value;
+    for (const auto& field : kPixelTypeFields) {
+      parseField(block, field, {field.name, "pixel type", t});
       ++block.numLines;
-    };
-    keep(block.name, in_.name(field("name")));
-    keep(block.immobile, in_.whole(field("immobile flag")));
-    keep(block.masquerade, in_.wholeWithin(typesOrNone(), field("masquerade")));
-    keep(block.red, in_.real(field("red")));
-    keep(block.green, in_.real(field("green")));
-    keep(block.blue, in_.real(field("blue")));
-    keep(block.persistence, in_.real(field("persistence")));
-    keep(block.alpha, in_.real(field("transparency")));
-    keep(block.field, in_.real(field("field")));
+    }
   }
 
   void parseRule(int r) {
+    const int lineOfType = in_.lineNumber() + lineOf(kRuleFields, &RuleBlock::type);
     RuleBlock rule;
-    const auto field = [r](const char* name) { return Field{name, "rule", r}; };
-    rule.name = in_.name(field("name"));
-    rule.disabled = in_.whole(field("disabled flag"));
-    rule.ignoreEnergy = in_.whole(field("ignore-energy flag"));
-    rule.type = in_.whole(field("type"));
-    const int lineOfType = in_.lineNumber();
-    rule.endA = in_.wholeWithin(typesOrNone(), field("end point A"));
-    rule.endB = in_.wholeWithin(typesOrNone(), field("end point B"));
-    rule.param = in_.real(field("parameter"));
-    rule.facNum = in_.whole(field("facilitation number"));
-    rule.facPixel = in_.wholeWithin(typesOrNone(), field("facilitation type"));
+    for (const auto& field : kRuleFields) parseField(rule, field, {field.name, "rule", r});
     enterRows(rule, r, lineOfType);
     result_.rules.push_back(std::move(rule));
   }
 
-  /// Counts the places that LatticeModel::makeNewRule will need.
-  void enterRows(const RuleBlock& rule, int r, int line) {
-    const bool flipsBothWays = rule.type == kReversibleFlip;
-    if (rule.type == kIrreversibleFlip || rule.type == kSwap || flipsBothWays)
-      enterRowsOf(rule.endA, r, line);
-    if (flipsBothWays) enterRowsOf(rule.endB, r, line);
+  template <class Block, class... Kinds>
+  void parseField(Block& block, const DocumentField<Block, Kinds...>& field, const FieldName& name) {
+    std::visit([&](const auto member) { parseValue(block.*member, field.limits, name); }, field.member);
   }
-  void enterRowsOf(int end, int r, int line) {
-    for (int t = 0; t < numTypes(); ++t) {
-      if (end != kAnyPixelType && end != t) continue;
-      if (++rows_[static_cast<std::size_t>(t)] > kMaxRules)
+  void parseValue(SharedName& value, const std::optional<FieldLimits>&, const FieldName& field) {
+    value = std::string(in_.name(field));
+  }
+  void parseValue(double& value, const std::optional<FieldLimits>&, const FieldName& field) {
+    value = in_.real(field);
+  }
+  void parseValue(int& value, const std::optional<FieldLimits>& limits, const FieldName& field) {
+    if (!limits) {
+      value = in_.whole(field);
+      return;
+    }
+    const int highest = limits->highest == kLastType ? numTypes() - 1 : limits->highest;
+    value = in_.wholeWithin({limits->lowest, highest}, field);
+  }
+
+  void enterRows(const RuleBlock& rule, int r, int line) {
+    const RowCounts entries = rowEntries(rule.type, rule.endA, rule.endB, numTypes());
+    for (std::size_t t = 0; t < rows_.size(); ++t) {
+      rows_[t] += entries[t];
+      if (rows_[t] > kMaxRules)
         in_.refuse(line, "rule " + std::to_string(r) + " does not fit: pixel type " + std::to_string(t) +
                              " has " + std::to_string(kMaxRules) +
                              " rules already, a reversible flip counting once for each of its ends");
@@ -177,13 +166,13 @@ class Parser {
   }
 
   LineReader in_;
-  RowLengths rows_;
+  RowCounts rows_;
   ParsedDocument result_;
 };
 
 }  // namespace
 
-ParsedDocument parseDocument(std::string_view text, const RowLengths& rows) {
+ParsedDocument parseDocument(std::string_view text, const RowCounts& rows) {
   return Parser(text, rows).parse();
 }
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <array>
 #include <stdexcept>
 #include <string_view>
 
 #include "document/ParsedDocument.h"
+#include "model/RuleRows.h"
 
 namespace quorvane {
 
@@ -14,11 +14,8 @@ class DocumentRefused : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// How many rules stand in each pixel type's row.
-using RowLengths = std::array<int, kMaxPixelTypes>;
-
 /// Takes a document apart and checks every value against the limits; throws DocumentRefused at the first one
-/// outside. The rules must fit into the rows beside what stands in them.
-ParsedDocument parseDocument(std::string_view text, const RowLengths& rows);
+/// outside. The rules must fit into the rows beside the entries that these have.
+ParsedDocument parseDocument(std::string_view text, const RowCounts& rows);
 
 }  // namespace quorvane

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "Ascii.h"
+#include "DocumentFields.h"
 #include "DocumentParser.h"
 #include "document/DocumentFile.h"
 #include "document/FileError.h"
@@ -13,23 +14,14 @@
 namespace quorvane {
 namespace {
 
-RowLengths rowLengthsOf(const LatticeModel& model) {
-  RowLengths lengths;
-  for (std::size_t t = 0; t < lengths.size(); ++t) lengths[t] = model.varAccessibleRulesForSiteIDCount[t];
-  return lengths;
+RowCounts rowCountsOf(const LatticeModel& model) {
+  RowCounts counts;
+  for (std::size_t t = 0; t < counts.size(); ++t) counts[t] = model.varAccessibleRulesForSiteIDCount[t];
+  return counts;
 }
 
 /// The type of a site behind the end of a text that was cut short, in a layout that draws no random numbers.
 constexpr int kNoType = -1;
-
-/// Strings of a model's own. They are made before the model is touched, which needs no memory from then on.
-template <typename Block>
-std::vector<SharedName> namesOf(const std::vector<Block>& blocks) {
-  std::vector<SharedName> names;
-  names.reserve(blocks.size());
-  for (const Block& block : blocks) names.emplace_back(block.name);
-  return names;
-}
 
 void setSites(LatticeModel& model, const DocumentHeader& header, const std::vector<int>& sites) {
   int k = 0;
@@ -45,38 +37,14 @@ void applyLattice(LatticeModel& model, const DocumentHeader& header, const std::
   for (int t = 0; t < header.numTypes; ++t) model.reinitHistory(t);
 }
 
-void applyPixelType(LatticeModel& model, int t, const PixelTypeBlock& block, const SharedName& name) {
-  const int numLines = block.numLines;
-  if (numLines >= 1) model.setPixelName(t, name);
-  if (numLines >= 2) model.setPixelImmobile(t, block.immobile);
-  if (numLines >= 3) model.setPixelMasqueradeAs(t, block.masquerade);
-  if (numLines >= PixelTypeBlock::kLinesToColor) model.setPixelColor(t, block.red, block.green, block.blue);
-  if (numLines >= 7) model.setPixelPersistence(t, block.persistence);
-  if (numLines >= 8) model.setPixelAlpha(t, block.alpha);
-  if (numLines >= 9) model.setPixelField(t, block.field);
-}
-
-void applyRule(LatticeModel& model, int r, const RuleBlock& rule, const SharedName& name) {
-  model.makeNewRule(name, rule.type, rule.endA, rule.endB);
-  // The flag comes first: it decides which table the pair energies go to.
-  model.setRuleDisabled(r, rule.disabled);
-  model.setRuleIgnoreEnergy(r, rule.ignoreEnergy);
-  model.setRuleParam(r, rule.param);
-  model.setRuleFacNum(r, rule.facNum);
-  model.setRuleFacPixel(r, rule.facPixel);
-  if (rule.type == kPixelPixelInteraction) model.setInteractionParams(r, rule.param);
-}
-
 void apply(LatticeModel& model, const ParsedDocument& document, const HeaderObserver& onHeader) {
-  const std::vector<SharedName> typeNames = namesOf(document.types), ruleNames = namesOf(document.rules);
   const DocumentHeader& header = *document.header;
   if (onHeader) onHeader(header);
   model.initializeLatticeModel(header.numTypes, header.imax, header.jmax);
   applyLattice(model, header, document.sites);
-  for (std::size_t t = 0; t < typeNames.size(); ++t)
-    applyPixelType(model, static_cast<int>(t), document.types[t], typeNames[t]);
-  for (std::size_t r = 0; r < ruleNames.size(); ++r)
-    applyRule(model, static_cast<int>(r), document.rules[r], ruleNames[r]);
+  int t = 0, r = 0;
+  for (const PixelTypeBlock& block : document.types) applyPixelType(model, t++, block);
+  for (const RuleBlock& rule : document.rules) applyRule(model, r++, rule);
 }
 
 OpenResult unreadable(const std::string& reason) { return {OpenStatus::kUnreadable, kLogNoLines, reason}; }
@@ -89,7 +57,7 @@ Inspection inspectDocument(const LatticeModel& model, std::string_view text) {
   if (const auto position = findNonAscii(text); position != std::string_view::npos)
     return {unreadable(placeOf(text, position) + ": a character that is not ASCII"), {}};
   try {
-    ParsedDocument document = parseDocument(text, rowLengthsOf(model));
+    ParsedDocument document = parseDocument(text, rowCountsOf(model));
     OpenResult result{OpenStatus::kOpened, {}, {}};
     if (document.cutShort) result = {OpenStatus::kCutShort, *document.cutShort, *document.cutShort};
     return {std::move(result), std::move(document)};
@@ -113,7 +81,7 @@ void layOutLattice(LatticeModel& unused, const ParsedDocument& document) {
     unused.reinitHistory(t);
   }
   int t = 0;
-  for (const PixelTypeBlock& block : document.types) applyPixelType(unused, t++, block, block.name);
+  for (const PixelTypeBlock& block : document.types) applyPixelType(unused, t++, block);
 }
 
 OpenResult readDocument(LatticeModel& model, std::string_view text, const HeaderObserver& onHeader) {

@@ -1,8 +1,10 @@
 #include <algorithm>
 #include <charconv>
 #include <new>
+#include <variant>
 
 #include "Ascii.h"
+#include "DocumentFields.h"
 #include "document/AtomicFile.h"
 #include "document/DocumentFile.h"
 #include "document/ModelDocument.h"
@@ -16,12 +18,12 @@ class LineWriter {
  public:
   explicit LineWriter(std::size_t expectedSize) { text_.reserve(expectedSize); }
 
-  void name(const std::string& name) { text_.append(name).push_back('\n'); }
-  void whole(int value) {
+  void line(const SharedName& name) { text_.append(name.text()).push_back('\n'); }
+  void line(int value) {
     char digits[16];
     endLine(digits, std::to_chars(std::begin(digits), std::end(digits), value).ptr);
   }
-  void real(double value) {
+  void line(double value) {
     // The largest double has 309 digits before the point.
     char digits[352];
     constexpr int decimals = 10;
@@ -43,31 +45,14 @@ class LineWriter {
 
 void writeLattice(LineWriter& out, const LatticeModel& model, int imax, int jmax) {
   for (int i = 0; i < imax; ++i)
-    for (int j = 0; j < jmax; ++j) out.whole(model.getSiteValue(i, j));
+    for (int j = 0; j < jmax; ++j) out.line(model.getSiteValue(i, j));
 }
 
-void writePixelType(LineWriter& out, const LatticeModel& model, int t) {
-  out.name(model.getPixelName(t));
-  out.whole(model.getPixelImmobile(t));
-  out.whole(model.getPixelMasqueradeAs(t));
-  out.real(model.getPixelColorR(t));
-  out.real(model.getPixelColorG(t));
-  out.real(model.getPixelColorB(t));
-  out.real(model.getPixelPersistence(t));
-  out.real(model.getPixelAlpha(t));
-  out.real(model.getPixelField(t));
-}
-
-void writeRule(LineWriter& out, const LatticeModel& model, int r) {
-  out.name(model.getRuleName(r));
-  out.whole(model.getRuleDisabled(r));
-  out.whole(model.getRuleIgnoreEnergy(r));
-  out.whole(model.getRuleType(r));
-  out.whole(model.getRulePixelA(r));
-  out.whole(model.getRulePixelB(r));
-  out.real(model.getRuleParam(r));
-  out.whole(model.getRuleFacNum(r));
-  out.whole(model.getRuleFacPixel(r));
+template <class Block, class... Kinds, std::size_t numFields>
+void writeBlock(LineWriter& out, const Block& block,
+                const DocumentField<Block, Kinds...> (&fields)[numFields]) {
+  for (const auto& field : fields)
+    std::visit([&](const auto member) { out.line(block.*member); }, field.member);
 }
 
 std::string lineAt(std::string_view text, std::size_t position) {
@@ -107,13 +92,12 @@ std::string writeDocument(const LatticeModel& model) {
   constexpr std::size_t sizeOfBlocks = 8192;
   const int imax = model.getIMax(), jmax = model.getJMax();
   LineWriter out(static_cast<std::size_t>(imax * jmax * 2) + sizeOfBlocks);
-  out.whole(imax);
-  out.whole(jmax);
-  out.whole(model.getNumPixelTypes());
+  writeBlock(out, {.imax = imax, .jmax = jmax, .numTypes = model.getNumPixelTypes()}, kHeaderFields);
   writeLattice(out, model, imax, jmax);
-  for (int t = 0; t < model.getNumPixelTypes(); ++t) writePixelType(out, model, t);
-  out.whole(model.getNumRules());
-  for (int r = 0; r < model.getNumRules(); ++r) writeRule(out, model, r);
+  for (int t = 0; t < model.getNumPixelTypes(); ++t)
+    writeBlock(out, pixelTypeBlock(model, t), kPixelTypeFields);
+  out.line(model.getNumRules());
+  for (int r = 0; r < model.getNumRules(); ++r) writeBlock(out, ruleBlock(model, r), kRuleFields);
   return out.take();
 }
 

@@ -1,22 +1,41 @@
 #pragma once
 
+#include <cassert>
+#include <concepts>
 #include <utility>
 
+#include "Acceptance.h"
 #include "Action.h"
 #include "Energies.h"
 
 namespace quorvane {
 
-/// What an action works with: the lattice, draws, energies and a way to tell whether a change is accepted.
-/// Draws has real() and below(n), Energies has bonds and field, Chance has accepts.
-template <class Draws, class Energies, class Chance>
-struct Tools {
+/// Where an attempt draws from: real() is fRandReal(), below(n) is fRandInt(n) - 1, and makeRoom() is called
+/// at least once in kMostDrawsOfAnAttempt draws.
+template <class T>
+concept DrawSource = requires(T draws, std::uint32_t n) {
+  { draws.real() } -> std::same_as<double>;
+  { draws.below(n) } -> std::same_as<std::uint32_t>;
+  draws.makeRoom();
+};
+
+/// Draws of an attempt for the two coordinates of its site, for its rule, and of its action: the most are
+/// those of a swap, for its parameter, its acceptance and its direction. A rule that is drawn again makes
+/// room first.
+inline constexpr int kDrawsOfASite = 2;
+inline constexpr int kDrawsOfARule = 1;
+inline constexpr int kMostDrawsOfAnAction = 3;
+inline constexpr int kMostDrawsOfAnAttempt = kDrawsOfASite + kDrawsOfARule + kMostDrawsOfAnAction;
+
+/// What an attempt works with.
+template <DrawSource Draws, BondEnergies Energies, AcceptanceTest Acceptance>
+struct AttemptContext {
   Lattice& lattice;
   Size size;
   std::uint32_t numTypes;
   Draws& draws;
   const Energies& energies;
-  Chance& chance;
+  Acceptance& acceptance;
 
   Relaxed<std::int32_t>& at(Site site) const { return lattice[site.i][site.j]; }
   template <bool kWide>
@@ -25,115 +44,119 @@ struct Tools {
   }
 };
 
-template <class Draws, class Energies, class Chance>
-Tools(Lattice&, Size, std::uint32_t, Draws&, const Energies&, Chance&) -> Tools<Draws, Energies, Chance>;
+template <class Draws, class Energies, class Acceptance>
+AttemptContext(Lattice&, Size, std::uint32_t, Draws&, const Energies&, Acceptance&)
+    -> AttemptContext<Draws, Energies, Acceptance>;
 
-/// Looked up rather than branched to: whether an attempt is accepted cannot be predicted. What is written
-/// depends on it and not where, because reads that follow would wait for an address.
-inline std::int32_t chosen(bool which, Type ifNot, Type ifSo) {
+/// A look-up instead of a branch: whether an attempt is accepted cannot be predicted. The result is then
+/// written to a site in either case, because a conditional address would delay the reads that follow.
+inline std::int32_t chosen(bool accepted, Type ifNot, Type ifSo) {
   const Type outcomes[] = {ifNot, ifSo};
-  return static_cast<std::int32_t>(outcomes[which ? 1 : 0]);
+  return static_cast<std::int32_t>(outcomes[accepted ? 1 : 0]);
 }
 
-template <bool kWide, bool kFacilitated, bool kEnergies, class Tools>
-void flip(const Tools& tools, const Action& action, Site site, Type current) {
-  const Type final = action.final == Action::kRandomType ? tools.draws.below(tools.numTypes)
-                                                         : static_cast<Type>(action.final);
-  const double u = tools.draws.real();
+template <bool kWide, bool kFacilitated, bool kEnergies, class Context>
+void flip(const Context& context, const Action& action, Site site, Type current) {
+  const Type final = action.finalType == Action::kRandomType ? context.draws.below(context.numTypes)
+                                                             : static_cast<Type>(action.finalType);
+  const double u = context.draws.real();
   bool accepted = action.parameter > u;
-  // The acceptance is at most 1, so a draw at or above the parameter refuses the flip whatever the energy.
-  // But ending here pays only where the branch can be predicted.
+  // min(1, exp(-dE)) is at most 1, so the parameter alone refuses the flip. Returning here pays only where
+  // the branch can be predicted.
   if (action.rare && !accepted) return;
 
   if constexpr (kFacilitated || kEnergies) {
-    const Neighbours neighbours = tools.template neighboursOf<kWide>(site);
+    const Neighbours neighbours = context.template neighboursOf<kWide>(site);
     if constexpr (kFacilitated) accepted &= action.facilitatedBy(neighbours);
     if constexpr (kEnergies) {
-      const Neighbours then = kWide ? neighbours : withChange(neighbours, site, tools.size, site, final);
-      const double before = tools.energies.bonds(current, neighbours) + tools.energies.field(current);
-      const double after = tools.energies.bonds(final, then) + tools.energies.field(final);
-      accepted &= tools.chance.accepts(after - before, action.parameter, u);
+      const Neighbours then = kWide ? neighbours : withChange(neighbours, site, context.size, site, final);
+      const auto& energies = context.energies;
+      const double before = energies.bonds(current, neighbours) + energies.field(current);
+      const double after = energies.bonds(final, then) + energies.field(final);
+      accepted &= context.acceptance.accepts(after - before, action.parameter, u);
     }
   }
-  tools.at(site) = chosen(accepted, current, final);
+  context.at(site) = chosen(accepted, current, final);
 }
 
-/// The energy of two neighbouring sites; their bond counts from both sides.
-template <class Energies>
+/// The energy of two neighbouring sites; the bond between them counts from both sides.
+template <BondEnergies Energies>
 double pairEnergy(const Energies& energies, Type a, const Neighbours& ofA, Type b, const Neighbours& ofB) {
   return energies.bonds(a, ofA) + energies.bonds(b, ofB);
 }
 
-template <bool kWide, class Tools>
-double exchangeEnergy(const Tools& tools, Site a, Type typeA, Site b, Type typeB, std::size_t direction) {
-  /// The index of the opposite direction, for each direction's index.
-  static constexpr std::size_t opposite[kNumDirections] = {2, 3, 0, 1, 7, 6, 5, 4};
-  const Neighbours beforeA = tools.template neighboursOf<kWide>(a);
-  const Neighbours beforeB = tools.template neighboursOf<kWide>(b);
+template <bool kWide, class Context>
+double exchangeEnergy(const Context& context, Site a, Type typeA, Site b, Type typeB, std::size_t direction) {
+  const Neighbours beforeA = context.template neighboursOf<kWide>(a);
+  const Neighbours beforeB = context.template neighboursOf<kWide>(b);
   Neighbours afterA = beforeA;
   Neighbours afterB = beforeB;
   if constexpr (kWide) {
-    // Each is the other's neighbour exactly once, and neither its own.
+    // Each is the other's neighbour exactly once, and not its own.
     afterA.type[direction] = typeA;
-    afterB.type[opposite[direction]] = typeB;
+    afterB.type[kOpposite[direction]] = typeB;
   } else {
     for (const auto& [site, type] : {std::pair(a, typeB), std::pair(b, typeA)}) {
-      afterA = withChange(afterA, a, tools.size, site, type);
-      afterB = withChange(afterB, b, tools.size, site, type);
+      afterA = withChange(afterA, a, context.size, site, type);
+      afterB = withChange(afterB, b, context.size, site, type);
     }
   }
-  const double before = pairEnergy(tools.energies, typeA, beforeA, typeB, beforeB);
-  return pairEnergy(tools.energies, typeB, afterA, typeA, afterB) - before;
+  const double before = pairEnergy(context.energies, typeA, beforeA, typeB, beforeB);
+  return pairEnergy(context.energies, typeB, afterA, typeA, afterB) - before;
 }
 
-/// The exchange with a random neighbour: two draws whatever comes of them.
-template <bool kWide, bool kEnergies, class Tools>
-void exchange(const Tools& tools, const Action& action, Site a, Type typeA) {
-  const double u = tools.draws.real();
-  const std::size_t direction = tools.draws.below(kNumDirections);
-  const Site b = neighbourSite(a, tools.size, direction);
-  const Type typeB = typeOf(tools.at(b));
-  if (!action.mayMeet(typeB)) return;
+/// The exchange with a random neighbour: always two draws.
+template <bool kWide, bool kEnergies, class Context>
+void exchange(const Context& context, const Action& action, Site a, Type typeA) {
+  const double u = context.draws.real();
+  const std::size_t direction = context.draws.below(kNumDirections);
+  const Site b = neighbourSite(a, context.size, direction);
+  const Type typeB = typeOf(context.at(b));
+  if (!action.swapsWith(typeB)) return;
 
   bool accepted = true;
-  if constexpr (kEnergies)
-    accepted = tools.chance.accepts(exchangeEnergy<kWide>(tools, a, typeA, b, typeB, direction), 1.0, u);
-  tools.at(a) = chosen(accepted, typeA, typeB);
-  tools.at(b) = chosen(accepted, typeB, typeA);
+  if constexpr (kEnergies) {
+    const double dE = exchangeEnergy<kWide>(context, a, typeA, b, typeB, direction);
+    accepted = context.acceptance.accepts(dE, 1.0, u);
+  }
+  context.at(a) = chosen(accepted, typeA, typeB);
+  context.at(b) = chosen(accepted, typeB, typeA);
 }
 
-template <bool kWide, bool kEnergies, class Tools>
-void swap(const Tools& tools, const Action& action, Site site, Type current) {
-  if (action.parameter > tools.draws.real()) exchange<kWide, kEnergies>(tools, action, site, current);
+template <bool kWide, bool kEnergies, class Context>
+void swap(const Context& context, const Action& action, Site site, Type current) {
+  if (action.parameter > context.draws.real()) exchange<kWide, kEnergies>(context, action, site, current);
 }
 
-/// Does what the action says. On a wide lattice every site has eight different neighbours.
-template <bool kWide, class Tools>
-void perform(const Tools& tools, const Action& action, Site site, Type current) {
+/// Does what the action says; at most kMostDrawsOfAnAction draws. On a wide lattice every site has eight
+/// different neighbours.
+template <bool kWide, class Context>
+void perform(const Context& context, const Action& action, Site site, Type current) {
   switch (action.kind) {
     case ActionKind::kNone:
       return;
     case ActionKind::kFreeSwap:
-      return swap<kWide, false>(tools, action, site, current);
+      return swap<kWide, false>(context, action, site, current);
     case ActionKind::kSwap:
-      return swap<kWide, true>(tools, action, site, current);
+      return swap<kWide, true>(context, action, site, current);
     case ActionKind::kFreeFlip:
-      return flip<kWide, false, false>(tools, action, site, current);
+      return flip<kWide, false, false>(context, action, site, current);
     case ActionKind::kFacilitatedFreeFlip:
-      return flip<kWide, true, false>(tools, action, site, current);
+      return flip<kWide, true, false>(context, action, site, current);
     case ActionKind::kFlip:
-      return flip<kWide, false, true>(tools, action, site, current);
+      return flip<kWide, false, true>(context, action, site, current);
     case ActionKind::kFacilitatedFlip:
-      return flip<kWide, true, true>(tools, action, site, current);
-    default:
-      __builtin_unreachable();  // Spares the check that comes before the jump.
+      return flip<kWide, true, true>(context, action, site, current);
   }
+  assert(false);
+  __builtin_unreachable();  // Drops the jump table's bounds check. A kind without a case does not compile.
 }
 
 /// Draws positions of a row after an unusable one until one is usable; -1 once every position has come up
 /// unusable.
-template <class Draws, class IsUsable>
+template <DrawSource Draws, std::predicate<std::uint32_t> IsUsable>
 int drawAnother(Draws& draws, std::uint32_t length, std::uint32_t position, IsUsable&& isUsable) {
+  assert(length > 0 && length <= kMaxRules && position < length);
   const std::uint64_t all = (std::uint64_t{1} << length) - 1;
   std::uint64_t tried = 0;
   do {

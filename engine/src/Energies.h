@@ -1,12 +1,20 @@
 #pragma once
 
+#include <concepts>
+
 #include "Neighbourhood.h"
-#include "engine/Sweeper.h"
+#include "engine/SystemArrays.h"
 
 namespace quorvane {
 
-/// Half a bond's constant. The 0 makes a -0 a 0, as the sum that begins with 0 would.
-inline double halfBond(double constant) { return constant / 2.0 + 0.0; }
+/// bonds(type, neighbours) is half the sum of the pair energies of a site of the type.
+template <class T>
+concept BondEnergies = requires(const T& energies, Type type, const Neighbours& neighbours) {
+  { energies.bonds(type, neighbours) } -> std::same_as<double>;
+};
+
+/// Half a pair energy. Adding 0 turns -0 into 0, as a sum that starts with 0 would.
+inline double halfBond(double pairEnergy) { return pairEnergy / 2.0 + 0.0; }
 
 /// The half bonds of a site, added up in direction order.
 template <class HalfBondWith>
@@ -16,25 +24,24 @@ double bondSum(const Neighbours& neighbours, HalfBondWith&& halfBondWith) {
   return energy;
 }
 
-/// The pair energies as they stand in a model.
+/// The pair energies, read from a model each time.
 struct LiveBonds {
   const PairEnergies& J;
 
-  /// Half the sum of the bonds of a site that holds the type.
   double bonds(Type type, const Neighbours& neighbours) const {
     const auto& row = J[type];
     return bondSum(neighbours, [&](Type neighbour) { return halfBond(row[neighbour]); });
   }
 };
 
-/// All energies as they stand in a model.
+/// Pair energies and fields, read from a model each time.
 struct LiveEnergies : LiveBonds {
   const PerTypeReal& fields;
 
   double field(Type type) const { return fields[type]; }
 };
 
-/// The energies as they stood when they were read, with every bond halved.
+/// A copy of pair energies, halved, and of fields.
 class EnergyTable {
  public:
   void read(const RuleArrays& rules) {

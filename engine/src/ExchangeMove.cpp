@@ -1,5 +1,4 @@
 #include "Attempt.h"
-#include "Chance.h"
 #include "ProcessDraws.h"
 
 namespace quorvane {
@@ -13,14 +12,14 @@ void fExchangeMove(int i, int j, int imax, int jmax, int targetType, Lattice& la
   const Action action = swapAction(static_cast<int>(current), targetType, withEnergies, immobile);
   const LiveBonds energies{J};
   ProcessDraws draws;
-  ExactChance chance;
-  const Tools tools{lattice, size, 0, draws, energies, chance};
+  ExactAcceptance acceptance;
+  const AttemptContext context{lattice, size, 0, draws, energies, acceptance};
   if (!withEnergies)
-    exchange<false, false>(tools, action, site, current);
+    exchange<false, false>(context, action, site, current);
   else if (size.isWide())
-    exchange<true, true>(tools, action, site, current);
+    exchange<true, true>(context, action, site, current);
   else
-    exchange<false, true>(tools, action, site, current);
+    exchange<false, true>(context, action, site, current);
 }
 
 }  // namespace quorvane

@@ -3,36 +3,16 @@
 #include "engine/f_ran0.h"
 
 namespace quorvane {
+namespace {
 
-int fn_neighbi(int i, int dir) {
-  switch (dir) {
-    case 1:
-    case 5:
-    case 7:
-      return i + 1;
-    case 3:
-    case 6:
-    case 8:
-      return i - 1;
-    default:
-      return i;
-  }
+Step stepOf(int dir) {
+  return dir >= 1 && dir <= kNumDirections ? kSteps[static_cast<std::size_t>(dir - 1)] : Step{0, 0};
 }
 
-int fn_neighbj(int j, int dir) {
-  switch (dir) {
-    case 2:
-    case 5:
-    case 6:
-      return j + 1;
-    case 4:
-    case 7:
-    case 8:
-      return j - 1;
-    default:
-      return j;
-  }
-}
+}  // namespace
+
+int fn_neighbi(int i, int dir) { return i + static_cast<int>(stepOf(dir).i); }
+int fn_neighbj(int j, int dir) { return j + static_cast<int>(stepOf(dir).j); }
 
 int fn_pbc(int x, int n) {
   const int remainder = x % n;

@@ -1,6 +1,6 @@
 #include "Attempt.h"
-#include "Chance.h"
 #include "ProcessDraws.h"
+#include "SiteAttempt.h"
 
 namespace quorvane {
 namespace {
@@ -26,28 +26,43 @@ int fFigureOutFinalSiteType(int current, int endA, int endB, int numTypes) {
   return end == Action::kRandomType ? fRandInt(numTypes) - 1 : end;
 }
 
+void attemptAt(Site site, Lattice& lattice, Size size, int numTypes, const RuleArrays& rules) {
+  const Type current = typeOf(lattice[site.i][site.j]);
+  const int rule =
+      drawRule(rules.accessible[current], rowLength(rules.accessibleCount[current]), rules.ruleDisabled);
+  if (!usable(rule, rules.ruleDisabled)) return;
+
+  const Action action = actionOf(rule, static_cast<int>(current), numTypes, rules);
+  ProcessDraws draws;
+  const LiveEnergies energies{{rules.J}, rules.field};
+  ExactAcceptance acceptance;
+  const AttemptContext context{lattice, size,     static_cast<std::uint32_t>(numTypes),
+                               draws,   energies, acceptance};
+  if (size.isWide())
+    perform<true>(context, action, site, current);
+  else
+    perform<false>(context, action, site, current);
+}
+
 void fModelCycle(int i, int j, int imax, int jmax, Lattice& lattice, int numTypes, int /*numRules*/,
                  const PerRuleInt& ruleType, const PerRuleInt& ruleDisabled,
                  const PerRuleInt& ruleIgnoreEnergy, const PerRuleIntPair& ruleEndPoints,
                  const PerRuleReal& ruleParameter, const PerRuleIntPair& ruleFac, const RuleRows& accessible,
                  const PerTypeInt& accessibleCount, const PerTypeInt& immobile, const PerTypeReal& field,
                  const PerTypeInt& masquerade, const PairEnergies& J) {
-  const int current = lattice[i][j];
-  const int rule = drawRule(accessible[current], rowLength(accessibleCount[current]), ruleDisabled);
-  if (!usable(rule, ruleDisabled)) return;
-
-  const RuleArrays rules{ruleType,   ruleDisabled,    ruleIgnoreEnergy, ruleEndPoints, ruleParameter, ruleFac,
-                         accessible, accessibleCount, immobile,         field,         masquerade,    J};
-  const Action action = actionOf(rule, current, numTypes, rules);
-  ProcessDraws draws;
-  const LiveEnergies energies{{J}, field};
-  ExactChance chance;
-  const Size size = sizeOf(imax, jmax);
-  const Tools tools{lattice, size, static_cast<std::uint32_t>(numTypes), draws, energies, chance};
-  if (size.isWide())
-    perform<true>(tools, action, siteAt(i, j), static_cast<Type>(current));
-  else
-    perform<false>(tools, action, siteAt(i, j), static_cast<Type>(current));
+  attemptAt(siteAt(i, j), lattice, sizeOf(imax, jmax), numTypes,
+            {.ruleType = ruleType,
+             .ruleDisabled = ruleDisabled,
+             .ruleIgnoreEnergy = ruleIgnoreEnergy,
+             .ruleEndPoints = ruleEndPoints,
+             .ruleParameter = ruleParameter,
+             .ruleFac = ruleFac,
+             .accessible = accessible,
+             .accessibleCount = accessibleCount,
+             .immobile = immobile,
+             .field = field,
+             .masquerade = masquerade,
+             .J = J});
 }
 
 }  // namespace quorvane

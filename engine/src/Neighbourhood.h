@@ -2,21 +2,24 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 
+#include "engine/Directions.h"
 #include "engine/f_LMlattice.h"
 
 namespace quorvane {
 
-/// A pixel type as an index: without a sign, so that it needs no extension to address an array.
+/// A pixel type as an index. Unsigned, so that it addresses an array without sign extension.
 using Type = std::uint32_t;
 
 inline Type typeOf(const Relaxed<std::int32_t>& site) { return static_cast<Type>(site.load()); }
 
-/// A coordinate with the two next to it on a ring of n sites.
+/// A coordinate and the two next to it on a ring of n sites.
 struct Wrapped {
   std::size_t here, next, previous;
   Wrapped(std::size_t x, std::size_t n)
       : here(x), next(x + 1 < n ? x + 1 : 0), previous(x > 0 ? x - 1 : n - 1) {}
+  std::size_t after(std::ptrdiff_t step) const { return step == 0 ? here : step > 0 ? next : previous; }
 };
 
 /// A site of the lattice.
@@ -41,51 +44,45 @@ inline Size sizeOf(int imax, int jmax) {
   return {static_cast<std::size_t>(imax), static_cast<std::size_t>(jmax)};
 }
 
-/// The pixel types of a site's eight neighbours; direction dir stands at index dir - 1.
+/// The pixel types of a site's eight neighbours, by the index of their direction.
 struct Neighbours {
   Type type[kNumDirections];
 };
 
-inline Neighbours neighboursOf(const Wrapped& i, const Wrapped& j, const Lattice& lattice) {
-  const auto& east = lattice[i.next];
-  const auto& here = lattice[i.here];
-  const auto& west = lattice[i.previous];
-  return {{typeOf(east[j.here]), typeOf(here[j.next]), typeOf(west[j.here]), typeOf(here[j.previous]),
-           typeOf(east[j.next]), typeOf(west[j.next]), typeOf(east[j.previous]), typeOf(west[j.previous])}};
+/// The neighbours' types, each from a function of the step to it. Unrolled, so that every step is a constant.
+template <class TypeAfter>
+Neighbours neighboursBy(TypeAfter&& typeAfter) {
+  return [&]<std::size_t... k>(std::index_sequence<k...>) { return Neighbours{{typeAfter(kSteps[k])...}}; }
+  (std::make_index_sequence<kNumDirections>());
 }
 
 inline Neighbours neighboursOf(Site site, Size size, const Lattice& lattice) {
-  return neighboursOf(Wrapped(site.i, size.imax), Wrapped(site.j, size.jmax), lattice);
+  const Wrapped i(site.i, size.imax), j(site.j, size.jmax);
+  return neighboursBy([&](Step step) { return typeOf(lattice[i.after(step.i)][j.after(step.j)]); });
 }
 
-/// The same on a wide lattice.
+/// The same on a wide lattice, where nearly every site is inside and no step has to be wrapped.
 inline Neighbours neighboursOnWide(Site site, Size size, const Lattice& lattice) {
   if (!size.isInside(site)) [[unlikely]]
     return neighboursOf(site, size, lattice);
-  // Nearly every site is inside, where nothing has to wrap and the neighbours stand at fixed distances from
-  // it in memory: the columns follow one another without a gap.
-  constexpr int column = kMaxSide;
-  const auto* here = &lattice[site.i][site.j];
-  const auto at = [here](int distance) { return typeOf(here[distance]); };
-  return {{at(column), at(1), at(-column), at(-1), at(column + 1), at(-column + 1), at(column - 1),
-           at(-column - 1)}};
+  // The conversion of -1 wraps, and so does the sum.
+  const auto plus = [](std::size_t x, std::ptrdiff_t step) { return x + static_cast<std::size_t>(step); };
+  return neighboursBy([&](Step step) { return typeOf(lattice[plus(site.i, step.i)][plus(site.j, step.j)]); });
 }
 
-/// The site that one step in a direction leads to; the direction is given by its index, 0 to 7.
+/// The neighbouring site in a direction, given by its index.
 inline Site neighbourSite(Site site, Size size, std::size_t direction) {
-  static constexpr std::ptrdiff_t stepI[kNumDirections] = {1, 0, -1, 0, 1, -1, 1, -1};
-  static constexpr std::ptrdiff_t stepJ[kNumDirections] = {0, 1, 0, -1, 1, 1, -1, -1};
   const auto wrapped = [](std::size_t x, std::ptrdiff_t step, std::size_t n) {
     const std::ptrdiff_t next = static_cast<std::ptrdiff_t>(x) + step;
     const auto last = static_cast<std::ptrdiff_t>(n) - 1;
     return static_cast<std::size_t>(next < 0 ? last : next > last ? 0 : next);
   };
-  return {wrapped(site.i, stepI[direction], size.imax), wrapped(site.j, stepJ[direction], size.jmax)};
+  return {wrapped(site.i, kSteps[direction].i, size.imax), wrapped(site.j, kSteps[direction].j, size.jmax)};
 }
 
-/// The neighbours of a site as they are once another site, or the site itself, holds the given type. Here a
-/// direction may lead back to the site, or two directions to the same, as they do on a lattice at most two
-/// sites wide.
+/// The neighbours of a site once another site, or the site itself, holds the given type. Correct also on a
+/// lattice of at most two sites along a side, where a direction leads back to the site or two lead to the
+/// same one.
 Neighbours withChange(Neighbours neighbours, Site site, Size size, Site changed, Type type);
 
 /// How many of the neighbours fulfil a condition on their type.

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "engine/RandomSource.h"
+#include "engine/AdditiveFeedback.h"
 
 namespace quorvane {
 namespace {

@@ -4,30 +4,28 @@
 
 #include "ActionTable.h"
 #include "Attempt.h"
-#include "Chance.h"
+#include "SiteAttempt.h"
 #include "engine/f_ran0.h"
 
 namespace quorvane {
 namespace {
 
-/// Most attempts between two looks at the rules.
+/// The most attempts before the rules are read again.
 constexpr std::int64_t kBatch = 4096;
-/// Fewer attempts than this are not worth a look at all the rules.
+/// Reading all rules does not pay for fewer attempts.
 constexpr std::int64_t kFew = 64;
-/// When more than one attempt in so many meets a new energy difference, remembering them does not pay.
-constexpr std::int64_t kAttemptsForAMiss = 32;
+/// The cache does not pay where more than one attempt in so many misses it.
+constexpr std::int64_t kAttemptsPerMiss = 32;
 
-/// An attempt that reads everything as it stands, on a lattice of any size.
+static_assert(kMostDrawsOfAnAttempt <= RandomSource::Stream::kRoom);
+
+/// An attempt at a random site, on a lattice of any size.
 void singleAttempt(const SystemArrays& system) {
   const int imax = system.imax, jmax = system.jmax;
   const int i = fRandInt(imax) - 1;
   const int j = fRandInt(jmax) - 1;
-  if (imax < 1 || jmax < 1) return;  // No lattice yet, so no site to try.
-  const RuleArrays& rules = system.rules;
-  fModelCycle(i, j, imax, jmax, system.lattice, system.numTypes, 0, rules.ruleType, rules.ruleDisabled,
-              rules.ruleIgnoreEnergy, rules.ruleEndPoints, rules.ruleParameter, rules.ruleFac,
-              rules.accessible, rules.accessibleCount, rules.immobile, rules.field, rules.masquerade,
-              rules.J);
+  if (imax < 1 || jmax < 1) return;  // There is no lattice yet.
+  attemptAt(siteAt(i, j), system.lattice, sizeOf(imax, jmax), system.numTypes, system.rules);
 }
 
 /// Draws entries of a row until one is usable; nothing once every one has come up unusable.
@@ -41,17 +39,17 @@ const Action* drawAction(Draws& draws, const Action* row, std::uint32_t length) 
   return other == -1 ? nullptr : row + other;
 }
 
-/// An attempt on a wide lattice by what the table holds.
-template <class Tools>
-void tableAttempt(const Tools& tools, const ActionTable& actions) {
-  tools.draws.makeRoom();
-  const std::size_t i = tools.draws.below(static_cast<std::uint32_t>(tools.size.imax));
-  const std::size_t j = tools.draws.below(static_cast<std::uint32_t>(tools.size.jmax));
-  const Type current = typeOf(tools.lattice[i][j]);
+/// An attempt at a random site of a wide lattice, with compiled rules.
+template <class Context>
+void tableAttempt(const Context& context, const ActionTable& actions) {
+  context.draws.makeRoom();
+  const std::size_t i = context.draws.below(static_cast<std::uint32_t>(context.size.imax));
+  const std::size_t j = context.draws.below(static_cast<std::uint32_t>(context.size.jmax));
+  const Type current = typeOf(context.lattice[i][j]);
   const std::uint32_t length = actions.length(current);
   if (length == 0) return;
-  const Action* action = drawAction(tools.draws, actions.row(current), length);
-  if (action) perform<true>(tools, *action, Site{i, j}, current);
+  const Action* action = drawAction(context.draws, actions.row(current), length);
+  if (action) perform<true>(context, *action, Site{i, j}, current);
 }
 
 struct Batch {
@@ -65,28 +63,28 @@ struct Batch {
   std::int32_t whileState;
 };
 
-/// Returns how many attempts were made. All in one function, so that the draws' position stays in registers.
-template <class Chance>
-[[gnu::flatten, gnu::noinline]] std::int64_t makeAttempts(const Batch& batch, Chance& chance) {
+/// Returns how many attempts were made. Everything is inlined, so that the stream's state stays in registers.
+template <AcceptanceTest Acceptance>
+[[gnu::flatten, gnu::noinline]] std::int64_t makeAttempts(const Batch& batch, Acceptance& acceptance) {
   RandomSource::Stream draws(processRandomSource);
-  const Tools tools{batch.lattice, batch.size, batch.numTypes, draws, batch.energies, chance};
+  const AttemptContext context{batch.lattice, batch.size, batch.numTypes, draws, batch.energies, acceptance};
   std::int64_t made = 0;
-  for (; made < batch.count && batch.state == batch.whileState; ++made) tableAttempt(tools, batch.actions);
+  for (; made < batch.count && batch.state == batch.whileState; ++made) tableAttempt(context, batch.actions);
   return made;
 }
 
 }  // namespace
 
-/// What a sweeper has read, and what it has found out.
-struct Sweeper::Notes {
+/// The compiled system, and the two acceptance tests with what decides between them.
+struct Sweeper::Tables {
   ActionTable actions;
   EnergyTable energies;
-  RememberedChance remembered;
-  QuickChance quick;
-  bool remembers = true;
+  CachedAcceptance cached;
+  BoundedAcceptance bounded;
+  bool cachePays = true;
 };
 
-Sweeper::Sweeper(const SystemArrays& system) : system_(system), notes_(std::make_unique<Notes>()) {}
+Sweeper::Sweeper(const SystemArrays& system) : system_(system), tables_(std::make_unique<Tables>()) {}
 Sweeper::~Sweeper() = default;
 
 void Sweeper::sweep(const Relaxed<std::int32_t>& state, std::int32_t whileState) {
@@ -103,19 +101,19 @@ std::int64_t Sweeper::batch(std::int64_t count, const Relaxed<std::int32_t>& sta
     return 1;
   }
   const int numTypes = system_.numTypes;
-  notes_->actions.read(numTypes, system_.rules);
-  notes_->energies.read(system_.rules);
-  const Batch batch{system_.lattice,
-                    size,
-                    static_cast<std::uint32_t>(numTypes),
-                    notes_->actions,
-                    notes_->energies,
-                    count,
-                    state,
-                    whileState};
-  if (!notes_->remembers) return makeAttempts(batch, notes_->quick);
-  const std::int64_t made = makeAttempts(batch, notes_->remembered);
-  notes_->remembers = notes_->remembered.takeMisses() <= count / kAttemptsForAMiss;
+  tables_->actions.read(numTypes, system_.rules);
+  tables_->energies.read(system_.rules);
+  const Batch batch{.lattice = system_.lattice,
+                    .size = size,
+                    .numTypes = static_cast<std::uint32_t>(numTypes),
+                    .actions = tables_->actions,
+                    .energies = tables_->energies,
+                    .count = count,
+                    .state = state,
+                    .whileState = whileState};
+  if (!tables_->cachePays) return makeAttempts(batch, tables_->bounded);
+  const std::int64_t made = makeAttempts(batch, tables_->cached);
+  tables_->cachePays = tables_->cached.takeMisses() <= count / kAttemptsPerMiss;
   return made;
 }
 

@@ -1,32 +1,26 @@
+#include <cassert>
 #include <utility>
 
 #include "model/LatticeModel.h"
+#include "model/RuleRows.h"
 
 namespace quorvane {
 namespace {
 
-bool standsInRowOfEndA(int ruleType) {
-  return ruleType == kIrreversibleFlip || ruleType == kReversibleFlip || ruleType == kSwap;
+/// Calls visit(type) as often as the rule has entries in the type's row.
+template <class Visit>
+void forEachEntry(const RowCounts& entries, Visit&& visit) {
+  for (int t = 0; t < kMaxPixelTypes; ++t)
+    for (int k = 0; k < entries[static_cast<std::size_t>(t)]; ++k) visit(t);
 }
-
-bool standsInRowOfEndB(int ruleType) { return ruleType == kReversibleFlip; }
-
-/// An end that names one type is looked after also where that type is not in use yet.
-int firstTypeOf(int end) { return end == kAnyPixelType ? 0 : end; }
-int lastTypeOf(int end, int numTypes) { return end == kAnyPixelType ? numTypes - 1 : end; }
 
 }  // namespace
 
 bool LatticeModel::canMakeNewRule(int type, int endA, int endB) const {
   if (varNumRules >= kMaxRules) return false;
-  int entries[kMaxPixelTypes] = {};
-  const auto countRowsOf = [&](int end) {
-    for (int t = firstTypeOf(end); t <= lastTypeOf(end, varNumSiteTypes); ++t) ++entries[t];
-  };
-  if (standsInRowOfEndA(type)) countRowsOf(endA);
-  if (standsInRowOfEndB(type)) countRowsOf(endB);
+  const RowCounts entries = rowEntries(type, endA, endB, varNumSiteTypes);
   for (int t = 0; t < kMaxPixelTypes; ++t)
-    if (varAccessibleRulesForSiteIDCount[t] + entries[t] > kMaxRules) return false;
+    if (varAccessibleRulesForSiteIDCount[t] + entries[static_cast<std::size_t>(t)] > kMaxRules) return false;
   return true;
 }
 
@@ -43,23 +37,19 @@ void LatticeModel::makeNewRule(SharedName name, int type, int endA, int endB) {
   varRuleDisabled[r] = 0;
   varRuleIgnoreEnergy[r] = 0;
   varNumRules = r + 1;
-  // Each end on its own: a reversible flip between overlapping ends stands in a row twice, and is therefore
-  // drawn twice as often there.
-  if (standsInRowOfEndA(type)) enterRows(r, endA);
-  if (standsInRowOfEndB(type)) enterRows(r, endB);
-}
-
-void LatticeModel::enterRows(int rule, int end) {
-  for (int t = firstTypeOf(end); t <= lastTypeOf(end, varNumSiteTypes); ++t) appendToRow(t, rule);
+  // A rule with two entries in a row is drawn twice as often there.
+  forEachEntry(rowEntries(type, endA, endB, varNumSiteTypes), [&](int t) { appendToRow(t, r); });
 }
 
 void LatticeModel::appendToRow(int type, int rule) {
   const int count = varAccessibleRulesForSiteIDCount[type];
+  assert(count >= 0 && count < kMaxRules);
   varAccessibleRulesForSiteID[type][count] = rule;
   varAccessibleRulesForSiteIDCount[type] = count + 1;
 }
 
 void LatticeModel::delRule(int r) {
+  assert(r >= 0 && r < varNumRules);
   const int type = varRuleType[r];
   const int endA = varRuleEndPoints[r][0];
   const int endB = varRuleEndPoints[r][1];
@@ -69,13 +59,11 @@ void LatticeModel::delRule(int r) {
   clearRule(last);
   varNumRules = last;
 
-  if (standsInRowOfEndA(type)) {
-    leaveRows(r, endA);
-    if (standsInRowOfEndB(type)) leaveRows(r, endB);
-    shiftRuleIDsInSiteLists(r);
-  } else if (type == kPixelPixelInteraction) {
-    clearInteraction(endA, endB);
-  }
+  const RuleKind* kind = ruleKind(type);
+  if (!kind) return;
+  if (kind->setsPairEnergy()) return clearInteraction(endA, endB);
+  forEachEntry(rowEntries(type, endA, endB, varNumSiteTypes), [&](int t) { delRuleFromSiteList(r, t); });
+  shiftRuleIDsInSiteLists(r);
 }
 
 void LatticeModel::copyRuleDown(int from) {
@@ -87,7 +75,7 @@ void LatticeModel::copyRuleDown(int from) {
   varRuleParameter[to] = varRuleParameter[from];
   varRuleFacNumAndType[to][0] = varRuleFacNumAndType[from][0];
   varRuleFacNumAndType[to][1] = varRuleFacNumAndType[from][1];
-  // The two flags belong to the index, not to the rule, and stay where they are.
+  // The two flags belong to the index, not to the rule, and are not copied.
 }
 
 void LatticeModel::clearRule(int r) {
@@ -98,10 +86,6 @@ void LatticeModel::clearRule(int r) {
   varRuleParameter[r] = 0.0;
   varRuleFacNumAndType[r][0] = 0;
   varRuleFacNumAndType[r][1] = 0;
-}
-
-void LatticeModel::leaveRows(int rule, int end) {
-  for (int t = firstTypeOf(end); t <= lastTypeOf(end, varNumSiteTypes); ++t) delRuleFromSiteList(rule, t);
 }
 
 void LatticeModel::delRuleFromSiteList(int r, int type) {

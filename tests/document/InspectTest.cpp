@@ -17,9 +17,9 @@ TEST(Inspection, GivesWhatStandsInADocument) {
   EXPECT_EQ(document.header->jmax, 3);
   EXPECT_EQ(document.sites.size(), 6U);
   ASSERT_EQ(document.types.size(), 2U);
-  EXPECT_EQ(document.types[1].name, sampleLines()[kSecondType]);
+  EXPECT_EQ(document.types[1].name.text(), sampleLines()[kSecondType]);
   ASSERT_EQ(document.rules.size(), 5U);
-  EXPECT_EQ(document.rules[0].name, sampleLines()[kFirstRule]);
+  EXPECT_EQ(document.rules[0].name.text(), sampleLines()[kFirstRule]);
 }
 
 TEST(Inspection, LeavesTheModelAndTheDrawsAsTheyAre) {

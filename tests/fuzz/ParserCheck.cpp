@@ -104,7 +104,7 @@ std::string checkParts(const ParsedDocument& document) {
   for (const PixelTypeBlock& type : document.types) {
     const bool mayLackLines = !whole && &type == &document.types.back() && document.rules.empty();
     if (!mayLackLines && type.numLines != PixelTypeBlock::kLines) return "a type lacks lines";
-    if (type.name.find('\n') != std::string::npos) return "a name has a line feed";
+    if (type.name.text().find('\n') != std::string::npos) return "a name has a line feed";
   }
   if (!document.types.empty() && document.sites.size() < sites) return "types before all sites";
   if (!document.rules.empty() && document.types.size() < types) return "rules before all types";

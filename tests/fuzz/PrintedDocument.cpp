@@ -31,11 +31,11 @@ std::string printedDocument(const ParsedDocument& document) {
   out << document.header->imax << document.header->jmax << document.header->numTypes;
   for (const int site : document.sites) out << site;
   for (const PixelTypeBlock& type : document.types)
-    out << type.name << type.immobile << type.masquerade << type.red << type.green << type.blue
+    out << type.name.text() << type.immobile << type.masquerade << type.red << type.green << type.blue
         << type.persistence << type.alpha << type.field;
   out << static_cast<int>(document.rules.size());
   for (const RuleBlock& rule : document.rules)
-    out << rule.name << rule.disabled << rule.ignoreEnergy << rule.type << rule.endA << rule.endB
+    out << rule.name.text() << rule.disabled << rule.ignoreEnergy << rule.type << rule.endA << rule.endB
         << rule.param << rule.facNum << rule.facPixel;
   return out.text();
 }

@@ -15,14 +15,14 @@ struct PixelTypeBlock {
   static constexpr int kLines = 9;
   static constexpr int kLinesToColor = 6;
   int numLines = 0;
-  std::string name;
+  SharedName name;
   int immobile = 0, masquerade = 0;
   double red = 0, green = 0, blue = 0, persistence = 0, alpha = 0, field = 0;
 };
 
 /// A rule of which the text gives every field.
 struct RuleBlock {
-  std::string name;
+  SharedName name;
   int disabled = 0, ignoreEnergy = 0, type = 0, endA = 0, endB = 0;
   double param = 0;
   int facNum = 0, facPixel = 0;

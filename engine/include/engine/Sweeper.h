@@ -3,42 +3,16 @@
 #include <cstdint>
 #include <memory>
 
-#include "engine/f_LMlattice.h"
+#include "engine/SystemArrays.h"
 
 namespace quorvane {
 
-/// The arrays that say what happens to a site: the arguments of fModelCycle with these names.
-struct RuleArrays {
-  const PerRuleInt& ruleType;
-  const PerRuleInt& ruleDisabled;
-  const PerRuleInt& ruleIgnoreEnergy;
-  const PerRuleIntPair& ruleEndPoints;
-  const PerRuleReal& ruleParameter;
-  const PerRuleIntPair& ruleFac;
-  const RuleRows& accessible;
-  const PerTypeInt& accessibleCount;
-  const PerTypeInt& immobile;
-  const PerTypeReal& field;
-  const PerTypeInt& masquerade;
-  const PairEnergies& J;
-};
-
-/// A lattice and its rules, where they stand.
-struct SystemArrays {
-  const Relaxed<std::int32_t>& imax;
-  const Relaxed<std::int32_t>& jmax;
-  const Relaxed<std::int32_t>& numTypes;
-  Lattice& lattice;
-  RuleArrays rules;
-};
-
-/// Many attempts in a row, with the result of one call of fModelCycle each to the last bit, and several times
-/// as fast where there are more than a few.
+/// Many attempts in a row: the same bits as one call of fModelCycle for each, several times as fast.
 ///
-/// Reads the size, rules, energies and flags at least once in 4096 attempts and keeps them in the form that
-/// an attempt needs; a change that another thread makes meanwhile takes effect by then, usually within a
-/// tenth of a millisecond. Sites and the state are read as they stand. Any number of sweepers may work on one
-/// system; each belongs to one thread.
+/// Reads the size, rules, energies and flags at least once in 4096 attempts and compiles them for attempts; a
+/// change that another thread makes takes effect by then, usually within a tenth of a millisecond. Sites and
+/// the state are read in every attempt. Any number of sweepers may work on one system; each belongs to one
+/// thread.
 class Sweeper {
  public:
   explicit Sweeper(const SystemArrays& system);
@@ -49,12 +23,12 @@ class Sweeper {
   void sweep(const Relaxed<std::int32_t>& state, std::int32_t whileState);
 
  private:
-  struct Notes;
+  struct Tables;
 
   std::int64_t batch(std::int64_t count, const Relaxed<std::int32_t>& state, std::int32_t whileState);
 
   SystemArrays system_;
-  std::unique_ptr<Notes> notes_;
+  std::unique_ptr<Tables> tables_;
 };
 
 }  // namespace quorvane

@@ -216,8 +216,6 @@ class LatticeModel : public ModelState {
   void joinFinishedLoops();
 
   void appendToRow(int type, int rule);
-  void enterRows(int rule, int end);
-  void leaveRows(int rule, int end);
   void copyRuleDown(int from);
   void clearRule(int r);
   void clearInteraction(int endA, int endB);

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "engine/RuleKinds.h"
 #include "engine/f_LMlattice.h"
 #include "model/SharedName.h"
 
@@ -13,14 +14,6 @@ enum RunState : std::int32_t {
   kStopped = 1,
   kRunning = 2,
   kPausedForPainting = 10,
-};
-
-/// Values of ModelState::varRuleType.
-enum RuleType : std::int32_t {
-  kIrreversibleFlip = 0,
-  kReversibleFlip = 1,
-  kSwap = 2,
-  kPixelPixelInteraction = 3,
 };
 
 /// In rule end points and facilitation: any pixel type.

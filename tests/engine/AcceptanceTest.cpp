@@ -4,7 +4,7 @@
 #include <limits>
 #include <vector>
 
-#include "Chance.h"
+#include "Acceptance.h"
 
 namespace quorvane {
 namespace {
@@ -77,50 +77,51 @@ std::vector<double> drawsFor(double dE, double parameter) {
   return all;
 }
 
-template <class Chance>
-void expectAsWritten(Chance&& chance) {
+template <class Test>
+void expectTheExactResults(Test&& test) {
   for (const double dE : energyDifferences())
     for (const double parameter : parameters())
       for (const double u : drawsFor(dE, parameter))
-        ASSERT_EQ(chance.accepts(dE, parameter, u), ExactChance::accepts(dE, parameter, u))
+        ASSERT_EQ(test.accepts(dE, parameter, u), ExactAcceptance::accepts(dE, parameter, u))
             << "dE " << dE << ", parameter " << parameter << ", draw " << u;
 }
 
-TEST(Chance, AsItIsWritten) {
-  EXPECT_TRUE(ExactChance::accepts(0.0, 1.0, 1.0 - kDraw));
-  EXPECT_TRUE(ExactChance::accepts(-3.0, 1.0, 1.0 - kDraw));
-  EXPECT_FALSE(ExactChance::accepts(-3.0, 0.5, 0.5));
-  EXPECT_TRUE(ExactChance::accepts(1.0, 1.0, 0.3678));
-  EXPECT_FALSE(ExactChance::accepts(1.0, 1.0, 0.3679));
-  EXPECT_TRUE(ExactChance::accepts(Limits::quiet_NaN(), 1.0, 1.0 - kDraw));
-  EXPECT_FALSE(ExactChance::accepts(0.0, Limits::quiet_NaN(), 0.0));
-  EXPECT_FALSE(ExactChance::accepts(800.0, 1.0, 0.0));
+TEST(Acceptance, ExactComparesTheProductWithTheDraw) {
+  EXPECT_TRUE(ExactAcceptance::accepts(0.0, 1.0, 1.0 - kDraw));
+  EXPECT_TRUE(ExactAcceptance::accepts(-3.0, 1.0, 1.0 - kDraw));
+  EXPECT_FALSE(ExactAcceptance::accepts(-3.0, 0.5, 0.5));
+  EXPECT_TRUE(ExactAcceptance::accepts(1.0, 1.0, 0.3678));
+  EXPECT_FALSE(ExactAcceptance::accepts(1.0, 1.0, 0.3679));
+  EXPECT_TRUE(ExactAcceptance::accepts(Limits::quiet_NaN(), 1.0, 1.0 - kDraw));
+  EXPECT_FALSE(ExactAcceptance::accepts(0.0, Limits::quiet_NaN(), 0.0));
+  EXPECT_FALSE(ExactAcceptance::accepts(800.0, 1.0, 0.0));
 }
 
-TEST(Chance, QuickAnswersAsTheExactOneDoes) { expectAsWritten(QuickChance()); }
+TEST(Acceptance, BoundedGivesTheExactResults) { expectTheExactResults(BoundedAcceptance()); }
 
-TEST(Chance, RememberedAnswersAsTheExactOneDoes) {
-  RememberedChance chance;
-  expectAsWritten(chance);
-  expectAsWritten(chance);  // Now from what it has met.
+TEST(Acceptance, CachedGivesTheExactResultsTheFirstTimeAndAgain) {
+  CachedAcceptance cached;
+  expectTheExactResults(cached);
+  expectTheExactResults(cached);  // Now without misses.
 }
 
-TEST(Chance, RememberedCountsWhatIsNew) {
-  RememberedChance chance;
-  EXPECT_TRUE(chance.accepts(0.0, 1.0, 0.5));
-  EXPECT_EQ(chance.takeMisses(), 0);  // A difference of 0 is known from the start.
-  EXPECT_FALSE(chance.accepts(1.0, 1.0, 0.5));
-  EXPECT_FALSE(chance.accepts(1.0, 1.0, 0.4));
-  EXPECT_EQ(chance.takeMisses(), 1);
-  EXPECT_TRUE(chance.accepts(1.0, 1.0, 0.3));
-  EXPECT_EQ(chance.takeMisses(), 0);
+TEST(Acceptance, CachedCountsItsMisses) {
+  CachedAcceptance cached;
+  EXPECT_TRUE(cached.accepts(0.0, 1.0, 0.5));
+  EXPECT_EQ(cached.takeMisses(), 0);  // A difference of 0 is in the cache from the start.
+  EXPECT_FALSE(cached.accepts(1.0, 1.0, 0.5));
+  EXPECT_FALSE(cached.accepts(1.0, 1.0, 0.4));
+  EXPECT_EQ(cached.takeMisses(), 1);
+  EXPECT_TRUE(cached.accepts(1.0, 1.0, 0.3));
+  EXPECT_EQ(cached.takeMisses(), 0);
 }
 
-TEST(Chance, TheCheapExponentialIsWithinHalfItsTolerance) {
+TEST(Acceptance, TheApproximateExponentialKeepsItsErrorBound) {
   double largest = 0.0;
   for (double dE = -700.0; dE <= 700.0; dE += 0.000977)
-    largest = std::max(largest, std::abs(QuickChance::cheapExp(dE) / std::exp(-dE) - 1.0));
-  EXPECT_LE(largest, QuickChance::kTolerance / 2);
+    largest = std::max(largest, std::abs(BoundedAcceptance::approximateExp(dE) / std::exp(-dE) - 1.0));
+  EXPECT_LE(largest, BoundedAcceptance::kSeriesError);
+  static_assert(BoundedAcceptance::kSeriesError <= BoundedAcceptance::kTolerance / 2);
 }
 
 }  // namespace

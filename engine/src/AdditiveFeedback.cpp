@@ -1,0 +1,33 @@
+#include "engine/AdditiveFeedback.h"
+
+namespace quorvane {
+
+void AdditiveFeedback::seed(std::int32_t seed) {
+  // The first 31 words come from the minimal standard generator 16807 * x modulo 2^31 - 1 (Park and Miller,
+  // Comm. ACM 31, 1192, 1988).
+  constexpr std::int64_t modulus = 2147483647;
+  std::int64_t word = seed;
+  std::uint32_t first[kLag];
+  for (auto& value : first) {
+    value = static_cast<std::uint32_t>(word);
+    word = word * 16807 % modulus;
+  }
+  // The C library starts its feedback at the fourth word: the first three are read again after the last.
+  for (std::ptrdiff_t i = 0; i < kLag; ++i) words_[i] = first[(i + 3) % kLag];
+  end_ = kLag;
+  constexpr int discarded = 310;
+  for (int i = 0; i < discarded; ++i) next();
+}
+
+std::uint32_t AdditiveFeedback::next() {
+  Reader reader(*this);
+  reader.makeRoom();
+  return reader.nextTimesTwo() >> 1;
+}
+
+std::ptrdiff_t AdditiveFeedback::rewind(std::ptrdiff_t end) {
+  for (std::ptrdiff_t i = 0; i < kLag; ++i) words_[i] = words_[end - kLag + i].load();
+  return kLag;
+}
+
+}  // namespace quorvane
