@@ -1,3 +1,5 @@
+#include <cassert>
+
 #include "engine/f_LMlattice.h"
 #include "engine/f_ran0.h"
 #include "model/LatticeModel.h"
@@ -46,6 +48,8 @@ void LatticeModel::awakeFromNib() {
 
 void LatticeModel::initializeLatticeModel(int numTypes, int imax, int jmax) {
   const bool keepSystem = numTypes == -1;
+  assert(keepSystem || (numTypes >= 1 && numTypes <= kMaxPixelTypes));
+  assert(imax >= 1 && imax <= kMaxSide && jmax >= 1 && jmax <= kMaxSide);
   varImax = imax;
   varJmax = jmax;
   if (!keepSystem) {
@@ -78,6 +82,7 @@ void LatticeModel::reinitHistory(int type) {
 
 void LatticeModel::addPixelType() {
   const int type = varNumSiteTypes;
+  assert(type < kMaxPixelTypes);
   drawColor(*this, type);
   setDefaults(*this, type, kNewPixel);
   reinitHistory(type);

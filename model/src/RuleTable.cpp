@@ -1,6 +1,7 @@
 #include <cassert>
 #include <utility>
 
+#include "Indices.h"
 #include "model/LatticeModel.h"
 #include "model/RuleRows.h"
 
@@ -42,7 +43,7 @@ void LatticeModel::makeNewRule(SharedName name, int type, int endA, int endB) {
 }
 
 void LatticeModel::appendToRow(int type, int rule) {
-  const int count = varAccessibleRulesForSiteIDCount[type];
+  const int count = varAccessibleRulesForSiteIDCount[typeIndex(type)];
   assert(count >= 0 && count < kMaxRules);
   varAccessibleRulesForSiteID[type][count] = rule;
   varAccessibleRulesForSiteIDCount[type] = count + 1;
@@ -89,8 +90,9 @@ void LatticeModel::clearRule(int r) {
 }
 
 void LatticeModel::delRuleFromSiteList(int r, int type) {
-  auto& row = varAccessibleRulesForSiteID[type];
+  auto& row = varAccessibleRulesForSiteID[typeIndex(type)];
   const int count = varAccessibleRulesForSiteIDCount[type];
+  assert(count >= 0 && count <= kMaxRules);
   int position = 0;
   while (position < count && row[position] != r) ++position;
   if (position >= count) return;

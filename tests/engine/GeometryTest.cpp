@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "EngineTest.h"
+#include "engine/Directions.h"
 
 namespace quorvane {
 namespace {
@@ -14,6 +15,14 @@ TEST(Directions, OneToEightLeadToTheEightNeighbours) {
   for (int dir = 1; dir <= 8; ++dir) {
     EXPECT_EQ(fn_neighbi(10, dir), 10 + steps[dir - 1].first) << "direction " << dir;
     EXPECT_EQ(fn_neighbj(20, dir), 20 + steps[dir - 1].second) << "direction " << dir;
+  }
+}
+
+TEST(Directions, OppositeOnesLeadBack) {
+  for (std::size_t k = 0; k < kOpposite.size(); ++k) {
+    const int there = static_cast<int>(k) + 1, back = static_cast<int>(kOpposite[k]) + 1;
+    EXPECT_EQ(fn_neighbi(fn_neighbi(10, there), back), 10) << "direction " << there;
+    EXPECT_EQ(fn_neighbj(fn_neighbj(20, there), back), 20) << "direction " << there;
   }
 }
 

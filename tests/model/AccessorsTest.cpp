@@ -127,5 +127,16 @@ TEST(Accessors, RuleTypeAndEndsAreThoseTheRuleWasMadeWith) {
   EXPECT_EQ(model->getRulePixelB(0), kAnyPixelType);
 }
 
+#ifndef NDEBUG
+TEST(AccessorsDeathTest, EndTheProgramAtAnIndexOutsideTheArrays) {
+  const auto model = makeModel(1, 1, 1);
+  EXPECT_DEATH(model->getPixelField(kMaxPixelTypes), "typeIndex");
+  EXPECT_DEATH(model->setRuleParam(-1, 0.5), "ruleIndex");
+  EXPECT_DEATH(model->setSiteValue(0, kMaxSide, 0), "siteIndex");
+  EXPECT_DEATH(model->setPixelIntConstant(0, -1, 1.0), "typeIndex");
+  EXPECT_DEATH(model->delRule(0), "varNumRules");
+}
+#endif
+
 }  // namespace
 }  // namespace quorvane

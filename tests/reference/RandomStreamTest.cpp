@@ -50,6 +50,17 @@ TEST(RandomStream, LeavesTheSourceWhereItsDrawsHaveLed) {
   }
 }
 
+#ifndef NDEBUG
+TEST(RandomStreamDeathTest, EndsTheProgramAtADrawForWhichNoRoomWasMade) {
+  fRandReal();
+  Stream stream(processRandomSource);
+  EXPECT_DEATH(stream.real(), "kRoom");
+  stream.makeRoom();
+  for (int k = 0; k < Stream::kRoom; ++k) stream.real();
+  EXPECT_DEATH(stream.real(), "kRoom");
+}
+#endif
+
 TEST(RandomStream, TwoAtOnceAndSingleDrawsStayInRange) {
   fRandReal();
   std::atomic<int> outside{0};
