@@ -22,7 +22,7 @@ using Calls = std::vector<RecordedCall>;
 
 constexpr const char* kExample = QUORVANE_EXAMPLES "/growth-from-a-seed.quorvane";
 
-/// A file that is written: what it held before, if it was there, and what it is to hold.
+/// A file that is written: its former content, if it existed, and its new content.
 struct Target {
   std::string path;
   std::optional<std::string> before;
@@ -74,7 +74,7 @@ class PowerLoss : public testing::Test {
     return {path, before.contains(path) ? std::optional(before.at(path)) : std::nullopt, contentOf(path)};
   }
 
-  /// Saves as the window does, over an older file. Fails where the fault says so.
+  /// Saves over an older file as the window does, with a given fault.
   Calls save(const Fault& fault = {Call::kAny, 0}, int number = 0) {
     const auto model = freshModel();
     readDocument(*model, contentOf(kExample));
@@ -116,7 +116,7 @@ class PowerLoss : public testing::Test {
   const SharedPlan plan_;
 };
 
-TEST_F(PowerLoss, LeavesTheOldFileOrTheNewOneAndTheNewOneOnceASaveHasReturned) {
+TEST_F(PowerLoss, LeavesTheOldOrTheNewFileAndTheNewOneOnceASaveHasReturned) {
   std::ofstream(saved_) << "old";
   const Disk before = disk();
   const Calls calls = save();
@@ -128,7 +128,7 @@ TEST_F(PowerLoss, LeavesANewFileWholeOrNotAtAll) {
   expectSafe(loseThePowerAnywhere({{}, calls}, targetOf({}, "system.quorvane")));
 }
 
-TEST_F(PowerLoss, IsSeenToLoseASaveThatIsNotSynchronised) {
+TEST_F(PowerLoss, IsDetectedToLoseASaveWithoutFsync) {
   std::ofstream(saved_) << "old";
   const Disk before = disk();
   const Calls calls = save();
@@ -140,8 +140,8 @@ TEST_F(PowerLoss, IsSeenToLoseASaveThatIsNotSynchronised) {
   EXPECT_GT(folder.notNewThoughSaid, 0u);
 }
 
-/// Only the superuser can make a file of another user's, whose owner a new file then cannot have.
-TEST_F(PowerLoss, WhileAnothersFileIsWrittenLeavesTheTextInOneOfTwoFiles) {
+/// Only the superuser can create a file of another user, whose owner a new file could not have.
+TEST_F(PowerLoss, DuringASaveInPlaceLeavesTheTextInOneOfTwoFiles) {
   if (::geteuid() != 0) GTEST_SKIP() << "needs a file of another user";
   std::ofstream(saved_) << "old";
   ASSERT_EQ(::chown(saved_.c_str(), 12345, 12345), 0);
@@ -163,14 +163,14 @@ TEST_F(PowerLoss, WhileAnothersFileIsWrittenLeavesTheTextInOneOfTwoFiles) {
   EXPECT_GT(numDisks, 50u);
 }
 
-TEST_F(PowerLoss, LeavesAllResultsOfARunOldOrNewAndNewOnceItHasEnded) {
+TEST_F(PowerLoss, LeavesEveryResultOfARunOldOrNewAndNewOnceItHasEnded) {
   for (const char* name : {"out.quorvane", "out.csv", "out.png"}) std::ofstream(folder_ / name) << "old";
   runAndLoseThePower({"--output", folder_ / "out.quorvane", "--populations", folder_ / "out.csv", "--picture",
                       folder_ / "out.png"},
                      {"out.quorvane", "out.csv", "out.png"});
 }
 
-TEST_F(PowerLoss, LeavesFramesWholeOrNotAtAllAndAllOfThemOnceARunHasEnded) {
+TEST_F(PowerLoss, LeavesFramesWholeOrMissingAndAllOfThemOnceARunHasEnded) {
   runAndLoseThePower({"--frames", folder_ / "films/frames"},
                      {"films/frames/frame-000000.png", "films/frames/frame-000001.png"});
 }

@@ -15,13 +15,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A whole document, and nothing behind it.
+/// True if the text is a whole document and nothing follows it.
 bool isADocument(const std::string& text) {
   const auto model = freshModel();
   return readDocument(*model, text).status == OpenStatus::kOpened && writeDocument(*model) == text;
 }
 
-TEST(WindowKilled, WhileItSavesLeavesAWholeDocumentAndTheNextSaveTidiesUp) {
+TEST(WindowKilled, WhileItSavesLeavesAWholeDocumentAndTheNextSaveRemovesPartialFiles) {
   constexpr int rounds = 50;
   const TemporaryFolder folder;
   const fs::path saved = folder / "saved.quorvane";
@@ -32,7 +32,7 @@ TEST(WindowKilled, WhileItSavesLeavesAWholeDocumentAndTheNextSaveTidiesUp) {
     SCOPED_TRACE(round);
     const std::string before = contentOf(saved);
     Program window(SAVING_WINDOW, {EXAMPLE, saved});
-    // Its first save shows that it is at it.
+    // Its first save shows that it has begun.
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
     while (contentOf(saved) == before) {
       ASSERT_FALSE(window.waitFor(std::chrono::milliseconds(2))) << window.errors();
