@@ -17,7 +17,7 @@ TEST(Directions, OneToEightLeadToTheEightNeighbours) {
   }
 }
 
-TEST(Directions, AnyOtherCodeLeadsNowhere) {
+TEST(Directions, AnyOtherCodeLeadsToTheSiteItself) {
   for (const int dir :
        {0, 9, -1, -8, 100, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
     EXPECT_EQ(fn_neighbi(3, dir), 3);
@@ -142,7 +142,7 @@ TEST_F(NeighbourCount, DrawsNothing) {
 
 class ModelInit : public EngineTest {};
 
-TEST_F(ModelInit, DrawsATypeForEachSiteRowByRow) {
+TEST_F(ModelInit, DrawsATypeForEachSiteColumnByColumn) {
   Foresight next;
   fModelInit(4, 3, 7, lattice);
   for (int i = 0; i < 3; ++i)
@@ -165,7 +165,7 @@ TEST_F(ModelInit, UsesEveryTypeAndNoOther) {
   EXPECT_EQ(all, 256 * 256);
 }
 
-TEST_F(ModelInit, LeavesSitesThatAreNotInUse) {
+TEST_F(ModelInit, DoesNotChangeSitesThatAreNotInUse) {
   resize(256, 256);
   fill(9);
   fModelInit(2, 4, 5, lattice);
