@@ -10,7 +10,7 @@
 namespace quorvane {
 namespace {
 
-/// The seeds that a program gives to the C library while the command runs it.
+/// The seeds that a program passes to srand during a command.
 std::string seedsGivenBy(const std::string& command) {
   const TemporaryFolder folder;
   const std::string log = (folder / "seeds").string();
@@ -22,15 +22,15 @@ std::string seedsGivenBy(const std::string& command) {
   return contentOf(log);
 }
 
-// Other threads, of a graphics driver for example, may use the C library's generator later on. A look at it
-// that waits for the first draw would have to tell their draws from its own. These runs end before any draw.
+// Other threads, such as those of a graphics driver, may use the C library's generator later. Comparing it
+// only at the first draw could mix their draws with its own. These runs end before any draw.
 
-TEST(PlatformLook, IsTheRunnersFirstAct) {
+TEST(PlatformLook, IsTheFirstActionOfTheRunner) {
   EXPECT_EQ(seedsGivenBy("'" QUORVANE_BATCH "' --version"), "10\n");
 }
 
 #ifdef APPLICATION
-TEST(PlatformLook, IsTheApplicationsFirstAct) { EXPECT_EQ(seedsGivenBy("'" APPLICATION "'"), "10\n"); }
+TEST(PlatformLook, IsTheFirstActionOfTheApplication) { EXPECT_EQ(seedsGivenBy("'" APPLICATION "'"), "10\n"); }
 #endif
 
 }  // namespace
