@@ -20,7 +20,7 @@ function(quorvane_tests name label)
   if(label MATCHES "^(unit|gui)$")
     target_compile_options(${name} PRIVATE -O0)
   endif()
-  # Windows on one screen take the focus from each other, so only one program runs on it at a time.
+  # Windows on one screen take each other's focus, so only one program has it at a time.
   set(properties LABELS "${label}" TIMEOUT 300)
   if(label STREQUAL "gui")
     list(APPEND properties RESOURCE_LOCK display ENVIRONMENT "${QUORVANE_GUI_ENVIRONMENT}")

@@ -158,7 +158,7 @@ void addHelp(CLI::App& app) {
   });
 }
 
-/// Prints the text of --help or --version; a failed write is an error.
+/// What --help or --version print; none of it is lost unnoticed.
 ExitStatus print(const std::string& text) {
   try {
     writeStandardOutput(text);

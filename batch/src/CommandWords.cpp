@@ -54,7 +54,7 @@ std::string unknown(const std::string& word) {
   return line + ", did you mean " + std::string(nearest.name);
 }
 
-/// The error in an option's value, which may look like another option.
+/// An option's value, which may look like another option.
 std::optional<std::string> wrongValue(const Option& option, const std::string* value) {
   const std::string name(option.name);
   const std::string what = option.takes == Takes::kNumber ? "a number" : "a name";

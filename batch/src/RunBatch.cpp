@@ -33,7 +33,7 @@ std::array<std::optional<std::filesystem::path>, 3> targetsOf(const BatchOptions
   return {options.output, options.populations, options.picture};
 }
 
-/// Reports all outputs that cannot be written, not only the first.
+/// Tells all that cannot be written, so that one need not start again for each.
 void checkOutputs(const BatchOptions& options, Messages& messages) {
   for (const auto& target : targetsOf(options)) {
     try {

@@ -55,7 +55,7 @@ TEST(Examples, EqualTheOutputOfMakeExamples) {
     EXPECT_EQ(contentOf(folder / name), contentOf(exampleFile(name))) << name;
 }
 
-TEST(Examples, ProgramPrintsItsUsageAndFailsIfItCannotWrite) {
+TEST(Examples, ProgramSaysWhatItNeedsAndFailsWhereItCannotWrite) {
   const std::string program = QUORVANE_MAKE_EXAMPLES;
   EXPECT_EQ(WEXITSTATUS(std::system((program + " 2>/dev/null").c_str())), 2);
   const TemporaryFolder folder;

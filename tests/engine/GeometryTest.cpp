@@ -17,7 +17,7 @@ TEST(Directions, OneToEightLeadToTheEightNeighbours) {
   }
 }
 
-TEST(Directions, AnyOtherCodeLeadsToTheSiteItself) {
+TEST(Directions, AnyOtherCodeLeadsNowhere) {
   for (const int dir :
        {0, 9, -1, -8, 100, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
     EXPECT_EQ(fn_neighbi(3, dir), 3);
@@ -142,7 +142,7 @@ TEST_F(NeighbourCount, DrawsNothing) {
 
 class ModelInit : public EngineTest {};
 
-TEST_F(ModelInit, DrawsATypeForEachSiteColumnByColumn) {
+TEST_F(ModelInit, DrawsATypeForEachSiteRowByRow) {
   Foresight next;
   fModelInit(4, 3, 7, lattice);
   for (int i = 0; i < 3; ++i)

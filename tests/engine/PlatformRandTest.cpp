@@ -117,7 +117,7 @@ TEST(PlatformRand, IsNotRecognisedIfValuesAreLeftOut) {
   EXPECT_FALSE(source.drawsItself());
 }
 
-/// A generator that ignores seeds, as on some systems: its sequence never repeats.
+/// A generator that no seed governs, as that of some systems: it never yields a stretch again.
 struct Unseeded {
   static inline std::uint64_t state = 1;
   static void srand(unsigned) {}

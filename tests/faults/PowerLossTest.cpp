@@ -116,7 +116,7 @@ class PowerLoss : public testing::Test {
   const SharedPlan plan_;
 };
 
-TEST_F(PowerLoss, LeavesTheOldOrTheNewFileAndTheNewOneOnceASaveHasReturned) {
+TEST_F(PowerLoss, LeavesTheOldFileOrTheNewOneAndTheNewOneOnceASaveHasReturned) {
   std::ofstream(saved_) << "old";
   const Disk before = disk();
   const Calls calls = save();
@@ -128,7 +128,7 @@ TEST_F(PowerLoss, LeavesANewFileWholeOrNotAtAll) {
   expectSafe(loseThePowerAnywhere({{}, calls}, targetOf({}, "system.quorvane")));
 }
 
-TEST_F(PowerLoss, IsDetectedToLoseASaveWithoutFsync) {
+TEST_F(PowerLoss, IsSeenToLoseASaveThatIsNotSynchronised) {
   std::ofstream(saved_) << "old";
   const Disk before = disk();
   const Calls calls = save();
@@ -163,7 +163,7 @@ TEST_F(PowerLoss, DuringASaveInPlaceLeavesTheTextInOneOfTwoFiles) {
   EXPECT_GT(numDisks, 50u);
 }
 
-TEST_F(PowerLoss, LeavesEveryResultOfARunOldOrNewAndNewOnceItHasEnded) {
+TEST_F(PowerLoss, LeavesAllResultsOfARunOldOrNewAndNewOnceItHasEnded) {
   for (const char* name : {"out.quorvane", "out.csv", "out.png"}) std::ofstream(folder_ / name) << "old";
   runAndLoseThePower({"--output", folder_ / "out.quorvane", "--populations", folder_ / "out.csv", "--picture",
                       folder_ / "out.png"},

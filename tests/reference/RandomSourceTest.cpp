@@ -62,7 +62,7 @@ TEST(RandomSource, StartsWithTheSameDrawsWhateverOtherCodeHasDrawnBefore) {
   EXPECT_EQ(second.next(), expected);
 }
 
-TEST(RandomSource, DrawsFromAnotherPlatformsGeneratorThroughTheShuffleTable) {
+TEST(RandomSource, DrawsFromAnotherPlatformsGeneratorThroughTheTable) {
   using Ours = Congruential<31, 0>;
   using Theirs = Congruential<31, 1>;
   RandomSource source(PlatformRand{&Ours::srand, &Ours::rand});

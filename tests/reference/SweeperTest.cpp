@@ -156,7 +156,7 @@ TEST(Sweeper, WithoutALatticeDrawsTheSiteOfOneAttempt) {
   EXPECT_EQ(processRandomSource.next(), expected.next());
 }
 
-/// A platform with another generator than the one that the engine computes.
+/// A platform whose generator is not the one that is computed here.
 struct OtherRand {
   static inline std::uint64_t state = 0;
   static void srand(unsigned seed) { state = seed; }

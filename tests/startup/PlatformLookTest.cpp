@@ -10,7 +10,7 @@
 namespace quorvane {
 namespace {
 
-/// The seeds that a program passes to srand during a command.
+/// The seeds that a program gives to the C library while the command runs it.
 std::string seedsGivenBy(const std::string& command) {
   const TemporaryFolder folder;
   const std::string log = (folder / "seeds").string();
@@ -25,12 +25,12 @@ std::string seedsGivenBy(const std::string& command) {
 // Other threads, such as those of a graphics driver, may use the C library's generator later. Comparing it
 // only at the first draw could mix their draws with its own. These runs end before any draw.
 
-TEST(PlatformLook, IsTheFirstActionOfTheRunner) {
+TEST(PlatformLook, IsTheRunnersFirstAct) {
   EXPECT_EQ(seedsGivenBy("'" QUORVANE_BATCH "' --version"), "10\n");
 }
 
 #ifdef APPLICATION
-TEST(PlatformLook, IsTheFirstActionOfTheApplication) { EXPECT_EQ(seedsGivenBy("'" APPLICATION "'"), "10\n"); }
+TEST(PlatformLook, IsTheApplicationsFirstAct) { EXPECT_EQ(seedsGivenBy("'" APPLICATION "'"), "10\n"); }
 #endif
 
 }  // namespace

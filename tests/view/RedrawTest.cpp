@@ -102,7 +102,7 @@ TEST(Redraw, MergesTheRequestsOfALoopThatOutrunsTheScreen) {
   EXPECT_EQ(frames.count(), 1);
 }
 
-TEST(Redraw, IsPostedAgainOnceTheLastRequestIsHandled) {
+TEST(Redraw, IsPostedAgainOnceTheLastRequestHasBeenTakenUp) {
   auto view = settledView();
   view->setSimulationSpeed(kFastest);
   QSignalSpy frames(view.get(), &GraphicalLatticeModelGL::frameDrawn);

@@ -36,7 +36,7 @@ std::vector<Band> bandsAcross(double extent, double spacing, int sites) {
   return bands;
 }
 
-/// The colour, opacity and largest trace of a pixel type.
+/// What a pixel type is drawn with.
 struct Ink {
   float red, green, blue;
   double maximum, opacity;
@@ -58,7 +58,7 @@ void drawSite(QOpenGLFunctions_2_1& gl, const ModelState& model, const std::vect
     const Ink& ink = inks[type];
     const double trace = model.varMobileHistory[type][column.site][row.site];
     const auto alpha = static_cast<float>(trace / ink.maximum * ink.opacity);
-    // Blending with alpha 0 changes no pixel, and most rectangles have alpha 0.
+    // Blending with alpha 0 leaves every pixel as it was, and most rectangles are such.
     if (alpha == 0.0f) continue;
     gl.glColor4f(ink.red, ink.green, ink.blue, alpha);
     gl.glRectd(column.from, row.from, column.to, row.to);
@@ -113,8 +113,7 @@ void GraphicalLatticeModelGL::drawRect() {
   const bool hasSites = varImax > 0 && varJmax > 0 && !size().isEmpty();
   if (varMyState > kNotInitialised && hasSites) drawSites(*gl);
 
-  // Ends a primitive that other code left open in this context; otherwise sets an error flag, which nothing
-  // reads.
+  // No primitive is open here; the call is kept all the same.
   gl->glEnd();
   gl->glFlush();
   emit frameDrawn();

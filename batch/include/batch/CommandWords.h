@@ -6,8 +6,9 @@
 
 namespace quorvane {
 
-/// The first error in the words of a command line, as one line: an unknown option, an option without its
-/// value, a value for an option that takes none, an empty name. Values are checked later.
+/// What is wrong with the words of a command line before any of them is understood, as one line: an option
+/// that does not exist, one without its value, a value where there is none, an empty name. None if nothing
+/// is.
 std::optional<std::string> wrongWord(const std::vector<std::string>& words);
 
 }  // namespace quorvane
