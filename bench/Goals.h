@@ -4,10 +4,10 @@
 
 namespace quorvane {
 
-/// What an attempt may cost, in draws of one random number in a tight loop, all 254 by 254 sites.
+/// The cost of an attempt, in units of one draw in a tight loop, on 254 by 254 sites.
 struct Goal {
   const char* name;   ///< of the typical system
-  const char* draws;  ///< draws that an attempt makes
+  const char* draws;  ///< draws per attempt
   double most;        ///< the goal
   double recorded;    ///< measured when the goal was met; docs/performance.md names the machine
 };
@@ -23,7 +23,7 @@ inline std::span<const Goal> goals() {
   return all;
 }
 
-/// What a whole sweep of the run loop may cost, in times of its attempts.
+/// The cost of a whole sweep of the run loop, in units of its attempts.
 struct SweepGoal {
   const char* name;
   double most;

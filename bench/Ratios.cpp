@@ -7,7 +7,7 @@ namespace {
 
 double smallest(const std::vector<double>& values) { return *std::min_element(values.begin(), values.end()); }
 
-/// The library has told a failed run in two ways over its versions.
+/// Versions of Google Benchmark mark a failed run by different members.
 template <class Run>
 bool failed(const Run& run) {
   if constexpr (requires { run.error_occurred; })

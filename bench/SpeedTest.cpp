@@ -13,8 +13,8 @@
 #include "engine/f_ran0.h"
 #include "reference/Lockstep.h"
 
-// An attempt must not become half as expensive again as it was when it was recorded, in draws. Ratios within
-// one run, of the shortest of many short times, so that a busy machine changes little.
+// The cost of an attempt in draws must stay below 1.5 times the recorded one. Minima of many short times
+// within one run, since these are least affected by other load.
 
 namespace quorvane {
 
@@ -34,7 +34,7 @@ double nanoseconds(Work&& work) {
 
 void drawAsOftenAsASweepHasAttempts() {
   for (int k = 0; k < kAttempts; ++k) {
-    // Neither left out nor computed ahead by the compiler.
+    // Keeps the compiler from removing or hoisting the draw.
     volatile double kept = fRandReal();
     static_cast<void>(kept);
   }

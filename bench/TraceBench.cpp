@@ -38,7 +38,7 @@ void sweep(benchmark::State& state, const std::string& name) {
   state.counters["items"] = kSweeps * kAttempts;
 }
 
-/// The same without the traces, as the runner makes them where no picture is asked for.
+/// The same without updating the traces, as in the runner without pictures.
 void sweepWithoutTraces(benchmark::State& state, const std::string& name) {
   const auto model = tracedModel(caseOf(name));
   for (auto _ : state) model->runSweeps(kSweeps, Traces::kLeftAlone);
@@ -53,7 +53,7 @@ void traceUpdate(benchmark::State& state) {
   }
 }
 
-/// One trace has decayed for so long that it is smaller than any normal number.
+/// One trace has decayed to a denormal number.
 void traceUpdateOfVanishedType(benchmark::State& state) {
   const auto model = tracedModel(caseOf(kTwoTypes));
   for (int i = 0; i < model->getIMax(); ++i)

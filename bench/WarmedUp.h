@@ -7,8 +7,8 @@ namespace quorvane {
 /// Attempts of one sweep of a typical system.
 inline constexpr int kAttempts = 254 * 254 + 1;
 
-/// A typical system after thirty sweeps, so that its lattice looks as it does most of the time, and not as it
-/// was filled. All sides are measured from there with the same draws, and so go through the same lattices.
+/// A typical system after thirty sweeps, when its lattice no longer looks like the random start. Both engines
+/// are measured from there with the same draws, so they go through the same states.
 const reference::System& warmedUp(const reference::Case& typical);
 
 }  // namespace quorvane

@@ -10,8 +10,8 @@
 
 #include "app/MainWindow.h"
 
-// Prints how long real clicks on the window wait for their answer while the largest lattice runs at full
-// speed. Needs a display and xdotool, which makes the clicks.
+// Prints the response time of real clicks on the window while the largest lattice runs at full speed. Needs a
+// display and xdotool, which makes the clicks.
 
 namespace quorvane {
 namespace {
@@ -30,7 +30,7 @@ void runLargestLattice(LatticeModel& model) {
   model.runLatticeModelInBackground();
 }
 
-/// Milliseconds from the call of the clicking program, which is part of it, to the handler of the click.
+/// Milliseconds from the call of xdotool, whose start is included, to the handler of the click.
 double answerTime(QCheckBox& box) {
   const QPoint middle = box.mapToGlobal(QPoint(8, box.height() / 2));
   QEventLoop answered;

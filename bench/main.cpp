@@ -50,7 +50,7 @@ int main(int argc, char** argv) {
   quorvane::registerEngineBenchmarks();
   quorvane::registerTraceBenchmarks();
   quorvane::registerDocumentBenchmarks();
-  // What a busy machine does then falls on both sides of a ratio alike.
+  // Other load then affects both sides of a ratio alike.
   static char interleaved[] = "--benchmark_enable_random_interleaving=true";
   std::vector<char*> arguments(argv, argv + argc);
   arguments.insert(arguments.begin() + 1, interleaved);

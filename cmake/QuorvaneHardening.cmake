@@ -1,8 +1,7 @@
-# What makes a mistake in memory end a program instead of being of use to whoever provoked it. An attempt takes as
-# many instructions with all of it as without (docs/reliability.md).
+# Options that turn exploitable memory errors into aborts. They do not slow down the engine (docs/reliability.md).
 #
-# For what is installed and run. Sanitizers have checks of their own, and the checks of the C library need an
-# optimised build, which tests are not.
+# For optimised builds of installed targets: sanitizers have their own checks, and _FORTIFY_SOURCE needs
+# optimisation, which the tests are built without.
 include(CheckCXXCompilerFlag)
 include(CheckPIESupported)
 
@@ -10,7 +9,7 @@ check_pie_supported()
 add_library(quorvane_hardening INTERFACE)
 if(CMAKE_BUILD_TYPE MATCHES "^Rel" AND NOT QUORVANE_SANITIZE)
   set(flags -fstack-protector-strong -fstack-clash-protection)
-  # Only some processors can check where a jump leads.
+  # Only for x86; other processors have other options.
   check_cxx_compiler_flag(-fcf-protection QUORVANE_HAS_CF_PROTECTION)
   if(QUORVANE_HAS_CF_PROTECTION)
     list(APPEND flags -fcf-protection)

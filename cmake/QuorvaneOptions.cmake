@@ -1,4 +1,4 @@
-# What every target of ours is compiled with, and the one way to declare a library.
+# The compile options of all targets, and the function that declares a library.
 
 if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
   set(CMAKE_BUILD_TYPE Release CACHE STRING "" FORCE)
@@ -6,7 +6,7 @@ endif()
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  # Else it would pass by every file that uses a precompiled header.
+  # Without this setting ccache does not cache files that use a precompiled header.
   set(CMAKE_CXX_COMPILER_LAUNCHER
     "${CMAKE_COMMAND}" -E env CCACHE_SLOPPINESS=pch_defines,time_macros "${CCACHE_PROGRAM}")
 endif()
@@ -22,7 +22,7 @@ set_target_properties(quorvane_options PROPERTIES INTERFACE_POSITION_INDEPENDENT
 target_compile_options(quorvane_options INTERFACE
   -ffp-contract=off -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
 if(QUORVANE_SANITIZE)
-  # Warnings stay warnings here: what a sanitizer adds to the code makes GCC see overruns that are none.
+  # No -Werror here: with sanitizers GCC gives false warnings about overruns.
   target_compile_options(quorvane_options INTERFACE
     -fsanitize=${QUORVANE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(quorvane_options INTERFACE -fsanitize=${QUORVANE_SANITIZE})
@@ -33,7 +33,7 @@ endif()
 include(QuorvaneHardening)
 
 # quorvane_library(NAME SOURCES... [LINK libraries...])
-# A static library of one folder. Its headers stand in NAME/include, which only those who link it can see.
+# A static library of one folder. Its headers are in NAME/include, which only targets that link it can include.
 function(quorvane_library name)
   cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
   add_library(${name} STATIC ${arg_SOURCES})

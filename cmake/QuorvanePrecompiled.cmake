@@ -1,8 +1,8 @@
-# Headers of libraries that nearly every file of a target includes, parsed once for each target. Reading them is
-# most of what compiling takes here.
+# Precompiled headers of libraries that nearly every file of a target includes. Parsing them takes most of the time
+# of compiling.
 #
-# The libraries are built without in a build for use, which shows that each file includes what it needs, and gives
-# clang-tidy commands that it can follow.
+# Builds without sanitizers compile the libraries without them, so that a missing include is an error there and
+# clang-tidy can use the compile commands.
 
 option(QUORVANE_PRECOMPILED "Precompile headers for the tests, and for the libraries where they are only tested" ON)
 

@@ -1,5 +1,5 @@
-# What tests that open a window have in their environment.
-# Graphics drivers keep memory until the end and are unloaded by then, so their leaks have no name to go by.
+# The environment of tests that open a window. Graphics drivers leak, and are unloaded before the leak check, so that
+# no suppression could name them.
 set(QUORVANE_GUI_ENVIRONMENT "ASAN_OPTIONS=detect_leaks=0")
 
 # quorvane_tests(NAME LABEL SOURCES... LINK libraries...)
@@ -16,7 +16,7 @@ function(quorvane_tests name label)
     target_link_libraries(${name} PRIVATE GTest::gtest_main)
     quorvane_precompile(${name} <gmock/gmock.h> <gtest/gtest.h>)
   endif()
-  # What takes time here is compiling; what takes time in these tests is in the libraries.
+  # Compiling these tests takes longer than running them, and their run time is spent in the libraries.
   if(label MATCHES "^(unit|gui)$")
     target_compile_options(${name} PRIVATE -O0)
   endif()
@@ -27,7 +27,7 @@ function(quorvane_tests name label)
   elseif(label STREQUAL "speed")
     list(APPEND properties RUN_SERIAL TRUE)
   elseif(label STREQUAL "validation")
-    # A minute and a half of arithmetic, in a build without optimisation ten times that.
+    # A minute and a half, ten times that in a build without optimisation.
     list(APPEND properties TIMEOUT 1800)
   endif()
   gtest_discover_tests(${name}

@@ -2,7 +2,7 @@
 
 #include "SystemBuilder.h"
 
-/// One function for each document; docs/examples.md tells what they are.
+/// One function for each document; docs/examples.md describes them.
 namespace quorvane {
 
 // Magnets.cpp

@@ -1,4 +1,4 @@
-// What is once in place stays there.
+// Deposits that stay where they are.
 
 #include "Designs.h"
 #include "Palette.h"
@@ -6,7 +6,7 @@
 
 namespace quorvane {
 
-/// A colony that takes empty sites at its edge. Its old cells shine the more the older they are.
+/// A colony that takes empty sites at its edge. The older its cells, the brighter they are.
 SystemBuilder designEdenGrowth() {
   constexpr int medium = 0, cell = 1, fresh = 2;
   SystemBuilder system(3, 256, 208);
@@ -20,7 +20,7 @@ SystemBuilder designEdenGrowth() {
   return system;
 }
 
-/// Particles that wander through a medium freeze where they meet the cluster that began with one seed.
+/// Particles that diffuse through a medium and freeze where they touch the cluster grown from one seed.
 SystemBuilder designGrowthFromASeed() {
   constexpr int medium = 0, wanderer = 1, tip = 2, crystal = 3;
   SystemBuilder system(4);
@@ -45,7 +45,7 @@ SystemBuilder designGrowthFromASeed() {
   return system;
 }
 
-/// Particles that land on a bare surface where all eight neighbours are free, and stay.
+/// Particles that land on a bare site whose eight neighbours are free, and stay.
 SystemBuilder designAdsorption() {
   constexpr int bare = 0, shaded = 1, particle = 2;
   SystemBuilder system(3);

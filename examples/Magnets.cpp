@@ -1,4 +1,4 @@
-// Two or more states of a site that flip and prefer like neighbours.
+// Models whose sites have two or more states that flip and favour like neighbours.
 
 #include "Designs.h"
 #include "Palette.h"
@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kDown = 0, kUp = 1;
 
-/// Two states that repel each other. A flip counts each bond at half its constant, so a constant e is the
+/// Two states that repel each other. A flip counts each bond at half its constant, so a constant e gives the
 /// coupling K = e / 4 of the Ising model.
 SystemBuilder magnet(double unlikeEnergy, int across, int upwards) {
   SystemBuilder system(2, across, upwards);
@@ -20,7 +20,7 @@ SystemBuilder magnet(double unlikeEnergy, int across, int upwards) {
   return system;
 }
 
-/// Disorder on the left, order on the right: each coupling makes something else of the two.
+/// Disorder on the left, order on the right: the start for all couplings.
 SystemBuilder ising(double coupling) {
   SystemBuilder system = magnet(4.0 * coupling, 256, 208);
   Chance chance;

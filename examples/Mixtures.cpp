@@ -6,7 +6,8 @@
 
 namespace quorvane {
 
-/// Ever wider stripes over a square and a ring: the narrow break into droplets, the wide hold, corners round.
+/// Ever wider stripes over a square and a ring: narrow stripes break into droplets, wide ones hold, corners
+/// round.
 SystemBuilder designPhaseSeparation() {
   constexpr int water = 0, oil = 1;
   SystemBuilder system(2);
@@ -32,7 +33,7 @@ SystemBuilder designPhaseSeparation() {
   return system;
 }
 
-/// A well-stirred mixture of two oils in water. The oils repel each other less than they repel water.
+/// A well-stirred mixture of two oils in water. The oils repel each other less than either repels water.
 SystemBuilder designThreePhases() {
   constexpr int water = 0, oil = 1, resin = 2;
   SystemBuilder system(3);
@@ -53,7 +54,7 @@ SystemBuilder designThreePhases() {
   return system;
 }
 
-/// Two gases in the left of two boxes; between them a wall with a hole.
+/// Two gases in the left of two boxes, with a hole in the wall between them.
 SystemBuilder designGasThroughAHole() {
   constexpr int vacuum = 0, light = 1, heavy = 2, wall = 3;
   SystemBuilder system(4, 48, 39);

@@ -1,4 +1,4 @@
-// Sites that only a mobile neighbour lets move.
+// Sites that can change only next to a mobile neighbour.
 
 #include "Designs.h"
 #include "Palette.h"
@@ -6,7 +6,7 @@
 
 namespace quorvane {
 
-/// Mobility that only mobility can wake spreads from a spark through the doors of a walled house.
+/// Facilitated flips: mobility spreads from one spot through the doors of a walled house.
 SystemBuilder designFacilitatedFlips() {
   constexpr int frozen = 0, mobile = 1, wall = 2;
   SystemBuilder system(3);
@@ -26,9 +26,8 @@ SystemBuilder designFacilitatedFlips() {
   return system;
 }
 
-/// The model in equilibrium from the start: each site is mobile by itself with probability 1 / (1 +
-/// exp(field)). Sites that have been mobile freeze to a type of their own, which changes nothing but the
-/// picture.
+/// The model in equilibrium from the start: each site is mobile independently with probability 1 / (1 +
+/// exp(field)). Sites that have been mobile freeze to a separate type, which changes only the picture.
 SystemBuilder designFredricksonAndersen() {
   constexpr int untouched = 0, frozen = 1, mobile = 2;
   constexpr double field = 3.0;

@@ -2,7 +2,8 @@
 
 #include "SystemBuilder.h"
 
-/// Colours that stay apart for every kind of colour vision (Okabe and Ito), and dark grounds for them.
+/// Colours that can be told apart with every kind of colour vision (Okabe and Ito), and dark backgrounds for
+/// them.
 namespace quorvane::palette {
 
 inline constexpr Color kNight{0.03, 0.05, 0.12};

@@ -6,7 +6,7 @@
 
 namespace quorvane {
 
-/// A disc of one opinion in another; each site follows a neighbour drawn at random.
+/// A disc of one opinion in another; each site adopts the opinion of a random neighbour.
 SystemBuilder designVoters() {
   constexpr int blue = 0, yellow = 1;
   SystemBuilder system(2);
@@ -18,7 +18,7 @@ SystemBuilder designVoters() {
   return system;
 }
 
-/// A meadow of prey with one pack of predators in it.
+/// A meadow of prey with one pack of predators.
 SystemBuilder designPredatorsAndPrey() {
   constexpr int ground = 0, prey = 1, predator = 2;
   SystemBuilder system(3);
@@ -35,7 +35,7 @@ SystemBuilder designPredatorsAndPrey() {
   return system;
 }
 
-/// Three species, each beaten by the next, in a random start.
+/// Three species, each beaten by the next, from a random start.
 SystemBuilder designRockPaperScissors() {
   constexpr int rock = 0, paper = 1, scissors = 2;
   SystemBuilder system(3, 256, 208);

@@ -1,4 +1,4 @@
-// What passes from neighbour to neighbour and dies out, or does not.
+// States that spread between neighbours and may die out.
 
 #include "Designs.h"
 #include "Palette.h"
@@ -6,7 +6,7 @@
 
 namespace quorvane {
 
-/// A little above the threshold: the full left half thins out, the empty right half is invaded.
+/// Slightly above the threshold: the full left half thins out, the empty right half is invaded.
 SystemBuilder designContactProcess() {
   constexpr int empty = 0, active = 1;
   SystemBuilder system(2, 256, 208);
@@ -38,7 +38,7 @@ SystemBuilder designEpidemic() {
   return system;
 }
 
-/// Two towns, alike but for one thing: in the left one the carriers pass for sick.
+/// Two towns that differ only in one flag: in the left one the carriers masquerade as sick.
 SystemBuilder designSilentCarriers() {
   constexpr int healthy = 0, sick = 1, immune = 2, silent = 3, isolated = 4, wall = 5;
   SystemBuilder system(6);

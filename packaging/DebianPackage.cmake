@@ -1,6 +1,6 @@
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME quorvane)
-# The project has no address that could be reached, so none is named.
+# The project has no address that can be reached.
 set(CPACK_PACKAGE_CONTACT "The Quorvane authors")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
@@ -10,21 +10,21 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "experiment with stochastic lattice models")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "Quorvane is a desktop laboratory for stochastic lattice models of statistical
-physics, chemistry and ecology. Up to ten pixel types live on a wrapped lattice
-of up to 256 by 256 sites, and up to fifty rules move them: irreversible and
+physics, chemistry and ecology. A periodic lattice of up to 256 by 256 sites
+holds up to ten pixel types, and up to fifty rules change it: irreversible and
 reversible flips, swaps with a neighbour, pair energies, and facilitation by
-neighbours. The lattice can be painted on while it runs, and a run is
+neighbours. The lattice can be painted on while it runs, and runs are
 reproducible to the last bit.
 .
-The package also holds quorvane-batch, which makes the same runs without a
-window and writes documents, populations, pictures and films, and a library of
-example documents.")
+The package also contains quorvane-batch, which makes the same runs without a
+window and writes documents, populations, pictures and the frames of films, and
+a library of example documents.")
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# Qt's support for Wayland is a package of its own, and films are made by ffmpeg.
+# Qt's support for Wayland is a separate package, and ffmpeg makes films from frames.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland, shared-mime-info")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS ffmpeg)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION TRUE)

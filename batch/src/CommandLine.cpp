@@ -20,8 +20,7 @@ namespace {
 constexpr const char* kProgram = "quorvane-batch";
 constexpr std::int64_t kNoLimit = std::numeric_limits<std::int64_t>::max();
 
-/// Only decimal digits, and a value in range: the library itself takes a number that is too large as the
-/// largest one there is.
+/// Accepts decimal digits with a value in range. CLI11's own conversion clamps a number that is too large.
 CLI::Validator wholeNumber(std::int64_t lowest, std::int64_t highest) {
   const auto check = [=](const std::string& text) -> std::string {
     std::int64_t value = 0;
@@ -36,7 +35,7 @@ CLI::Validator wholeNumber(std::int64_t lowest, std::int64_t highest) {
 
 [[noreturn]] void refuse(const std::string& line) { throw CLI::ParseError(line, kExitUsage); }
 
-/// The names that the system has for standard output are that.
+/// Turns the system's file names for standard output into "-".
 void recogniseStandardOutput(std::optional<std::filesystem::path>& target) {
   for (const char* name : {"/dev/stdout", "/dev/fd/1", "/proc/self/fd/1"})
     if (target && *target == name) target = "-";

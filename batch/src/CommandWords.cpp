@@ -23,7 +23,7 @@ constexpr Option kOptions[] = {{"--sweeps", Takes::kNumber},    {"--every", Take
                                {"--scale", Takes::kNumber},     {"--trace", Takes::kNothing},
                                {"--help", Takes::kNothing},     {"--version", Takes::kNothing}};
 
-/// Letters that have to be put in, left out or changed to make one word of the other.
+/// The Levenshtein distance of two words.
 std::size_t distance(std::string_view a, std::string_view b) {
   std::vector<std::size_t> row(b.size() + 1);
   std::iota(row.begin(), row.end(), std::size_t{0});
@@ -38,7 +38,7 @@ std::size_t distance(std::string_view a, std::string_view b) {
   return row.back();
 }
 
-/// Quoted only where it is no plain word.
+/// Quoted only if it needs escapes.
 std::string plainOrQuoted(const std::string& word) {
   const std::string in = inQuotes(word);
   return in == '"' + word + '"' ? word : in;

@@ -38,7 +38,7 @@ void makeFolder(const fs::path& folder) {
     foldersThatChange.push_back(path.parent_path());
   fs::create_directories(folder, error);
   if (error) throw BatchFailure(nameOf(folder), error.message());
-  // Frames are no safer than the name of their folder.
+  // Without this, a loss of power could take the folder with its synchronised frames.
   for (const fs::path& changed : foldersThatChange) syncFolder(changed);
 }
 
@@ -59,12 +59,12 @@ FrameFolder::FrameFolder(fs::path folder, std::int64_t lastNumber)
 
 FrameFolder::~FrameFolder() { ::close(lock_); }
 
-/// Held by the system for as long as the process lives, so that nothing is left of it.
+/// A lock of the system, which ends with the process, so that no stale lock can stay.
 void FrameFolder::lock() {
   do lock_ = ::open(folder_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   while (lock_ < 0 && errno == EINTR);
   if (lock_ < 0) throw BatchFailure(nameOf(folder_), std::generic_category().message(errno));
-  // Where there are no locks, runs that come one after another are still told apart.
+  // Without support for locks, requireNoFrames still detects frames of an earlier run.
   if (::flock(lock_, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK) return;
   ::close(lock_);
   throw BatchFailure(nameOf(folder_), "gets frames of another run at this moment");

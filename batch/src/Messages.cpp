@@ -21,9 +21,9 @@ std::string escaped(unsigned char c) {
   return std::string("\\x") + digits[c >> 4] + digits[c & 15];
 }
 
-/// Bytes of the printable character at the start of the text; 0 if there is none. Control characters of
-/// Unicode (U+0080 to U+009F) act on some terminals; a longer form than needed, half a surrogate pair and
-/// what is beyond Unicode are no characters.
+/// The length in bytes of the printable UTF-8 character at the start of the text; 0 if there is none.
+/// Excludes the C1 controls (U+0080 to U+009F), which some terminals obey, overlong forms, surrogates and
+/// code points above U+10FFFF.
 std::size_t printableAt(std::string_view text) {
   const auto byte = [&](std::size_t k) { return static_cast<unsigned char>(text[k]); };
   const unsigned char first = byte(0);
@@ -77,7 +77,7 @@ std::string lineOf(const std::exception& error, const std::string& what) {
 }
 
 void Messages::note(const std::string& line) {
-  // Progress may stand in the line.
+  // The line may show progress.
   constexpr const char* eraseLine = "\r\033[K";
   if (&err_ == &std::cerr && ::isatty(STDERR_FILENO) == 1) err_ << eraseLine;
   err_ << "quorvane-batch: " << line << std::endl;

@@ -11,7 +11,7 @@ namespace {
 
 constexpr const char* kEraseLine = "\r\033[K";
 
-/// In its two largest units, as "3 min 20 s".
+/// A time in its two largest units: "3 min 20 s".
 std::string timeText(double seconds) {
   constexpr double longest = 100.0 * 365 * 86400;
   if (!(seconds < longest)) return "more than 100 years";
@@ -39,7 +39,7 @@ std::string progressText(std::int64_t done, std::int64_t total, std::chrono::dur
   const double part = static_cast<double>(done) / static_cast<double>(total);
   std::string percent = std::to_string(static_cast<int>(100.0 * part)) + " %";
   const std::string sweeps = "sweep " + std::to_string(done) + " of " + std::to_string(total);
-  // The first moments tell little about the rest.
+  // The first second is no estimate of the rest.
   const bool known = done > 0 && elapsed >= std::chrono::seconds(1);
   std::string shorter = percent;
   if (known) shorter.append(", ").append(timeText(elapsed.count() / part - elapsed.count())).append(" left");
@@ -65,7 +65,7 @@ void Progress::show(std::int64_t done) {
   constexpr std::chrono::milliseconds interval{300};
   next_ = now + interval;
   shown_ = true;
-  // A character in the last column might begin another line.
+  // A character in the last column makes some terminals wrap.
   const std::string text = progressText(done, total_, now - start_, columnsOfTerminal() - 1);
   std::cerr << kEraseLine << text << std::flush;
 }

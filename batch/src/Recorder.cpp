@@ -9,7 +9,7 @@
 namespace quorvane {
 namespace {
 
-/// Sweep 0, every whole multiple and, if it is none, the last sweep.
+/// The index of the last record: sweep 0 is the first; the last sweep is recorded even if it is no multiple.
 std::int64_t lastRecord(const BatchOptions& options) {
   return options.sweeps / options.every + (options.sweeps % options.every == 0 ? 0 : 1);
 }
@@ -67,7 +67,7 @@ bool Recorder::rowsAreDue() const {
 }
 
 void Recorder::keepUp() {
-  // Soon enough for a person or a plot that follows, rare enough not to slow down small lattices.
+  // Short for a person who watches the rows, long enough not to slow down small lattices.
   constexpr std::chrono::milliseconds interval{100};
   if (!rowsAreDue()) return;
   nextWriting_ = std::chrono::steady_clock::now() + interval;
@@ -77,7 +77,7 @@ void Recorder::keepUp() {
 void Recorder::writeRows() {
   rows_->write(table_.csv());
   table_.clear();
-  // A file that holds only the row of sweep 0 is worth nothing to anybody.
+  // A file with only the row of sweep 0 is not worth keeping.
   if (lastSweep_ > 0) rows_->keep();
 }
 
@@ -89,13 +89,13 @@ void Recorder::finish() {
   });
 }
 
-/// For rows that fail: those that wait are saved as far as possible.
+/// The end of the message about rows that failed. First tries to write the buffered rows.
 std::string Recorder::whereRowsAre() {
   if (!rows_ || !rows_->isGrowing()) return {};
   try {
     writeRows();
   } catch (const std::exception&) {
-    // They are lost, as they are where a run is killed.
+    // The buffered rows are lost, as when the run is killed.
   }
   const auto kept = rows_->kept();
   return kept.empty() ? "" : " (the rows so far are in " + nameOf(kept) + ")";

@@ -50,20 +50,20 @@ bool writesToStandardOutput(const BatchOptions& options) {
                      [](const auto& target) { return target && isStandardStream(*target); });
 }
 
-/// Sweeps that are made between two looks at signals and at the clock: few enough for the largest lattice to
-/// answer at once, and many enough for the smallest to lose no time with it.
+/// Sweeps between two checks of signals and clock: few enough for the largest lattice to respond at once, and
+/// enough to make the checks negligible on the smallest.
 std::int64_t sweepsAtOnce(const BatchOptions& options, std::int64_t done) {
   constexpr std::int64_t most = 16;
   const std::int64_t untilRecord = options.every - done % options.every;
   return std::min({most, untilRecord, options.sweeps - done});
 }
 
-/// False where everything that was asked for has failed already.
+/// False once every requested result has failed.
 bool canGiveAnything(const BatchOptions& options, const Recorder& recorder) {
   return options.output || options.picture || recorder.isRecording();
 }
 
-/// Makes the sweeps, or fewer where a signal asks for it. The number of sweeps made.
+/// Makes the sweeps, or fewer if a signal stops the run. Returns the number of sweeps made.
 std::int64_t run(LatticeModel& model, const BatchOptions& options, Recorder& recorder) {
   Progress progress(options.sweeps, writesToStandardOutput(options));
   for (std::int64_t done = 0;;) {
@@ -78,7 +78,7 @@ std::int64_t run(LatticeModel& model, const BatchOptions& options, Recorder& rec
   }
 }
 
-/// One result, whatever becomes of the others.
+/// Writes one result; a failure is reported and does not affect the others.
 template <typename Content>
 void writeResult(const std::optional<std::filesystem::path>& target, Messages& messages,
                  const Content& content) {
@@ -92,7 +92,7 @@ void writeResult(const std::optional<std::filesystem::path>& target, Messages& m
   }
 }
 
-/// The number of sweeps made; none if something cannot be written, so that nothing runs.
+/// The number of sweeps made; none if an output cannot be written, in which case nothing runs.
 std::optional<std::int64_t> runAndWrite(LatticeModel& model, const BatchOptions& options,
                                         Messages& messages) {
   checkOutputs(options, messages);
@@ -120,7 +120,7 @@ ExitStatus statusOf(int signal) {
 }
 
 ExitStatus openAndRun(const BatchOptions& options, Messages& messages) {
-  // A file is soon read; a wait for the writer of a pipe can be ended like any program.
+  // A regular file is read quickly. A pipe may block, so until it is read a signal ends the process as usual.
   std::error_code error;
   if (std::filesystem::is_regular_file(options.document, error)) watchStopSignals();
   const auto model = openModel(options.document);

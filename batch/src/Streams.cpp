@@ -32,7 +32,8 @@ void checkStandardOutput() {
 void fillStandardDescriptors() {
   for (const int file : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     if (::fcntl(file, F_GETFD) >= 0) continue;
-    // The lowest free number is this one. The wrong way round, so that its use fails as it should.
+    // open() returns the lowest free descriptor, which is this one. Opened in the wrong direction, so that
+    // its use fails as that of a closed one.
     (void)::open("/dev/null", file == STDIN_FILENO ? O_WRONLY : O_RDONLY);
   }
 }

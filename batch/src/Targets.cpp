@@ -17,15 +17,15 @@ namespace {
 namespace fs = std::filesystem;
 using File = std::optional<fs::path>;
 
-/// A place by what it is, not by what it is called: what stands there, or the nearest folder above it that
-/// does, and the names from there on.
+/// The identity of a path, independent of its spelling: the inode of the file, or of its nearest existing
+/// ancestor and the names below that.
 struct Place {
   dev_t device = 0;
   ino_t inode = 0;
   std::vector<std::string> names = {};
   bool isRegular = false;
 
-  /// True if the other place is this one, or inside it.
+  /// True if the other place is this one or inside it.
   bool holds(const Place& other) const {
     return device == other.device && inode == other.inode && names.size() <= other.names.size() &&
            std::equal(names.begin(), names.end(), other.names.begin());
@@ -37,7 +37,7 @@ Place placeOf(const struct stat& status) {
   return {status.st_dev, status.st_ino, {}, S_ISREG(status.st_mode)};
 }
 
-/// The names that a path has behind one that does not exist can only be names.
+/// Appends a name below a folder that does not exist, where ".." can only undo a name.
 void enter(Place& place, const std::string& name) {
   if (name.empty() || name == ".") return;
   if (name == ".." && !place.names.empty())
@@ -50,7 +50,7 @@ Place placeOf(const fs::path& path, int links = 0) {
   constexpr int mostLinks = 40;
   struct stat status;
   if (::stat(path.empty() ? "." : path.c_str(), &status) == 0) return placeOf(status);
-  // Nothing can be told of it; writing to it says why.
+  // Nothing is known about it; writing to it reports the reason.
   const bool unknown = (errno != ENOENT && errno != ENOTDIR) || path == path.root_path();
   if (unknown || links > mostLinks) return {0, 0, {path.native()}};
   if (!path.has_filename()) return placeOf(path.parent_path(), links);  // FOLDER/ is FOLDER
@@ -105,7 +105,7 @@ std::optional<std::string> conflictWithFrames(const std::vector<fs::path>& files
     const Place place = placeOfTarget(file);
     if (place.is(folder)) return spoken(file) + ": is asked for twice";
     if (place.holds(folder)) return spoken(file) + ": is asked for as a file and as a folder for --frames";
-    // One that exists already makes the folder one with frames, which is refused later.
+    // If the file exists already, FrameFolder refuses the folder.
     if (folder.holds(place) && place.names.size() == folder.names.size() + 1 &&
         FrameFolder::isFrame(place.names.back()))
       return spoken(file) + ": is asked for twice, it would be one of the frames";

@@ -13,7 +13,7 @@ namespace {
 
 int run(int argc, char** argv) {
   fillStandardDescriptors();
-  // Before anything else runs: later on other threads may use the C library's generator.
+  // First of all, since other threads may use the C library's generator later.
   processRandomSource.lookAtPlatform();
   const auto command = parseCommandLine(argc, argv);
   if (const auto* status = std::get_if<ExitStatus>(&command)) return *status;
@@ -29,7 +29,7 @@ int main(int argc, char** argv) {
   try {
     return quorvane::run(argc, argv);
   } catch (const std::bad_alloc&) {
-    // There may be none for a longer line either.
+    // A longer message might need memory too.
     std::cerr << "quorvane-batch: " << quorvane::kOutOfMemory << std::endl;
     return quorvane::kExitFailed;
   }

@@ -7,7 +7,7 @@
 namespace quorvane {
 namespace {
 
-/// One colour to be blended over others; components 0 to 1, as single-precision as the view passes them.
+/// A colour to blend; components 0 to 1 in single precision, as the view passes them.
 struct Layer {
   float rgb[3];
   float alpha;
@@ -20,7 +20,7 @@ class FrameBuffer {
     image_.rgb.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height) * 3, 0);
   }
 
-  /// Blends a layer over the pixels from x, y to before x + side, y + side that lie inside.
+  /// Blends a layer over the pixels from x, y to before x + side, y + side that are inside the buffer.
   void blendSquare(int x, int y, int side, const Layer& layer) {
     const int endX = std::min(x + side, image_.width);
     const int endY = std::min(y + side, image_.height);
@@ -65,7 +65,7 @@ Layer layerOf(const LatticeModel& model, int type, int i, int j) {
           clamped(alpha)};
 }
 
-/// The pixel types from one to before another.
+/// The pixel types from `from` to before `end`.
 Image drawTypes(const LatticeModel& model, int from, int end, int scale) {
   const int imax = model.getIMax(), jmax = model.getJMax();
   const bool gridLines = scale > 8;
@@ -76,7 +76,7 @@ Image drawTypes(const LatticeModel& model, int from, int end, int scale) {
     for (int j = 0; j < jmax; ++j)
       for (int type = from; type < end; ++type) {
         const Layer layer = layerOf(model, type, i, j);
-        // A layer that lets everything through leaves every pixel as it is.
+        // A layer of alpha 0 changes no pixel.
         if (layer.alpha > 0.0F) frame.blendSquare(i * scale + inset, j * scale + inset, side, layer);
       }
   return frame.take();

@@ -13,10 +13,10 @@ namespace {
 
 constexpr const char* kOutOfMemory = "out of memory";
 
-/// What the library's callbacks work on.
+/// The data of libpng's callbacks.
 struct Output {
   std::string bytes;
-  /// Of a fixed size, since memory may be what has failed.
+  /// Of fixed size, since an allocation may be what failed.
   std::array<char, 128> error = {};
 
   void fail(const char* why) noexcept { std::snprintf(error.data(), error.size(), "%s", why); }
@@ -30,7 +30,7 @@ struct Output {
 void onWarning(png_structp /*png*/, png_const_charp /*message*/) {}
 
 void append(png_structp png, png_bytep bytes, std::size_t count) {
-  // The library is C and lets no exception through.
+  // libpng is C code, through which no exception may pass.
   bool done = false;
   try {
     static_cast<Output*>(png_get_io_ptr(png))->bytes.append(reinterpret_cast<const char*>(bytes), count);
@@ -52,7 +52,7 @@ class Writer {
   Writer(const Writer&) = delete;
   Writer& operator=(const Writer&) = delete;
 
-  /// False where the library has failed; it jumps back here then, so nothing in here may need a destructor.
+  /// False if libpng has failed: it then jumps back here, so no local object may need a destructor.
   bool write(const Image& image, const std::vector<png_text>& texts) noexcept {
     if (!info_ || setjmp(png_jmpbuf(png_))) return false;
     png_set_IHDR(png_, info_, static_cast<png_uint_32>(image.width), static_cast<png_uint_32>(image.height),
@@ -73,13 +73,13 @@ class Writer {
   png_infop info_ = nullptr;
 };
 
-/// A plain field where ASCII suffices, else an international one, which is UTF-8.
+/// A tEXt field if ASCII suffices, else iTXt, which is UTF-8.
 png_text fieldOf(const PngText& text) {
   const bool ascii = std::all_of(text.text.begin(), text.text.end(),
                                  [](char c) { return static_cast<unsigned char>(c) < 128; });
   png_text field = {};
   field.compression = ascii ? PNG_TEXT_COMPRESSION_NONE : PNG_ITXT_COMPRESSION_NONE;
-  // The library copies both and writes to neither.
+  // libpng copies both and writes to neither.
   field.key = const_cast<char*>(text.key.c_str());
   field.text = const_cast<char*>(text.text.c_str());
   (ascii ? field.text_length : field.itxt_length) = text.text.size();

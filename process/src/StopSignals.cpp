@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kStopSignals[] = {SIGINT, SIGTERM, SIGHUP};
 
-/// A handler may do next to nothing, but it may write to a pipe, whose reader is an event loop.
+/// write() is async-signal-safe, so the handler wakes the event loop through a pipe.
 int pipeEnds[2] = {-1, -1};
 std::atomic<int> askedBy{0};
 std::atomic<std::int64_t> askedAt{0};
@@ -25,11 +25,11 @@ void handle(int signal, void (*handler)(int)) {
   action.sa_handler = handler;
   ::sigemptyset(&action.sa_mask);
   for (const int other : kStopSignals) ::sigaddset(&action.sa_mask, other);
-  action.sa_flags = SA_RESTART;  // files are read and written on
+  action.sa_flags = SA_RESTART;  // interrupted reads and writes continue
   ::sigaction(signal, &action, nullptr);
 }
 
-/// A program that is started by nohup, or in the background of a shell without job control, goes on.
+/// nohup and shells without job control start programs with some signals ignored, and expect them to stay so.
 void handleUnlessIgnored(int signal, void (*handler)(int)) {
   struct sigaction before = {};
   ::sigaction(signal, nullptr, &before);
@@ -51,9 +51,9 @@ void wakeEventLoop() {
 
 extern "C" void onStopSignal(int signal) {
   constexpr std::int64_t sameWish = 1000;
-  int nobody = 0;
-  // Other stop signals wait while this one is handled.
-  if (askedBy.compare_exchange_strong(nobody, signal)) {
+  int none = 0;
+  // The mask of the action blocks other stop signals until this handler returns.
+  if (askedBy.compare_exchange_strong(none, signal)) {
     askedAt = milliseconds();
     wakeEventLoop();
   } else if (milliseconds() - askedAt >= sameWish) {
@@ -70,7 +70,7 @@ void watchStopSignals() {
 }
 
 void endBySignal(int signal) {
-  // Within a handler the signal waits until the handler has returned.
+  // Raised within a handler, the signal is pending until the handler returns.
   handle(signal, SIG_DFL);
   ::raise(signal);
 }

@@ -1,4 +1,4 @@
-// What assistive technology is told of while it listens, which needs the accessibility bus of a session.
+// Events that assistive technology receives while it listens, which needs the accessibility bus of a session.
 
 #include <gmock/gmock.h>
 
@@ -19,7 +19,7 @@ struct Heard {
   QVariant value;
 };
 
-/// What has been told since the last look.
+/// The events since the last call.
 std::vector<Heard> heard;
 
 void listen(QAccessibleEvent* event) {
@@ -29,7 +29,7 @@ void listen(QAccessibleEvent* event) {
   heard.push_back({event->object(), event->type(), value});
 }
 
-/// A window that is listened to from before it is made.
+/// A window whose events are observed from before its creation.
 class AccessibilityEvents : public WindowTest {
  protected:
   void SetUp() override {
@@ -47,7 +47,7 @@ class AccessibilityEvents : public WindowTest {
   }
   std::string nameOf(const char* name) { return accessible(name).text(QAccessible::Name).toStdString(); }
 
-  /// How often an event has come from a control.
+  /// The number of events from a control.
   int timesHeard(const char* name, QAccessible::Event type) {
     int times = 0;
     for (const Heard& each : heard) times += each.object == &control(name) && each.type == type;
@@ -65,7 +65,7 @@ class AccessibilityEvents : public WindowTest {
   QAccessible::UpdateHandler before_ = nullptr;
 };
 
-TEST_F(AccessibilityEvents, ControlsAreWhatTheyAreAlsoWhenTheyAreWatchedWhileTheyAreMade) {
+TEST_F(AccessibilityEvents, ControlsHaveTheirRolesAndValuesEvenIfObservedFromTheirCreation) {
   EXPECT_EQ(accessible("sliderSimulationSpeed").valueInterface()->currentValue().toDouble(), 1000.0);
   EXPECT_EQ(accessible("stepperNumPixelTypes").childCount(), 0);
   EXPECT_EQ(accessible("colorPaintType").role(), QAccessible::Graphic);
@@ -77,7 +77,7 @@ TEST_F(AccessibilityEvents, ControlsAreWhatTheyAreAlsoWhenTheyAreWatchedWhileThe
   EXPECT_EQ(nameOf("listNewRulePixelA"), "Pixel type A of the new rule: Any pixel type");
 }
 
-TEST_F(AccessibilityEvents, ALabelTellsOfEveryChangeOfItsValue) {
+TEST_F(AccessibilityEvents, ALabelAnnouncesEveryChangeOfItsValue) {
   initialise(2);
   heard.clear();
   for (const auto& [slider, label] :
@@ -95,7 +95,7 @@ TEST_F(AccessibilityEvents, ALabelTellsOfEveryChangeOfItsValue) {
   EXPECT_EQ(timesHeard("textNumPixelTypes", QAccessible::NameChanged), 1);
 }
 
-TEST_F(AccessibilityEvents, TheStatusLineIsReadAsItStandsAndToldAtMostOnceASecond) {
+TEST_F(AccessibilityEvents, TheStatusLineIsReadAtAnyTimeAndAnnouncedAtMostOnceASecond) {
   initialise(2);
   click("buttonRunModel");
   heard.clear();
@@ -111,7 +111,7 @@ TEST_F(AccessibilityEvents, TheStatusLineIsReadAsItStandsAndToldAtMostOnceASecon
   EXPECT_THAT(nameOf("statusLine"), StartsWith("Status: Stopped"));
 }
 
-TEST_F(AccessibilityEvents, ASliderTellsOfEveryChangeWithItsRealValue) {
+TEST_F(AccessibilityEvents, ASliderAnnouncesEveryChangeWithItsRealValue) {
   initialise(2);
   heard.clear();
   slider("sliderPixelField").setValue(0.12341);
@@ -124,7 +124,7 @@ TEST_F(AccessibilityEvents, ASliderTellsOfEveryChangeWithItsRealValue) {
   EXPECT_EQ(lastValueHeard("sliderSimulationSpeed"), 1200.0);
 }
 
-TEST_F(AccessibilityEvents, TheStepperTellsOfEveryStep) {
+TEST_F(AccessibilityEvents, TheStepperAnnouncesEveryStep) {
   heard.clear();
   key("stepperNumPixelTypes", Qt::Key_Up);
   EXPECT_EQ(lastValueHeard("stepperNumPixelTypes"), 3.0);
@@ -132,7 +132,7 @@ TEST_F(AccessibilityEvents, TheStepperTellsOfEveryStep) {
   EXPECT_EQ(lastValueHeard("stepperNumPixelTypes"), 7.0) << "a change by code";
 }
 
-TEST_F(AccessibilityEvents, AColourWellTellsOfEachColour) {
+TEST_F(AccessibilityEvents, AColourWellAnnouncesEachColour) {
   initialise(2);
   heard.clear();
   well("colorSelectedPixelColor").setRgb({0.321, 0.85, 1.5});
@@ -140,7 +140,7 @@ TEST_F(AccessibilityEvents, AColourWellTellsOfEachColour) {
   EXPECT_EQ(timesHeard("colorSelectedPixelColor", QAccessible::NameChanged), 1);
 }
 
-TEST_F(AccessibilityEvents, AListTellsOfAnotherItem) {
+TEST_F(AccessibilityEvents, AListAnnouncesAnotherItem) {
   initialise(3);
   heard.clear();
   key("listPaintType", Qt::Key_Down);
@@ -148,7 +148,7 @@ TEST_F(AccessibilityEvents, AListTellsOfAnotherItem) {
   EXPECT_GE(timesHeard("listPaintType", QAccessible::ValueChanged), 1);
 }
 
-TEST_F(AccessibilityEvents, TheLatticeTellsOfANewDescriptionOnce) {
+TEST_F(AccessibilityEvents, TheLatticeAnnouncesANewDescriptionOnce) {
   initialise(2);
   heard.clear();
   const auto times = [this] {

@@ -1,4 +1,4 @@
-"""What a screen reader gets of an application through AT-SPI, as a table of its controls."""
+"""What a screen reader reads of an application through AT-SPI, as a table of its controls."""
 
 import time
 
@@ -9,7 +9,7 @@ SILENT = {pyatspi.ROLE_FILLER, pyatspi.ROLE_PANEL, pyatspi.ROLE_SCROLL_PANE, pya
 
 
 def wait_for(what, find):
-    """What find returns, as soon as that is true; an error after the deadline."""
+    """The result of find as soon as it is true; an error after the deadline."""
     end = time.monotonic() + DEADLINE
     while True:
         found = find()
@@ -30,7 +30,7 @@ def application(name):
 
 
 def walk(accessible):
-    """The accessible and everything below it, in the order of a screen reader's review."""
+    """The accessible and its descendants, in the order in which a screen reader reads them."""
     yield accessible
     for child in accessible:
         if child is not None:
@@ -46,13 +46,13 @@ def is_enabled(accessible):
 
 
 def find(root, role, name):
-    """What shows with a role and a name that begins so, or None."""
+    """The visible accessible with a role and a name that begins with name, or None."""
     return next((each for each in walk(root)
                  if each.getRoleName() == role and each.name.startswith(name) and shows(each)), None)
 
 
 def act(accessible, action):
-    """Performs one of the actions that the accessible offers."""
+    """Performs one of the actions of the accessible."""
     actions = accessible.queryAction()
     names = [actions.getName(index) for index in range(actions.nActions)]
     if not actions.doAction(names.index(action)):
@@ -64,7 +64,7 @@ def number(value):
 
 
 def value_of(accessible):
-    """What is read after the name: a number with its range, a text, a check mark, or the description of a picture."""
+    """What is read after the name: a number with its range, a text, a check mark, or the description of an image."""
     role = accessible.getRole()
     if role in (pyatspi.ROLE_SLIDER, pyatspi.ROLE_SPIN_BUTTON):
         value = accessible.queryValue()
@@ -81,7 +81,7 @@ def value_of(accessible):
 
 
 def table(root):
-    """Rows of role, name, value and "unavailable" or nothing, of everything that shows but nameless containers."""
+    """Rows of role, name, value and "unavailable" or nothing, of everything visible except nameless containers."""
     rows = []
     for each in walk(root):
         if not shows(each) or (each.getRole() in SILENT and not each.name):

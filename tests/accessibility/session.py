@@ -20,7 +20,7 @@ failures = []
 
 
 def compare(moment, expected, rows):
-    """Every row, in its order. An expected field in slashes is a pattern."""
+    """Compares all rows in order. An expected field in slashes is a pattern."""
     def matches(field, text):
         pattern = re.fullmatch(r"/(.*)/", field, re.DOTALL)
         return re.fullmatch(pattern.group(1), text) is not None if pattern else field == text
@@ -36,7 +36,7 @@ def compare(moment, expected, rows):
 
 
 def write(path, rows):
-    """Puts the rows in place of those of the page's table."""
+    """Replaces the rows of the page's table."""
     lines = path.read_text(encoding="utf-8").splitlines()
     first = lines.index("|---|---|---|---|") + 1
     last = next((place for place in range(first, len(lines)) if not lines[place].startswith("|")), len(lines))
@@ -45,7 +45,7 @@ def write(path, rows):
 
 
 def rows_in(path):
-    """The rows of the tables of a page, without their heads."""
+    """The rows of the tables of a page, without their headers."""
     rows = []
     for line in path.read_text(encoding="utf-8").splitlines():
         cells = [cell.strip() for cell in line.removeprefix("|").removesuffix("|").split("|")]
@@ -55,7 +55,7 @@ def rows_in(path):
 
 
 def changed(rows, *changes):
-    """The rows with others in place of those of the same role and beginning of the name."""
+    """The rows, with those of the same role and beginning of the name replaced."""
     rows = list(rows)
     for role, beginning, row in changes:
         places = [place for place, each in enumerate(rows) if each[0] == role and each[1].startswith(beginning)]
@@ -88,7 +88,7 @@ def run_for_a_while(frame):
 
 
 def settled(frame):
-    """The table, as soon as it is the same for longer than a second: some of it is told once a second."""
+    """The table, once it is unchanged for more than a second: some of it is announced once a second."""
     before = None
     end = time.monotonic() + reader.DEADLINE
     while time.monotonic() < end:
@@ -148,7 +148,7 @@ def session(app, source, compare_page):
 
 def main():
     program, source = sys.argv[1], Path(sys.argv[2])
-    # A reader listens, so that the application has to tell it of everything.
+    # With a listening reader, the application has to announce everything.
     reader.listen_to_everything()
     process = subprocess.Popen([program], stderr=subprocess.PIPE, text=True)
     try:

@@ -36,7 +36,7 @@ class Accessibility : public WindowTest {
     EXPECT_EQ(valueOf(name).minimumStepSize().toDouble(), step) << name;
   }
 
-  /// What is below an accessible and shows, without the containers that only hold others.
+  /// The visible descendants of an accessible object, without pure containers.
   static void collect(QAccessibleInterface& root, QStringList& names, QStringList& nameless) {
     for (int index = 0; index < root.childCount(); ++index) {
       QAccessibleInterface* child = root.child(index);
@@ -49,7 +49,7 @@ class Accessibility : public WindowTest {
       collect(*child, names, nameless);
     }
   }
-  /// Every control that shows has a name, and none holds the mark of a mnemonic.
+  /// Every visible control has a name, and no name contains the mark of a mnemonic.
   void expectNames(const char* state) {
     QStringList names, nameless;
     collect(*QAccessible::queryAccessibleInterface(window_.get()), names, nameless);
@@ -94,7 +94,7 @@ TEST_F(Accessibility, ALabelIsReadWithItsCaptionAndItsValue) {
   EXPECT_EQ(descriptionOf("textPixelField"), control("textPixelField").toolTip().toStdString());
 }
 
-TEST_F(Accessibility, SlidersTellTheirRealValuesAndRanges) {
+TEST_F(Accessibility, SlidersReportTheirRealValuesAndRanges) {
   expectRange("sliderSimulationSpeed", 5.0, 1e9, 1.0);
   EXPECT_EQ(valueOf("sliderSimulationSpeed").currentValue().toDouble(), 1000.0);
   expectRange("sliderWidthHeight", 2.0, 256.0, 1.0);
@@ -108,7 +108,7 @@ TEST_F(Accessibility, SlidersTellTheirRealValuesAndRanges) {
   expectRange("sliderSelectedRuleParam", -10.0, 10.0, 0.001);
 }
 
-TEST_F(Accessibility, SettingASliderIsAUsersMoveThatKeepsTheValueExactly) {
+TEST_F(Accessibility, SettingASliderActsAsAMoveByTheUserAndKeepsTheValueExactly) {
   initialise(2);
   addRule("grow", "Irreversible Flip", kAny, "1 - Pixel");
   QSignalSpy moved(&slider("sliderSelectedRuleParam"), &DoubleSlider::moved);
@@ -147,7 +147,7 @@ TEST_F(Accessibility, ASliderOfWholeNumbersIsSetToWholeNumbers) {
   EXPECT_EQ(text("textWidthHeight"), "64");
 }
 
-TEST_F(Accessibility, WhatIsDisabledCannotBeSet) {
+TEST_F(Accessibility, DisabledControlsCannotBeSet) {
   valueOf("sliderPixelField").setCurrentValue(3.0);
   EXPECT_EQ(valueOf("sliderPixelField").currentValue().toDouble(), 0.0);
   initialise(2);
@@ -158,7 +158,7 @@ TEST_F(Accessibility, WhatIsDisabledCannotBeSet) {
   EXPECT_EQ(text("textNumPixelTypes"), "2");
 }
 
-TEST_F(Accessibility, TheStepperIsANumberWithARangeAndNoTextBesideIt) {
+TEST_F(Accessibility, TheStepperIsASpinButtonWithARangeAndWithoutText) {
   EXPECT_EQ(accessible("stepperNumPixelTypes").role(), QAccessible::SpinBox);
   EXPECT_EQ(accessible("stepperNumPixelTypes").childCount(), 0);
   expectRange("stepperNumPixelTypes", 1.0, 10.0, 1.0);
@@ -193,7 +193,7 @@ TEST_F(Accessibility, OnlyAColourWellThatCanBeEditedIsAButton) {
   EXPECT_TRUE(gui::waitUntil([this] { return window_->findChild<QColorDialog*>() != nullptr; }));
 }
 
-TEST_F(Accessibility, TogglingACheckBoxIsAUsersClick) {
+TEST_F(Accessibility, TogglingACheckBoxActsAsAClickByTheUser) {
   initialise(2);
   EXPECT_EQ(nameOf("checkImmobilePixel"), "The pixel type is immobile");
   EXPECT_FALSE(accessible("checkImmobilePixel").state().checked);

@@ -45,17 +45,17 @@ TEST_F(ColorWellTest, ShowsNoColourWhenCleared) {
   EXPECT_EQ(well_.grab().toImage().pixelColor(30, 15), well_.palette().color(QPalette::Window));
 }
 
-TEST_F(ColorWellTest, AColourFromCodeIsKeptExactlyAndTellsNoHandler) {
+TEST_F(ColorWellTest, AColourFromCodeIsKeptExactlyAndCallsNoHandler) {
   EXPECT_EQ(well_.rgb(), kFormer);
   EXPECT_EQ(picked_.count(), 0);
 }
 
-TEST_F(ColorWellTest, ShowsTheNearestColourThatThereIs) {
+TEST_F(ColorWellTest, ShowsTheNearestColourWithinTheRange) {
   well_.setRgb({-1.0, 2.0, 0.0});
   EXPECT_EQ(well_.color(), QColor(0, 255, 0));
 }
 
-TEST_F(ColorWellTest, OneThatOnlyShowsOpensNothingAndTakesNoFocus) {
+TEST_F(ColorWellTest, ReadOnlyOpensNothingAndTakesNoFocus) {
   gui::click(well_, well_.rect().center());
   gui::processEvents();
   EXPECT_EQ(well_.findChild<QColorDialog*>(), nullptr);
@@ -75,7 +75,7 @@ TEST_F(ColorWellTest, FollowsTheDialogLive) {
   EXPECT_EQ(well_.rgb(), (Rgb{0.2, 0.4, 1.0}));
 }
 
-TEST_F(ColorWellTest, CancellingBringsTheFormerColourBackExactly) {
+TEST_F(ColorWellTest, CancellingRestoresTheFormerColourExactly) {
   well_.setEditable(true);
   QColorDialog* dialog = openDialog();
   ASSERT_NE(dialog, nullptr);
@@ -85,7 +85,7 @@ TEST_F(ColorWellTest, CancellingBringsTheFormerColourBackExactly) {
   EXPECT_EQ(picked_.count(), 2);
 }
 
-TEST_F(ColorWellTest, LookingAndClosingChangesNothing) {
+TEST_F(ColorWellTest, OpeningAndClosingTheDialogChangesNothing) {
   well_.setEditable(true);
   for (const auto close : {&QDialog::accept, &QDialog::reject}) {
     QColorDialog* dialog = openDialog();

@@ -28,7 +28,7 @@ class DocumentDialogs : public WindowTest {
   void cancel(const char* button) {
     withPanel(button, [](QFileDialog& panel) { QTest::keyClick(&panel, Qt::Key_Escape); });
   }
-  /// Saves under a name and answers the question that the panel asks. False if none came.
+  /// Saves under a name and answers the question of the panel. False if there was none.
   bool saveAndAnswer(const QString& file, QMessageBox::StandardButton answer) {
     const gui::MessageAnswer answered(answer);
     EXPECT_EQ(gui::choosePath(get<QPushButton>("buttonSaveSystem"), file), answer == QMessageBox::Yes);
@@ -145,10 +145,10 @@ TEST_F(DocumentDialogs, SavingUnderANameWithADotAsksBeforeItReplacesADocument) {
   EXPECT_EQ(window_->windowTitle(), "run.1.quorvane - Quorvane");
 }
 
-TEST_F(DocumentDialogs, SavingTakesANameAlongThatIsStillBeingTyped) {
+TEST_F(DocumentDialogs, SavingIncludesANameThatIsStillBeingTyped) {
   choosePath("buttonOpenSystem", writeSample());
   type("textSelectedRuleName", "sprout");
-  // As on desktops where a click on a button leaves the focus where it is.
+  // As on desktops where clicking a button does not move the focus.
   control("buttonSaveSystem").setFocusPolicy(Qt::TabFocus);
   choosePath("buttonSaveSystem", path("typed"));
   EXPECT_TRUE(contentOf(path("typed.quorvane")).contains("\nsprout\n"));
@@ -179,7 +179,7 @@ TEST_F(DocumentDialogs, ARefusedDocumentChangesNothingAndSaysWhere) {
   EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
-TEST_F(DocumentDialogs, ADocumentThatIsCutShortLeavesThePanelAsleep) {
+TEST_F(DocumentDialogs, ADocumentThatIsCutShortLeavesTheControlsDisabled) {
   const QByteArray whole = contentOf(writeSample());
   write(path("short.quorvane"), whole.left(200));
   Log log;
@@ -199,7 +199,7 @@ TEST_F(DocumentDialogs, ADocumentThatIsCutShortLeavesThePanelAsleep) {
   EXPECT_EQ(text("statusLine"), "Stopped  ·  0 sweeps  ·  20 × 30 sites");
 }
 
-TEST_F(DocumentDialogs, ADocumentThatIsCutShortCanBePaintedAndSweptWithThePanelAsleep) {
+TEST_F(DocumentDialogs, ADocumentThatIsCutShortCanBePaintedAndSweptWithTheControlsDisabled) {
   const QByteArray whole = contentOf(writeSample());
   write(path("short.quorvane"), whole.left(200));
   choosePath("buttonOpenSystem", path("short.quorvane"));
@@ -251,7 +251,7 @@ TEST_F(DocumentDialogs, ALatticeOneSiteWideCanBeRemade) {
   EXPECT_GE(model().getJMax(), 1);
 }
 
-TEST_F(DocumentDialogs, OpenHandsTheFocusToRun) {
+TEST_F(DocumentDialogs, OpenMovesTheFocusToRun) {
   choosePath("buttonOpenSystem", writeSample());
   EXPECT_TRUE(gui::waitUntil([this] { return control("buttonRunModel").hasFocus(); }));
 }

@@ -50,7 +50,7 @@ class DocumentPanels : public WindowTest {
   bool choose(const char* button, const QString& name) {
     return gui::choosePath(get<QPushButton>(button), path(name));
   }
-  /// Lets the panels start in the temporary folder, without a model.
+  /// Makes the panels start in the temporary folder, without a model.
   void useFolder() {
     write("broken.quorvane", "300\n");
     EXPECT_TRUE(choose(kOpen, "broken.quorvane"));
@@ -72,7 +72,7 @@ class DocumentPanels : public WindowTest {
   const QString formerFolder_ = QDir::currentPath();
 };
 
-TEST_F(DocumentPanels, OpenStartsAtTheExamplesAndHasThemAtItsSideWithHome) {
+TEST_F(DocumentPanels, OpenStartsAtTheExamplesAndListsThemInTheSideBarWithHome) {
   withPanel(kOpen, [](QFileDialog& panel) {
     EXPECT_EQ(panel.directory().path(), EXAMPLES);
     const QList<QUrl> places = panel.sidebarUrls();
@@ -96,7 +96,7 @@ TEST_F(DocumentPanels, OpenStartsWhereADocumentWasUsedLast) {
   });
 }
 
-TEST_F(DocumentPanels, StartAtHomeWhereTheLastFolderIsGone) {
+TEST_F(DocumentPanels, StartAtHomeIfTheLastFolderIsGone) {
   const QString gone = path("gone");
   ASSERT_TRUE(QDir().mkdir(gone));
   write("gone/broken.quorvane", "300\n");
@@ -136,7 +136,7 @@ TEST_F(DocumentPanels, OpenNoFileButTheChosenDocument) {
   makePipe("pipe.quorvane");
   makePipe("pipe");
   useFolder();
-  // What a panel would list first by itself.
+  // What a panel would list first by default.
   ASSERT_TRUE(QDir::setCurrent(folder_.path()));
   OpenedFiles opened(folder_.path());
   ASSERT_TRUE(opened.watching());
@@ -145,7 +145,7 @@ TEST_F(DocumentPanels, OpenNoFileButTheChosenDocument) {
       panel.setViewMode(mode);
       EXPECT_TRUE(waitForRow(panel, "other.quorvane"));
       const QModelIndex other = row(panel, "other.quorvane");
-      // Filled in by the thread that looks at each file.
+      // Filled in by the thread that reads each file's information.
       EXPECT_TRUE(gui::waitUntil([&] { return !other.siblingAtColumn(2).data().toString().isEmpty(); }));
       EXPECT_EQ(other.siblingAtColumn(2).data().toString(), "Quorvane document");
       QTest::qWait(200);
@@ -159,7 +159,7 @@ TEST_F(DocumentPanels, OpenNoFileButTheChosenDocument) {
   EXPECT_EQ(opened.names(), QSet<QString>({"chosen.quorvane"}));
 }
 
-TEST_F(DocumentPanels, ATypedFileOfAnotherKindIsRefusedInOneLineAndThePanelStays) {
+TEST_F(DocumentPanels, ATypedFileOfAnotherKindIsRefusedInOneLineAndThePanelStaysOpen) {
   write("notes.txt", "2\n2\n1\n");
   OpenedFiles opened(folder_.path());
   Log log;
@@ -197,7 +197,7 @@ TEST_F(DocumentPanels, AFolderNamedAsADocumentIsRefusedInOneLine) {
   EXPECT_EQ(answer.text(), "folder.quorvane is a folder, not a file.");
 }
 
-TEST_F(DocumentPanels, OpenWaitsForTheNameOfAFileThatIsThere) {
+TEST_F(DocumentPanels, OpenAcceptsOnlyTheNameOfAnExistingFile) {
   withPanel(kOpen, [this](QFileDialog& panel) {
     const QPushButton* open = panel.findChild<QDialogButtonBox*>("buttonBox")->button(QDialogButtonBox::Open);
     gui::enterPath(panel, path("missing.quorvane"));
@@ -210,14 +210,14 @@ TEST_F(DocumentPanels, OpenWaitsForTheNameOfAFileThatIsThere) {
   });
 }
 
-TEST_F(DocumentPanels, SaveAddsTheExtensionWhereItIsMissing) {
+TEST_F(DocumentPanels, SaveAddsTheExtensionIfItIsMissing) {
   initialise();
   for (const QString name : {"plain", "a.b", "notes.txt", "loud.QUORVANE"}) EXPECT_TRUE(choose(kSave, name));
   EXPECT_EQ(QDir(folder_.path()).entryList(QDir::Files, QDir::Name),
             QStringList({"a.b.quorvane", "loud.QUORVANE", "notes.txt.quorvane", "plain.quorvane"}));
 }
 
-TEST_F(DocumentPanels, ADocumentInCapitalsIsListedAndOpened) {
+TEST_F(DocumentPanels, ADocumentWithACapitalExtensionIsListedAndOpened) {
   copyExample("voters", "LOUD.QUORVANE");
   useFolder();
   withPanel(kOpen, [this](QFileDialog& panel) {
@@ -271,7 +271,7 @@ TEST_F(DocumentPanels, AnotherFolderShowsNothingOfTheFormerOne) {
   });
 }
 
-TEST(FileIcons, KnowAFolderAndADocumentByTheirKind) {
+TEST(FileIcons, DifferForAFolderAndADocument) {
   const FileIcons icons;
   EXPECT_EQ(icons.type(QFileInfo("/")), "Drive");
   EXPECT_EQ(icons.type(QFileInfo(EXAMPLES)), "Folder");

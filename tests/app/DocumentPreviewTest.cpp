@@ -89,7 +89,7 @@ TEST_F(Preview, ShowsTheColourOfEachType) {
   }
 }
 
-TEST_F(Preview, SaysOfABrokenDocumentWhatOpeningWouldSay) {
+TEST_F(Preview, ShowsTheMessageOfOpeningForABrokenDocument) {
   show(write("big.quorvane", "300\n20\n2\n"));
   EXPECT_EQ(lines(),
             QStringList({"big.quorvane: line 1: number of sites across must be 1 to 256, not \"300\""}));
@@ -101,7 +101,7 @@ TEST_F(Preview, SaysOfABrokenDocumentWhatOpeningWouldSay) {
                    "ASCII"}));
 }
 
-TEST_F(Preview, ShowsWhatThereIsOfADocumentThatIsCutShort) {
+TEST_F(Preview, ShowsTheExistingPartOfADocumentThatIsCutShort) {
   const QByteArray whole = contentOf(example("silent-carriers"));
   const auto endOfLattice = whole.indexOf("Healthy");
   show(write("short.quorvane", whole.left(whole.indexOf("\nImmune"))));
@@ -114,7 +114,7 @@ TEST_F(Preview, ShowsWhatThereIsOfADocumentThatIsCutShort) {
   EXPECT_FALSE(picture().isNull());
 }
 
-TEST_F(Preview, RefusesWhatIsNoRegularFileWithoutReadingIt) {
+TEST_F(Preview, RefusesAnythingButARegularFileWithoutReadingIt) {
   ASSERT_EQ(mkfifo(path("pipe.quorvane").toLocal8Bit().constData(), 0600), 0);
   show(path("pipe.quorvane"));
   EXPECT_EQ(lines(), QStringList({"pipe.quorvane: is a device or a pipe, not a document"}));
@@ -123,8 +123,8 @@ TEST_F(Preview, RefusesWhatIsNoRegularFileWithoutReadingIt) {
   EXPECT_EQ(lines(), QStringList({"folder.quorvane: is a folder, not a document"}));
 }
 
-TEST_F(Preview, ReadsNoMoreThanADocumentCanBeLong) {
-  // Without content on the disk.
+TEST_F(Preview, ReadsNoMoreThanTheLimitOfADocument) {
+  // A sparse file.
   const QString huge = write("huge.quorvane", {});
   ASSERT_TRUE(QFile::resize(huge, qint64{1} << 36));
   QElapsedTimer clock;
@@ -149,12 +149,12 @@ TEST_F(Preview, ShowsNothingOfAFormerDocument) {
   EXPECT_EQ(preview_->shown(), "");
 }
 
-TEST_F(Preview, ReadsOfAListWalkedInOneGoOnlyTheLastDocument) {
+TEST_F(Preview, ReadsOnlyTheLastDocumentWhenKeysMoveQuicklyThroughTheList) {
   for (const char* name : {"voters", "epidemic", "nucleation"}) preview_->show(example(name));
   EXPECT_TRUE(gui::waitUntil([&] { return preview_->shown() == example("nucleation"); }));
 }
 
-TEST_F(Preview, ShowsNamesAsTheyAreButWithoutControlCharacters) {
+TEST_F(Preview, ShowsNamesLiterallyWithoutControlCharacters) {
   QByteArray text = contentOf(example("silent-carriers"));
   text.replace("Healthy\n", "<b>A & B</b>\r\n");
   show(write("odd.quorvane", text));

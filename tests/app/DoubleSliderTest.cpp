@@ -42,7 +42,7 @@ class DoubleSliderTest : public ::testing::Test {
   QSignalSpy shown_{&slider_, &DoubleSlider::valueShown};
 };
 
-TEST_F(DoubleSliderTest, KeepsAValueFromCodeExactlyAndTellsNoHandler) {
+TEST_F(DoubleSliderTest, KeepsAValueFromCodeExactlyAndCallsNoHandler) {
   for (const double value : {0.1234567890123, 1.0 / 3.0, -4.0, 70.0}) {
     slider_.setValue(value);
     EXPECT_EQ(slider_.value(), value);
@@ -72,7 +72,7 @@ TEST_F(DoubleSliderTest, TheUserReachesExactDecimals) {
   EXPECT_EQ(shown_.last().first(), "10.000");
 }
 
-TEST_F(DoubleSliderTest, TheKnobStandsAtTheNearestPosition) {
+TEST_F(DoubleSliderTest, TheKnobIsAtTheNearestPosition) {
   for (int thousandth = 0; thousandth <= 1000; ++thousandth) {
     slider_.setValue(thousandth / 1000.0);
     ASSERT_EQ(slider_.sliderPosition(), thousandth);
@@ -109,7 +109,7 @@ TEST_F(DoubleSliderTest, FollowsTheWheel) {
   EXPECT_EQ(slider_.value(), 0.01 * QApplication::wheelScrollLines());
 }
 
-TEST_F(DoubleSliderTest, AnEndThatTheValueStandsBeyondIsNoMove) {
+TEST_F(DoubleSliderTest, MovingToAnEndThatTheValueIsBeyondChangesNothing) {
   slider_.setValue(5.0);
   press(Qt::Key_End);
   EXPECT_EQ(slider_.value(), 5.0);
@@ -117,7 +117,7 @@ TEST_F(DoubleSliderTest, AnEndThatTheValueStandsBeyondIsNoMove) {
   EXPECT_EQ(slider_.value(), 0.99);
 }
 
-TEST_F(DoubleSliderTest, ALogarithmicKnobHasEqualWaysForEqualFactors) {
+TEST_F(DoubleSliderTest, ALogarithmicKnobMovesEquallyFarForEqualFactors) {
   slider_.setLogarithmic(true);
   slider_.setMinimumValue(5.0);
   slider_.setMaximumValue(1e9);
@@ -152,7 +152,7 @@ TEST_F(DoubleSliderTest, ALogarithmicKnobGivesTwoSignificantDigits) {
   EXPECT_EQ(slider_.value(), 5.0);
 }
 
-TEST_F(DoubleSliderTest, ANotANumberDoesNotMoveTheKnobOutOfItsRange) {
+TEST_F(DoubleSliderTest, ANaNDoesNotMoveTheKnobOutOfItsRange) {
   slider_.setValue(std::nan(""));
   EXPECT_EQ(slider_.sliderPosition(), slider_.minimum());
 }

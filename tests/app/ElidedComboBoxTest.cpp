@@ -24,7 +24,7 @@ int roomOf(const QComboBox& list) {
       .width();
 }
 
-TEST(ElidedComboBox, LooksAsAnyOtherWhereTheTitleHasRoom) {
+TEST(ElidedComboBox, LooksLikeAnyOtherIfTheTitleFits) {
   ElidedComboBox elided;
   QComboBox plain;
   EXPECT_TRUE(gui::samePixels(pictureOf(elided, "0 - Pixel"), pictureOf(plain, "0 - Pixel")));
@@ -44,7 +44,7 @@ TEST(ElidedComboBox, EndsALongTitleInAnEllipsis) {
 
 using ListsOfTheWindow = WindowTest;
 
-TEST_F(ListsOfTheWindow, AllThatNameTypesOrRulesElideTheirTitles) {
+TEST_F(ListsOfTheWindow, ThatShowTypesOrRulesElideTheirTitles) {
   for (const char* name : {"listPaintType", "listSelectPixelType", "listMasqueradeType", "listSelectedRule",
                            "listSelectedRuleFacPixel", "listNewRulePixelA", "listNewRulePixelB"})
     EXPECT_NE(qobject_cast<ElidedComboBox*>(&control(name)), nullptr) << name;

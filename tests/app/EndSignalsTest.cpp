@@ -13,7 +13,7 @@ namespace {
 using ::testing::ExitedWithCode;
 using ::testing::KilledBySignal;
 
-/// A process that handles no events, as one that hangs.
+/// A process that handles no events, like one that hangs.
 void hang(std::chrono::milliseconds betweenSignals) {
   for (const int each : {SIGINT, SIGTERM, SIGHUP}) std::signal(each, SIG_DFL);
   const EndSignals endSignals;
@@ -24,7 +24,7 @@ void hang(std::chrono::milliseconds betweenSignals) {
   ::_exit(7);
 }
 
-TEST(EndSignals, ThatComeAtOnceAreOneWish) {
+TEST(EndSignals, ThatComeAtOnceCountAsOne) {
   EXPECT_EXIT(hang(std::chrono::milliseconds(0)), ExitedWithCode(7), "");
 }
 

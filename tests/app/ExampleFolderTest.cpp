@@ -31,7 +31,7 @@ TEST_F(ExampleFolder, IsTheInstalledOne) {
   EXPECT_EQ(exampleFolder(program), examples);
 }
 
-TEST_F(ExampleFolder, IsThatOfTheSourceTreeOfABuild) {
+TEST_F(ExampleFolder, IsThatOfTheSourceTreeForABuild) {
   const QString program = makeFolder("tree/build/release/app"), examples = makeFolder("tree/examples");
   makeFile("tree/examples/one.quorvane");
   EXPECT_EQ(exampleFolder(program), "") << "any folder of this name";
@@ -39,7 +39,7 @@ TEST_F(ExampleFolder, IsThatOfTheSourceTreeOfABuild) {
   EXPECT_EQ(exampleFolder(program), examples);
 }
 
-TEST_F(ExampleFolder, OfThisBuildIsKnown) { EXPECT_EQ(exampleFolder(), EXAMPLES); }
+TEST_F(ExampleFolder, OfThisBuildIsFound) { EXPECT_EQ(exampleFolder(), EXAMPLES); }
 
 }  // namespace
 }  // namespace quorvane

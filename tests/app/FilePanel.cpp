@@ -14,8 +14,8 @@ namespace quorvane::gui {
 
 namespace {
 
-/// The window system hands the keyboard back in its own time, or to nobody where a panel went together with a
-/// message that stood before it.
+/// The window system returns the focus with a delay, or to no window if a panel closed together with a
+/// message box above it.
 void waitForTheKeyboard() {
   const auto someWindowHasIt = [] { return QApplication::activeWindow() != nullptr; };
   if (waitUntil(someWindowHasIt, std::chrono::milliseconds(1500))) return;
@@ -27,7 +27,7 @@ void waitForTheKeyboard() {
 }  // namespace
 
 bool withFilePanel(const std::function<void()>& open, const std::function<void(QFileDialog&)>& deal) {
-  // The panel runs an event loop of its own until it is dealt with.
+  // The panel runs an event loop until it is closed.
   bool dealt = false;
   QTimer poll;
   QObject::connect(&poll, &QTimer::timeout, &poll, [&] {
@@ -49,10 +49,10 @@ bool withFilePanel(QAbstractButton& button, const std::function<void(QFileDialog
 void enterPath(QFileDialog& panel, const QString& path) {
   auto* name = panel.findChild<QLineEdit*>("fileNameEdit");
   if (!name) return;
-  // What is typed replaces a suggestion only where the field has the keyboard.
+  // Typing replaces a suggestion only if the field has the focus.
   name->setFocus();
   waitUntil([name] { return name->hasFocus(); });
-  // Pasted: while letters are typed, the panel completes them from what it reads in the background.
+  // Pasted: while letters are typed, the panel completes them from names that it reads in the background.
   QApplication::clipboard()->setText(path);
   QTest::keyClick(name, Qt::Key_A, Qt::ControlModifier);
   QTest::keyClick(name, Qt::Key_V, Qt::ControlModifier);

@@ -6,30 +6,30 @@
 #include <QTimer>
 #include <functional>
 
-/// Open and Save panels in a test, dealt with by keys and clicks.
+/// Drives the Open and Save panels in tests by keys and clicks.
 namespace quorvane::gui {
 
-/// Calls what opens a file panel and deals with the panel. False if no panel came.
+/// Calls a function that opens a file panel, and handles the panel. False if no panel opened.
 bool withFilePanel(const std::function<void()>& open, const std::function<void(QFileDialog&)>& deal);
 
-/// Clicks the button and deals with the file panel that it opens. False if no panel came.
+/// Clicks the button and handles the file panel that it opens. False if no panel opened.
 bool withFilePanel(QAbstractButton& button, const std::function<void(QFileDialog&)>& deal);
 
 /// Pastes a path into the panel's field for the name.
 void enterPath(QFileDialog& panel, const QString& path);
 
-/// Pastes a path into the panel and confirms it. False if the panel stays, which it then no longer does.
+/// Pastes a path into the panel and confirms it. False if the panel stayed open; it is then closed.
 bool acceptFilePanel(QFileDialog& panel, const QString& path);
 
-/// Chooses a path in the panel that the button opens. False if the panel did not come or did not take it.
+/// Chooses a path in the panel that the button opens. False if no panel opened or it did not accept the path.
 bool choosePath(QAbstractButton& button, const QString& path);
 
-/// Answers each message box that comes while it lives by a click on one of its buttons.
+/// Answers each message box during its lifetime by clicking one of its buttons.
 class MessageAnswer {
  public:
   explicit MessageAnswer(QMessageBox::StandardButton answer);
 
-  /// What the last message said; empty if none came.
+  /// The text of the last message box; empty if there was none.
   const QString& text() const { return text_; }
 
  private:

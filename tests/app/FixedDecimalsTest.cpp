@@ -13,7 +13,7 @@
 namespace quorvane {
 namespace {
 
-/// The tests run in the C locale, which is what the panel's numbers are to look like.
+/// The tests run in the C locale, whose format the panel's numbers have.
 QString printed(double value, int decimals) {
   char text[512];
   std::snprintf(text, sizeof text, "%.*f", decimals, value);
@@ -40,7 +40,7 @@ TEST(FixedDecimals, KeepsTheSignOfZero) {
   EXPECT_EQ(fixedDecimals(-0.0001, 3), "-0.000");
 }
 
-TEST(FixedDecimals, ShowsWhatIsNoOrdinaryNumberToo) {
+TEST(FixedDecimals, ShowsInfinitiesNaNAndTheLargestNumbers) {
   constexpr double infinity = std::numeric_limits<double>::infinity();
   constexpr double largest = std::numeric_limits<double>::max();
   for (const double value : {infinity, -infinity, largest, -largest, std::nan(""), -std::nan("")})

@@ -18,7 +18,7 @@ class FullScreenButton : public WindowTest {
   }
 };
 
-TEST_F(FullScreenButton, LeavesARunningModelRunningAndShowsTheStoppedConfiguration) {
+TEST_F(FullScreenButton, KeepsARunGoingAndShowsTheStoppedConfiguration) {
   initialise();
   click("buttonRunModel");
   enterFullScreen();
@@ -43,7 +43,7 @@ TEST_F(FullScreenButton, SpaceRunsAndStopsThere) {
   leaveFullScreen();
 }
 
-TEST_F(FullScreenButton, BringsTheViewToTheFrontWhileItFillsTheScreen) {
+TEST_F(FullScreenButton, RaisesTheViewWhileItFillsTheScreen) {
   initialise();
   enterFullScreen();
   ASSERT_TRUE(gui::switchTo(*window_));
@@ -52,7 +52,7 @@ TEST_F(FullScreenButton, BringsTheViewToTheFrontWhileItFillsTheScreen) {
   leaveFullScreen();
 }
 
-TEST_F(FullScreenButton, LeavesALineInTheWindowThatSaysHowToComeBack) {
+TEST_F(FullScreenButton, ShowsALineInTheWindowThatSaysHowToReturn) {
   initialise();
   EXPECT_FALSE(visible("fullScreenNote"));
   enterFullScreen();
@@ -82,7 +82,7 @@ TEST_F(FullScreenButton, LeavesTheFocusOnRunOrStopWhicheverIsEnabled) {
   EXPECT_EQ(model().varMyState, kRunning);
 }
 
-TEST_F(FullScreenButton, TheWindowIsAsBeforeAfterwards) {
+TEST_F(FullScreenButton, RestoresTheWindowAfterwards) {
   initialise();
   enterFullScreen();
   leaveFullScreen();

@@ -16,7 +16,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The application itself, on a screen, with work in it that nobody has saved.
+/// The application itself, on a screen, with unsaved work.
 class Application {
  public:
   explicit Application(const fs::path& stateHome, const QString& display = qEnvironmentVariable("DISPLAY"))
@@ -32,7 +32,7 @@ class Application {
   Application(const Application&) = delete;
   Application& operator=(const Application&) = delete;
 
-  /// ignored: a signal that whoever starts it has ignored.
+  /// ignored: a signal that is ignored when the process starts.
   void start(int ignored = 0) {
     process_.setChildProcessModifier([ignored] {
       for (const int each : {SIGINT, SIGTERM, SIGHUP}) ::signal(each, each == ignored ? SIG_IGN : SIG_DFL);
@@ -40,10 +40,10 @@ class Application {
     process_.start(APPLICATION, {});
     ASSERT_TRUE(process_.waitForStarted());
     ASSERT_TRUE(waitForWindow("Quorvane")) << "no window";
-    // Without a window manager, too.
+    // Also without a window manager.
     tool({"windowfocus", window_});
   }
-  /// Initialises and remakes the lattice, and leaves the panel of Save open. Keys are taken in their order.
+  /// Initialises and remakes the lattice, and leaves the Save panel open. Keys are handled in order.
   void makeWork() {
     openSavePanel("alt+i");
     closePanel();
@@ -61,12 +61,12 @@ class Application {
   void press(const QString& key) { tool({"key", key}); }
   void signal(int number) { ::kill(static_cast<pid_t>(process_.processId()), number); }
 
-  /// The exit status, or the signal that has ended it as a negative number.
+  /// The exit status, or minus the signal that ended it.
   int wait() {
     if (!gui::waitUntil([this] { return process_.state() == QProcess::NotRunning; })) return -999;
     return process_.exitStatus() == QProcess::NormalExit ? process_.exitCode() : -process_.exitCode();
   }
-  /// What it has said for itself on standard error.
+  /// Its own messages on standard error.
   QStringList lines() {
     return QString::fromLocal8Bit(process_.readAllStandardError())
         .split('\n')
@@ -90,7 +90,7 @@ class Application {
       return !window_.isEmpty();
     });
   }
-  /// Save is refused before Initialise, which a mnemonic presses a tenth of a second late.
+  /// Save is refused before Initialise, whose mnemonic acts a tenth of a second late.
   void openSavePanel(const QString& keyBefore) {
     press(keyBefore);
     QString panel;
@@ -149,7 +149,7 @@ TEST_F(KeptAtEnd, WhenASignalComesWhileAPanelIsOpenAndAnotherIsIgnored) {
   expectOneCopyAndOneLineThatNamesIt(application);
 }
 
-TEST_F(KeptAtEnd, NothingWhereThereIsNoWork) {
+TEST_F(KeptAtEnd, NothingIfThereIsNoWork) {
   Application application(kept_.state());
   application.start();
   application.signal(SIGHUP);
@@ -158,7 +158,7 @@ TEST_F(KeptAtEnd, NothingWhereThereIsNoWork) {
   EXPECT_FALSE(fs::exists(kept_.path()));
 }
 
-TEST_F(KeptAtEnd, WhenTheWindowIsClosedWhichAsksNothing) {
+TEST_F(KeptAtEnd, WhenTheWindowIsClosedWithoutAQuestion) {
   Application application(kept_.state());
   application.start();
   application.makeWork();
@@ -170,7 +170,7 @@ TEST_F(KeptAtEnd, WhenTheWindowIsClosedWhichAsksNothing) {
   EXPECT_EQ(statusOf(copies()[0]), OpenStatus::kOpened);
 }
 
-TEST_F(KeptAtEnd, ClosesWithALineWhereNothingCanBeKept) {
+TEST_F(KeptAtEnd, ClosesWithAMessageIfNothingCanBeKept) {
   Application application("/dev/null");
   application.start();
   application.makeWork();

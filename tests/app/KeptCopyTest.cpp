@@ -24,7 +24,7 @@ class KeptCopyTest : public ::testing::Test {
   const TemporaryKeptFolder kept_;
 };
 
-TEST_F(KeptCopyTest, IsOneFileThatTheNextReplaces) {
+TEST_F(KeptCopyTest, IsOneFileThatTheNextCopyReplaces) {
   KeptCopy copy(kept_.path());
   EXPECT_FALSE(copy.isThere());
   ASSERT_TRUE(copy.write("first").saved);
@@ -38,7 +38,7 @@ TEST_F(KeptCopyTest, IsOneFileThatTheNextReplaces) {
   EXPECT_EQ(permissionsOf(copy.path()), 0600u);
 }
 
-TEST_F(KeptCopyTest, StaysWhenTheWindowGoesAndIsDiscardedOnlyByIt) {
+TEST_F(KeptCopyTest, StaysWhenTheWindowClosesAndIsDiscardedOnlyByIt) {
   std::optional<KeptCopy> copy(std::in_place, kept_.path());
   ASSERT_TRUE(copy->write("first").saved);
   const fs::path path = copy->path();
@@ -65,7 +65,7 @@ TEST_F(KeptCopyTest, SixWindowsAtOnceKeepTheirs) {
   EXPECT_THAT(kept_.names(), SizeIs(kMaxKeptCopies));
 }
 
-TEST_F(KeptCopyTest, TwoWindowsThatWriteAtOnceHaveFilesOfTheirOwn) {
+TEST_F(KeptCopyTest, TwoWindowsThatWriteAtOnceHaveSeparateFiles) {
   std::vector<std::future<bool>> writers;
   for (int i = 0; i < 2; ++i)
     writers.push_back(std::async(std::launch::async, [this, i] {
@@ -102,7 +102,7 @@ TEST_F(KeptCopyTest, OnAFullDiskTheFormerCopyStays) {
   EXPECT_EQ(kept_.read(nameOf(copy)), "kept");
 }
 
-TEST_F(KeptCopyTest, SaysWhyThereIsNone) {
+TEST_F(KeptCopyTest, ReportsWhyItCannotBeWritten) {
   EXPECT_EQ(KeptCopy({}).write("x").reason, "neither XDG_STATE_HOME nor HOME names a folder");
   EXPECT_EQ(KeptCopy("/dev/null/quorvane").write("x").reason, "Not a directory");
 }

@@ -16,7 +16,7 @@
 
 namespace quorvane {
 
-/// Sets a variable of the environment, or removes it, while it lives.
+/// Sets or removes an environment variable during its lifetime.
 class Variable {
  public:
   Variable(const char* name, const std::optional<std::string>& value) : name_(name), before_(qgetenv(name)) {
@@ -34,13 +34,13 @@ class Variable {
   QByteArray before_;
 };
 
-/// A folder for kept work that is not there yet, and what tests look at in it.
+/// A folder for kept work that does not exist yet, with queries for tests.
 class TemporaryKeptFolder {
  public:
   std::filesystem::path state() const { return folder_.path().toStdString(); }
   std::filesystem::path path() const { return state() / "quorvane"; }
 
-  /// Every name in it, hidden ones too, in their order.
+  /// Every name in it, including hidden ones, sorted.
   std::vector<std::string> names() const {
     std::vector<std::string> names;
     std::error_code missing;
@@ -54,7 +54,7 @@ class TemporaryKeptFolder {
     std::filesystem::create_directories(path());
     std::ofstream(path() / name, std::ios::binary) << content;
   }
-  /// Lets a file be older than it is.
+  /// Sets the modification time of a file into the past.
   void age(const std::string& name, std::chrono::seconds age) const {
     std::filesystem::last_write_time(path() / name, std::filesystem::file_time_type::clock::now() - age);
   }
@@ -73,7 +73,7 @@ inline mode_t permissionsOf(const std::filesystem::path& path) {
   return status.st_mode & 07777;
 }
 
-/// The name of a copy that was kept at a second of a day long ago.
+/// The name of a copy that was kept at a second of a past day.
 inline std::string copyOf(int second) {
   return "2001-02-03 04.05." + std::string(second < 10 ? "0" : "") + std::to_string(second) + ".quorvane";
 }

@@ -25,7 +25,7 @@ class KeptFolder : public ::testing::Test {
     for (const fs::path& copy : takeUntoldCopies(kept_.path())) names.push_back(copy.filename());
     return names;
   }
-  /// A copy of a second, the older the smaller.
+  /// A copy of a given second; smaller ones are older.
   void writeCopy(int second) const {
     kept_.write(copyOf(second), "a document");
     kept_.age(copyOf(second), std::chrono::seconds(1000 - second));
@@ -47,7 +47,7 @@ TEST_F(KeptFolder, IsInTheStateHomeOrInTheUsersHome) {
   }
 }
 
-TEST_F(KeptFolder, IsNotKnownWhereThereIsNoHome) {
+TEST_F(KeptFolder, IsUnknownWithoutAHomeDirectory) {
   const Variable state("XDG_STATE_HOME", std::nullopt);
   for (const auto& none : {std::optional<std::string>(), std::optional<std::string>("home"),
                            std::optional((kept_.state() / "gone").string())}) {
@@ -56,7 +56,7 @@ TEST_F(KeptFolder, IsNotKnownWhereThereIsNoHome) {
   }
 }
 
-TEST_F(KeptFolder, IsMadePrivateWithItsParents) {
+TEST_F(KeptFolder, IsCreatedPrivateWithItsParents) {
   const fs::path folder = kept_.state() / "a" / "b" / "quorvane";
   fs::path copy;
   ASSERT_FALSE(claimCopy(folder, copy));
@@ -66,7 +66,7 @@ TEST_F(KeptFolder, IsMadePrivateWithItsParents) {
   EXPECT_EQ(copy.parent_path(), folder);
 }
 
-TEST_F(KeptFolder, NamesCopiesByTimeAndNeverTwo) {
+TEST_F(KeptFolder, NamesCopiesByTimeAndUniquely) {
   std::vector<std::string> claimed;
   for (int i = 0; i < 20; ++i) {
     fs::path copy;
@@ -78,7 +78,7 @@ TEST_F(KeptFolder, NamesCopiesByTimeAndNeverTwo) {
     EXPECT_THAT(name, testing::MatchesRegex("20..-..-.. ..\\...\\...\\.quorvane"));
 }
 
-TEST_F(KeptFolder, SaysWhyNoCopyCanBeMade) {
+TEST_F(KeptFolder, ReportsWhyNoCopyCanBeMade) {
   kept_.write("file", "");
   fs::path copy;
   EXPECT_EQ(claimCopy(kept_.path() / "file", copy), std::errc::not_a_directory);
@@ -87,7 +87,7 @@ TEST_F(KeptFolder, SaysWhyNoCopyCanBeMade) {
 
 TEST_F(KeptFolder, ListsCopiesByTheTimeOfTheirWriting) {
   for (const int second : {2, 7, 3}) writeCopy(second);
-  // As on the morning on which clocks are set back.
+  // As when clocks are set back.
   kept_.age(copyOf(7), std::chrono::hours(1));
   EXPECT_THAT(copies(), ElementsAre(copyOf(3), copyOf(2), copyOf(7)));
 }
@@ -107,7 +107,7 @@ TEST_F(KeptFolder, KeepsTheFiveLastAndFilesOfOtherNames) {
   EXPECT_TRUE(fs::is_symlink(kept_.path() / copyOf(0)));
 }
 
-TEST_F(KeptFolder, LeavesTheCopiesOfWindowsThatAreOpen) {
+TEST_F(KeptFolder, KeepsTheCopiesOfOpenWindows) {
   for (int second = 1; second <= 7; ++second) writeCopy(second);
   std::ignore = untold();
   for (const int second : {8, 9}) writeCopy(second);
@@ -124,13 +124,13 @@ TEST_F(KeptFolder, LeavesTheCopiesOfWindowsThatAreOpen) {
   EXPECT_THAT(untold(), ElementsAre(copyOf(9)));
 }
 
-TEST_F(KeptFolder, TellsOfEachCopyOnce) {
+TEST_F(KeptFolder, ReportsEachCopyOnce) {
   EXPECT_THAT(untold(), IsEmpty());
   EXPECT_THAT(kept_.names(), IsEmpty()) << "nothing is made where there is nothing to tell";
   for (const int second : {1, 2}) writeCopy(second);
   EXPECT_THAT(untold(), ElementsAre(copyOf(2), copyOf(1)));
   EXPECT_THAT(untold(), IsEmpty());
-  // Older than what was told: a window had it that has crashed since.
+  // Older than those reported: it belonged to a window that has crashed since.
   kept_.write(copyOf(0), "a document");
   kept_.age(copyOf(0), std::chrono::hours(1));
   EXPECT_THAT(untold(), ElementsAre(copyOf(0)));
@@ -138,7 +138,7 @@ TEST_F(KeptFolder, TellsOfEachCopyOnce) {
   EXPECT_EQ(permissionsOf(kept_.path() / ".told"), 0600u);
 }
 
-TEST_F(KeptFolder, NeverWaitsForAPipeThatIsNamedLikeACopy) {
+TEST_F(KeptFolder, NeverBlocksOnAPipeThatIsNamedLikeACopy) {
   for (int second = 1; second <= 7; ++second) writeCopy(second);
   for (const std::string& name : {copyOf(0), copyOf(8), std::string(".told")})
     ASSERT_EQ(::mkfifo((kept_.path() / name).c_str(), 0600), 0);
@@ -148,8 +148,8 @@ TEST_F(KeptFolder, NeverWaitsForAPipeThatIsNamedLikeACopy) {
   EXPECT_EQ(copies().size(), 5u);
 }
 
-TEST_F(KeptFolder, RemovesWhatKilledProcessesHaveLeft) {
-  // The number of a process that is gone.
+TEST_F(KeptFolder, RemovesPartialFilesOfKilledProcesses) {
+  // The id of a process that has ended.
   const pid_t gone = ::fork();
   if (gone == 0) ::_exit(0);
   ASSERT_EQ(::waitpid(gone, nullptr, 0), gone);

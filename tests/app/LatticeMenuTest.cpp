@@ -42,7 +42,7 @@ TEST_F(LatticeMenuTest, OpensByTheRightButtonWithItsShortcuts) {
   EXPECT_EQ(model().sweepsDone(), 1);
 }
 
-TEST_F(LatticeMenuTest, OpensByTheKeyboardWhileTheViewHasIt) {
+TEST_F(LatticeMenuTest, OpensByTheMenuKeyWhileTheViewHasTheFocus) {
   initialise();
   model().setFocus();
   gui::pressMenuKey(model());
@@ -53,7 +53,7 @@ TEST_F(LatticeMenuTest, OpensByTheKeyboardWhileTheViewHasIt) {
   EXPECT_EQ(model().sweepsDone(), 1);
 }
 
-TEST_F(LatticeMenuTest, OpensByShiftAndF10WhileTheViewHasTheKeyboardAlone) {
+TEST_F(LatticeMenuTest, OpensByShiftAndF10OnlyWhileTheViewHasTheFocus) {
   initialise();
   model().setFocus();
   QTest::keyClick(&model(), Qt::Key_F10, Qt::ShiftModifier);
@@ -73,7 +73,7 @@ TEST_F(LatticeMenuTest, OpensByShiftAndF10WhileTheViewHasTheKeyboardAlone) {
   EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
-TEST_F(LatticeMenuTest, OffersOnlyWhatMakesSense) {
+TEST_F(LatticeMenuTest, EnablesOnlyApplicableEntries) {
   QMenu* opened = menu();
   ASSERT_NE(opened, nullptr);
   EXPECT_EQ(gui::entriesOf(*opened), entries(false, false)) << "no model yet";
@@ -185,7 +185,7 @@ TEST_F(LatticeMenuTest, TheRightButtonPaintsNothing) {
   ASSERT_NE(opened, nullptr);
   EXPECT_EQ(model().varPainting, 0);
   EXPECT_EQ(sitesOf(0), 0);
-  // A click beside the menu closes it and does no more.
+  // A click outside the menu closes it and has no other effect.
   QTest::mouseClick(window_->windowHandle(), Qt::LeftButton, Qt::NoModifier,
                     model().mapTo(window_.get(), QPoint(20, 20)));
   EXPECT_TRUE(gui::waitUntil([] { return QApplication::activePopupWidget() == nullptr; }));
@@ -194,7 +194,7 @@ TEST_F(LatticeMenuTest, TheRightButtonPaintsNothing) {
   EXPECT_EQ(sitesOf(0), 0);
 }
 
-TEST_F(LatticeMenuTest, TheRightButtonLeavesAStrokeAlone) {
+TEST_F(LatticeMenuTest, TheRightButtonDoesNotEndAStroke) {
   initialise();
   click("checkPauseWhilePaint");
   gui::pressInWindow(model(), Qt::LeftButton);

@@ -15,7 +15,7 @@
 namespace quorvane {
 namespace {
 
-/// A window in which every control can be seen, on a desktop with a font of so many points.
+/// A window in which every control is visible, on a desktop with a font of a given size.
 class Layout : public WindowTest, public ::testing::WithParamInterface<int> {
  protected:
   void SetUp() override {
@@ -62,7 +62,7 @@ class Layout : public WindowTest, public ::testing::WithParamInterface<int> {
 
   QRect place(const QWidget* widget) { return {widget->mapTo(window_.get(), QPoint(0, 0)), widget->size()}; }
 
-  /// Where a name and its colour well, if that shows, stand together.
+  /// The rectangle of a name and its colour well, if that is visible.
   QRect roomOf(const char* name, const char* well) {
     const QRect room = place(&control(name));
     return visible(well) ? room | place(&control(well)) : room;
@@ -177,7 +177,7 @@ TEST_P(Layout, FitsASmallScreenInsideAWindowFrame) {
   EXPECT_LE(smallest.height(), 800 - 60);
 }
 
-TEST_P(Layout, StandsStillWhenControlsComeAndGo) {
+TEST_P(Layout, DoesNotMoveWhenControlsAreShownAndHidden) {
   initialise(3);
   const auto places = [this] {
     QList<QRect> found;
@@ -197,7 +197,7 @@ TEST_P(Layout, StandsStillWhenControlsComeAndGo) {
   EXPECT_EQ(places(), before);
 }
 
-TEST_P(Layout, TheEndsOfARuleTakeTheRoomOfAHiddenWell) {
+TEST_P(Layout, TheEndsOfARuleUseTheSpaceOfAHiddenWell) {
   showEverything();
   addRule("turn", "Reversible Flip", kAny, "1 - Pixel");
   gui::processEvents();

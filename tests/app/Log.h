@@ -5,7 +5,7 @@
 
 namespace quorvane {
 
-/// Collects what goes to the log while it lives, but not what Qt says of itself. One at a time.
+/// Collects messages of the log during its lifetime, without Qt's own. One at a time.
 class Log {
  public:
   Log() {

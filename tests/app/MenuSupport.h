@@ -7,11 +7,11 @@
 
 #include "WindowTest.h"
 
-/// Context menus in a test, opened and used as the platform's own events do it.
+/// Opens and uses context menus in tests with the platform's events.
 namespace quorvane::gui {
 
-/// Mouse events of the window that a widget stands in, at the middle of the widget; the window makes the
-/// request for a context menu of them.
+/// Sends mouse events at the centre of a widget to its window, which makes the request for a context menu
+/// from them.
 inline QPoint middleInWindow(const QWidget& widget) {
   return widget.mapTo(widget.window(), widget.rect().center());
 }
@@ -26,20 +26,20 @@ inline void rightClick(const QWidget& widget) {
   releaseInWindow(widget, Qt::RightButton);
 }
 
-/// The request that the platform makes of the menu key.
+/// Sends the request that the platform makes for the menu key.
 inline void pressMenuKey(QWidget& widget) {
   const QPoint middle = widget.rect().center();
   QContextMenuEvent request(QContextMenuEvent::Keyboard, middle, widget.mapToGlobal(middle));
   QApplication::sendEvent(&widget, &request);
 }
 
-/// The menu that is open, once there is one; null if none comes.
+/// The open menu, once there is one; null if none opens.
 inline QMenu* openMenu() {
   waitUntil([] { return qobject_cast<QMenu*>(QApplication::activePopupWidget()) != nullptr; });
   return qobject_cast<QMenu*>(QApplication::activePopupWidget());
 }
 
-/// What a menu shows: the text of each entry and whether it is enabled.
+/// The content of a menu: the text of each entry and whether it is enabled.
 inline QList<QPair<QString, bool>> entriesOf(const QMenu& menu) {
   QList<QPair<QString, bool>> entries;
   for (const QAction* action : menu.actions())

@@ -5,12 +5,11 @@
 namespace quorvane {
 namespace {
 
-/// A button that is pressed by its mnemonic shows it for a tenth of a second before it acts, and meanwhile
-/// the mouse may have been quicker.
+/// A button pressed by its mnemonic acts a tenth of a second later, and the mouse may act in between.
 class Mnemonics : public WindowTest {
  protected:
   void press(Qt::Key letter) { QTest::keyClick(window_.get(), letter, Qt::AltModifier); }
-  /// Gives the delayed action every chance to come.
+  /// Waits long enough for the delayed action.
   void expectNoChange(const std::function<bool()>& changed) {
     EXPECT_FALSE(gui::waitUntil(changed, std::chrono::milliseconds(500)));
   }
@@ -25,7 +24,7 @@ TEST_F(Mnemonics, PressAButtonThatIsEnabled) {
   EXPECT_TRUE(gui::waitUntil([this] { return model().varMyState == kStopped; }));
 }
 
-TEST_F(Mnemonics, RemakeThatIsOvertakenByRunLeavesTheRunAlone) {
+TEST_F(Mnemonics, RemakeThatIsOvertakenByRunDoesNotDisturbTheRun) {
   initialise();
   press(Qt::Key_M);
   click("buttonRunModel");

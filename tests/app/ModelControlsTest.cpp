@@ -24,18 +24,18 @@ class ModelControls : public WindowTest {
   }
 };
 
-TEST_F(ModelControls, InitialiseAndRemakeHandTheFocusToRun) {
+TEST_F(ModelControls, InitialiseAndRemakeMoveTheFocusToRun) {
   initialise();
   EXPECT_TRUE(control("buttonRunModel").hasFocus());
   control("textPixelName").setFocus();
   click("buttonRemakeModel");
   EXPECT_TRUE(control("buttonRunModel").hasFocus());
-  // So the next step is one key.
+  // So one key takes the next step.
   QTest::keyClick(window_->windowHandle(), Qt::Key_Space);
   EXPECT_EQ(model().varMyState, kRunning);
 }
 
-/// A key of the space bar, with the time that the window system gives it.
+/// A key event of the space bar with a time stamp of the window system.
 void sendSpace(QWidget& widget, QEvent::Type type, quint64 milliseconds) {
   QKeyEvent event(type, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "));
   event.setTimestamp(milliseconds);
@@ -57,7 +57,7 @@ TEST_F(ModelControls, ASpaceBarHeldOnFullScreenDoesNotStartARunThere) {
   EXPECT_EQ(model().varMyState, kRunning);
 }
 
-TEST_F(ModelControls, ASpaceBarHeldInATextFieldTypesOnAndOneHeldBeforeItDoesNot) {
+TEST_F(ModelControls, ASpaceBarHeldInATextFieldRepeatsButOneHeldBeforeItDoesNot) {
   initialise();
   control("textPixelName").setFocus();
   get<QLineEdit>("textPixelName").clear();
@@ -81,7 +81,7 @@ TEST_F(ModelControls, AHeldSpaceBarPressesRunAndNotStopAfterIt) {
     return ran && model().varMyState != kRunning;
   };
   ASSERT_EQ(tool({"keydown", "space"}), 0);
-  // Repeats begin after two thirds of a second and come 25 times a second.
+  // Repeats start after two thirds of a second and come 25 times per second.
   EXPECT_FALSE(gui::waitUntil(stoppedAfterwards, std::chrono::milliseconds(1500)));
   ASSERT_EQ(tool({"keyup", "space"}), 0);
   EXPECT_TRUE(gui::waitUntil([this] { return model().varMyState == kRunning; }));
@@ -108,7 +108,7 @@ TEST_F(ModelControls, InitialiseSizesTheLatticeFromTheViewAndTheDensity) {
   EXPECT_EQ(model().varMyState, kStopped);
 }
 
-TEST_F(ModelControls, InitialiseCapsTheLonger) {
+TEST_F(ModelControls, InitialiseLimitsTheLongerSide) {
   key("sliderWidthHeight", Qt::Key_Right, 100);
   ASSERT_EQ(text("textWidthHeight"), "200");
   resizeView(600, 800);
@@ -117,13 +117,13 @@ TEST_F(ModelControls, InitialiseCapsTheLonger) {
   EXPECT_EQ(model().getJMax(), 254);
 }
 
-TEST_F(ModelControls, InitialiseUsesTheSizeThatTheViewReallyHas) {
+TEST_F(ModelControls, InitialiseUsesTheActualSizeOfTheView) {
   initialise();
   EXPECT_EQ(model().getIMax(), 124);
   EXPECT_EQ(model().getJMax(), 104);
 }
 
-TEST_F(ModelControls, InitialiseAwakensThePanelForGood) {
+TEST_F(ModelControls, InitialiseEnablesTheControlsForGood) {
   initialise(3);
   for (const char* name : {"buttonInitialiseModel", "stepperNumPixelTypes", "buttonOpenSystem",
                            "buttonStopModel", "listSelectedRule", "buttonDelRule"})
@@ -160,7 +160,7 @@ TEST_F(ModelControls, ShowsTheFirstLatticeAtOnce) {
   EXPECT_TRUE(gui::waitUntil([this] { return !gui::screenOf(*window_).copy(model().geometry()).allGray(); }));
 }
 
-TEST_F(ModelControls, AwakeningLeavesAddPixelAsItIsAtTenTypes) {
+TEST_F(ModelControls, AwakeningKeepsAddPixelDisabledAtTenTypes) {
   initialise(10);
   EXPECT_FALSE(enabled("buttonAddNewPixel"));
   get<QPushButton>("buttonAddNewPixel").setEnabled(true);
@@ -220,7 +220,7 @@ TEST_F(ModelControls, RunAndStopSwitchTheConfigurations) {
   EXPECT_EQ(model().varMyState, kRunning);
 }
 
-TEST_F(ModelControls, TheSpaceBarRunsAndStopsInTurn) {
+TEST_F(ModelControls, TheSpaceBarAlternatelyRunsAndStops) {
   initialise();
   key("buttonRunModel", Qt::Key_Space);
   EXPECT_TRUE(runningConfiguration());
@@ -230,10 +230,10 @@ TEST_F(ModelControls, TheSpaceBarRunsAndStopsInTurn) {
   EXPECT_TRUE(control("buttonRunModel").hasFocus());
 }
 
-TEST_F(ModelControls, RunAndStopLeaveTheFocusOfOtherControlsAlone) {
+TEST_F(ModelControls, RunAndStopDoNotTakeTheFocusOfOtherControls) {
   initialise();
   for (const char* button : {"buttonRunModel", "buttonStopModel"}) {
-    // As on desktops where a click on a button leaves the focus where it is.
+    // As on desktops where clicking a button does not move the focus.
     control(button).setFocusPolicy(Qt::TabFocus);
     control("textPixelName").setFocus();
     click(button);
@@ -241,7 +241,7 @@ TEST_F(ModelControls, RunAndStopLeaveTheFocusOfOtherControlsAlone) {
   }
 }
 
-TEST_F(ModelControls, ARunReachesTheScreen) {
+TEST_F(ModelControls, ARunIsShownOnTheScreen) {
   initialise();
   addRule("shrink", "Irreversible Flip", "1 - Pixel", "0 - Pixel");
   key("sliderSelectedRuleParam", Qt::Key_End);
@@ -250,7 +250,7 @@ TEST_F(ModelControls, ARunReachesTheScreen) {
   EXPECT_TRUE(gui::waitUntil([this] { return gui::frameOf(model()).allGray(); }));
 }
 
-TEST_F(ModelControls, TheSpeedSliderHandsItsWholeNumberOver) {
+TEST_F(ModelControls, TheSpeedSliderSetsAWholeNumber) {
   key("sliderSimulationSpeed", Qt::Key_Right);
   const int faster = model().varDelayAfterCycle;
   EXPECT_GT(faster, 1000);
@@ -288,7 +288,7 @@ TEST_F(ModelControls, TheMousePaintsTheChosenTypeWithTheRunPaused) {
   EXPECT_EQ(model().getSiteValue(0, 0), 2);
 }
 
-TEST_F(ModelControls, SettingControlsFromCodeReachesNoModel) {
+TEST_F(ModelControls, SettingControlsFromCodeDoesNotChangeTheModel) {
   initialise(3);
   click("checkMasqueradePixel");
   addRule("bond", "Pixel-Pixel Interaction", "1 - Pixel", "2 - Pixel");

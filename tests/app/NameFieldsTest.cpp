@@ -20,7 +20,7 @@ class NameFields : public WindowTest {
     addRule("grow", "Irreversible Flip", "1 - Pixel", "2 - Pixel");
     addRule("mix", "Swap", kAny, kAny);
   }
-  /// What the platform sends for a letter of any keyboard.
+  /// The event that the platform sends for a letter of any keyboard.
   void typeLetter(const char* field, const char* letter) {
     QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString::fromUtf8(letter));
     QApplication::sendEvent(&control(field), &press);
@@ -46,7 +46,7 @@ TEST_F(NameFields, ANameGoesToTheRuleItWasTypedForWhenOneIsAdded) {
   EXPECT_EQ(list("listSelectedRule").currentIndex(), 2);
 }
 
-TEST_F(NameFields, ANameGoesWithTheRuleThatIsDeleted) {
+TEST_F(NameFields, ANameTypedForADeletedRuleIsDropped) {
   type("textSelectedRuleName", "diffuse");
   click("buttonDelRule");
   EXPECT_EQ(items("listSelectedRule"), QStringList({"0 - grow"}));
@@ -61,7 +61,7 @@ TEST_F(NameFields, ANameGoesToThePixelTypeItWasTypedFor) {
   EXPECT_EQ(text("textPixelName"), "Pixel");
 }
 
-TEST_F(NameFields, AButtonPressedByItsMnemonicTakesTheNameAlong) {
+TEST_F(NameFields, AButtonPressedByItsMnemonicAppliesTheName) {
   type("textPixelName", "gas");
   QTest::keyClick(&control("textPixelName"), Qt::Key_A, Qt::AltModifier);
   ASSERT_TRUE(gui::waitUntil([this] { return model().getNumPixelTypes() == 4; }));
@@ -70,8 +70,8 @@ TEST_F(NameFields, AButtonPressedByItsMnemonicTakesTheNameAlong) {
   EXPECT_EQ(text("textPixelName"), "New Pixel");
 }
 
-TEST_F(NameFields, AreTakenAlongWhereButtonsTakeNoFocus) {
-  // On some desktops a click on a button leaves the focus where it is.
+TEST_F(NameFields, AreAppliedByButtonsThatTakeNoFocus) {
+  // On some desktops clicking a button does not move the focus.
   for (const char* button : {"buttonAddNewPixel", "buttonAddNewRule", "buttonDelRule"})
     control(button).setFocusPolicy(Qt::TabFocus);
   type("textPixelName", "gas");
@@ -130,7 +130,7 @@ TEST_F(NameFields, LeaveTheCursorWhereTheUserTypes) {
   }
 }
 
-TEST_F(NameFields, TakePrintableAsciiOnly) {
+TEST_F(NameFields, AcceptPrintableAsciiOnly) {
   for (const char* field : {"textPixelName", "textSelectedRuleName", "textNewRuleName"}) {
     type(field, "a");
     for (const char* letter : {"é", "€", "~", " ", "!", "\t", "b"}) typeLetter(field, letter);
@@ -138,8 +138,8 @@ TEST_F(NameFields, TakePrintableAsciiOnly) {
   }
 }
 
-TEST_F(NameFields, ANameGoesToTheTypeOrRuleItWasTypedForWhereTheFocusStays) {
-  // Assistive programs and some desktops choose an item without a click that takes the focus.
+TEST_F(NameFields, ANameGoesToTheTypeOrRuleItWasTypedForIfTheFocusStays) {
+  // Assistive technology and some desktops choose an item without moving the focus.
   const auto chooseWithoutFocus = [this](const char* listName, int item) {
     list(listName).setCurrentIndex(item);
     emit list(listName).activated(item);
@@ -171,7 +171,7 @@ TEST_F(NameFields, ANameOfARuleIsKeptWhileOneOfATypeIsStored) {
   EXPECT_EQ(text("textSelectedRuleName"), "mingle");
 }
 
-TEST_F(NameFields, TakeWhatAnAssistiveProgramWrites) {
+TEST_F(NameFields, AcceptTextFromAssistiveTechnology) {
   for (const char* field : {"textPixelName", "textSelectedRuleName"}) {
     control(field).setFocus();
     QAccessible::queryAccessibleInterface(&control(field))->setText(QAccessible::Value, "spoken");
@@ -181,7 +181,7 @@ TEST_F(NameFields, TakeWhatAnAssistiveProgramWrites) {
   EXPECT_EQ(model().getRuleName(1), "spoken");
 }
 
-/// A document whose lines end as on another system, so that each name has a carriage return behind it.
+/// A document with line endings of another system, so that each name ends with a carriage return.
 class NamesOfADocument : public WindowTest {
  protected:
   void SetUp() override {
@@ -207,7 +207,7 @@ class NamesOfADocument : public WindowTest {
   QTemporaryDir folder_;
 };
 
-TEST_F(NamesOfADocument, AreShownWithoutWhatCannotBeSeen) {
+TEST_F(NamesOfADocument, AreShownWithoutInvisibleCharacters) {
   EXPECT_EQ(text("textPixelName"), "soil");
   EXPECT_EQ(text("textSelectedRuleName"), "grow");
   EXPECT_EQ(items("listSelectPixelType"), QStringList({"0 - soil", "1 - [1mgrass"}));
@@ -217,7 +217,7 @@ TEST_F(NamesOfADocument, AreShownWithoutWhatCannotBeSeen) {
   EXPECT_EQ(text("textPixelName"), "[1mgrass");
 }
 
-TEST_F(NamesOfADocument, AreSavedAsTheyWereWhileNobodyEditsThem) {
+TEST_F(NamesOfADocument, AreSavedUnchangedUntilEdited) {
   for (const char* field : {"textPixelName", "textSelectedRuleName"}) {
     gui::click(control(field), control(field).rect().center());
     QTest::keyClick(&control(field), Qt::Key_Return);
@@ -230,7 +230,7 @@ TEST_F(NamesOfADocument, AreSavedAsTheyWereWhileNobodyEditsThem) {
   EXPECT_EQ(after.readAll(), before.readAll());
 }
 
-TEST_F(NamesOfADocument, AreAsTheyWereAfterAnEditThatWasTakenBack) {
+TEST_F(NamesOfADocument, AreUnchangedAfterAnEditThatWasUndone) {
   gui::click(control("textPixelName"), control("textPixelName").rect().center());
   QTest::keyClick(&control("textPixelName"), Qt::Key_X);
   QTest::keyClick(&control("textPixelName"), Qt::Key_Backspace);
@@ -273,7 +273,7 @@ TEST_F(NamesOfADocument, AreStoredWhenAnotherTypeOrRuleIsChosen) {
 
 TEST_F(NamesOfADocument, AreStoredAtSave) {
   type("textPixelName", "earth");
-  // The shortcut leaves the focus in the field.
+  // The shortcut does not move the focus.
   control("buttonSaveSystem").setFocusPolicy(Qt::NoFocus);
   ASSERT_TRUE(gui::choosePath(get<QPushButton>("buttonSaveSystem"), path("out.quorvane")));
   EXPECT_EQ(model().getPixelName(0), "earth");

@@ -10,7 +10,7 @@
 
 namespace quorvane {
 
-/// Which files of a folder are opened, by anyone, while it lives.
+/// Records the files of a folder that are opened, by any process, during its lifetime.
 class OpenedFiles {
  public:
   explicit OpenedFiles(const QString& folder) : events_(inotify_init1(IN_NONBLOCK)) {

@@ -67,7 +67,7 @@ class Outlets : public WindowTest {
   QString accessibleName(const char* name) {
     return QAccessible::queryAccessibleInterface(&control(name))->text(QAccessible::Name);
   }
-  /// Everything that can take the focus by the Tab key, in its order.
+  /// Every widget that the Tab key can focus, in tab order.
   QList<QWidget*> tabOrder() {
     QList<QWidget*> order;
     QWidget* const first = &control("stepperNumPixelTypes");
@@ -82,7 +82,7 @@ class Outlets : public WindowTest {
   }
 };
 
-TEST_F(Outlets, AreThereByNameAndKind) {
+TEST_F(Outlets, ExistWithTheirNameAndKind) {
   for (const char* name : kOutlets) {
     const QByteArray outlet = name;
     const QWidget* widget = window_->findChild<QWidget*>(name);
@@ -120,7 +120,7 @@ TEST_F(Outlets, EachHasAnAccessibleNameAndOneSentenceOfHelp) {
   }
 }
 
-TEST_F(Outlets, AccessibleNamesTellThemApart) {
+TEST_F(Outlets, AccessibleNamesAreUnique) {
   QSet<QString> names;
   for (const char* name : kOutlets) {
     EXPECT_FALSE(names.contains(accessibleName(name))) << name;
@@ -128,7 +128,7 @@ TEST_F(Outlets, AccessibleNamesTellThemApart) {
   }
 }
 
-TEST_F(Outlets, NoMnemonicIsGivenTwice) {
+TEST_F(Outlets, NoMnemonicIsUsedTwice) {
   QStringList given;
   for (const QWidget* widget : window_->findChildren<QWidget*>()) {
     QString title;

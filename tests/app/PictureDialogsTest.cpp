@@ -27,7 +27,7 @@ class PictureDialogsTest : public WindowTest {
   void press(int key) {
     QTest::keyClick(&window(), static_cast<Qt::Key>(key), Qt::ControlModifier | Qt::ShiftModifier);
   }
-  /// The window that has the keyboard.
+  /// The window that has the focus.
   QWidget& window() { return model().isWindow() ? static_cast<QWidget&>(model()) : *window_; }
   void withPanel(const std::function<void(QFileDialog&)>& deal) {
     EXPECT_TRUE(gui::withFilePanel([this] { press(Qt::Key_P); }, deal));
@@ -62,7 +62,7 @@ void expectSamePixels(const Image& a, const Image& b) {
   EXPECT_TRUE(a.rgb == b.rgb);
 }
 
-TEST_F(PictureDialogsTest, ASavedPictureIsTheRunners) {
+TEST_F(PictureDialogsTest, ASavedPictureEqualsTheRunners) {
   initialise(3);
   oneSweep();
   saveDocumentAs(path("sample.quorvane"));
@@ -77,7 +77,7 @@ TEST_F(PictureDialogsTest, ASavedPictureIsTheRunners) {
   }
 }
 
-TEST_F(PictureDialogsTest, APictureSaysWhatItShows) {
+TEST_F(PictureDialogsTest, APictureDescribesItselfInItsTextFields) {
   initialise();
   for (int sweep = 0; sweep < 3; ++sweep) oneSweep();
   savePicture(path("first"));
@@ -99,7 +99,7 @@ TEST_F(PictureDialogsTest, TheDocumentIsTheOneInTheTitle) {
   EXPECT_EQ(texts(path("picture.png")).back(), Text("Document", "phase-separation.quorvane"));
 }
 
-TEST_F(PictureDialogsTest, ThePanelKeepsThePixelsASiteAndSaysWhatTheyGive) {
+TEST_F(PictureDialogsTest, ThePanelKeepsTheScaleAndShowsTheResultingSize) {
   initialise();
   withPanel([&](QFileDialog& panel) {
     EXPECT_TRUE(panel.isModal());
@@ -158,7 +158,7 @@ TEST_F(PictureDialogsTest, AFailureIsOneLineInTheStatusLine) {
   EXPECT_FALSE(QFile::exists(path("picture.png")));
 }
 
-TEST_F(PictureDialogsTest, ACopyIsThePictureAtThePixelsOfTheLastOneSaved) {
+TEST_F(PictureDialogsTest, ACopyHasTheScaleOfTheLastPictureSaved) {
   initialise();
   press(Qt::Key_C);
   EXPECT_EQ(QApplication::clipboard()->image().size(), QSize(496, 416));
@@ -211,7 +211,7 @@ TEST_F(PictureDialogsTest, PipesAndFoldersAreRefusedInOneLineAndNeverWrittenTo) 
   EXPECT_EQ(refuse("folder"), "folder.png is a folder, not a file.");
 }
 
-TEST_F(PictureDialogsTest, AFailureInFullScreenIsSeenThere) {
+TEST_F(PictureDialogsTest, AFailureInFullScreenIsShownThere) {
   initialise();
   click("buttonFullScreen");
   ASSERT_TRUE(gui::waitUntil([this] { return model().isWindow() && model().isActiveWindow(); }));

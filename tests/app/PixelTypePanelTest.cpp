@@ -14,7 +14,7 @@ class PixelTypePanel : public WindowTest {
   }
 };
 
-TEST_F(PixelTypePanel, ListsTheTypesToPassForWithoutTheSelectedOne) {
+TEST_F(PixelTypePanel, ListsTheTypesToMasqueradeAsWithoutTheSelectedOne) {
   initialise(4);
   choose("listSelectPixelType", "2 - Pixel");
   EXPECT_FALSE(masqueradeShown());
@@ -38,7 +38,7 @@ TEST_F(PixelTypePanel, ListsTheTypesToPassForWithoutTheSelectedOne) {
   EXPECT_EQ(list("listMasqueradeType").currentText(), "1 - Pixel");
 }
 
-TEST_F(PixelTypePanel, FiguresReadAsPrintfReadsThem) {
+TEST_F(PixelTypePanel, NumbersAreRoundedAsByPrintf) {
   initialise();
   model().setPixelField(1, 0.0625);
   model().setPixelPersistence(1, 0.3125);
@@ -184,7 +184,7 @@ TEST_F(PixelTypePanel, AColourReachesEveryWellOfTheTypeButTheMasqueradesUntilIts
   choose("listNewRulePixelA", "1 - Pixel");
   choose("listNewRulePixelB", "1 - Pixel");
   choose("listSelectPixelType", "1 - Pixel");
-  // Only a document can let a type pass for itself; the window then shows two wells of one type.
+  // Only a document can make a type masquerade as itself; the window then shows two wells of one type.
   model().setPixelMasqueradeAs(1, 1);
   window_->controller().refreshSelectedPixel();
   const Rgb former = colorOf(1);
@@ -206,7 +206,7 @@ TEST_F(PixelTypePanel, AColourReachesEveryWellOfTheTypeButTheMasqueradesUntilIts
   EXPECT_EQ(well("colorMasqueradeType").rgb(), chosen);
 }
 
-TEST_F(PixelTypePanel, TheListsNamePrintableTextAsItIs) {
+TEST_F(PixelTypePanel, TheListsShowPrintableTextUnchanged) {
   initialise();
   enter("textPixelName", "<b>%1 & co</b>");
   EXPECT_EQ(model().getPixelName(0), "<b>%1 & co</b>");
@@ -214,7 +214,7 @@ TEST_F(PixelTypePanel, TheListsNamePrintableTextAsItIs) {
   EXPECT_EQ(text("labelPlotRed"), "0 - <b>%1 & co</b>");
 }
 
-TEST_F(PixelTypePanel, EditsReachARunningModel) {
+TEST_F(PixelTypePanel, EditsChangeARunningModel) {
   initialise(3);
   click("buttonRunModel");
   choose("listSelectPixelType", "2 - Pixel");

@@ -68,7 +68,7 @@ TEST_F(PlotMenuTest, OffersNothingWithoutAPoint) {
   opened->close();
 }
 
-TEST_F(PlotMenuTest, IsReachedByTheKeyboardAndThePlotShowsThatItHasIt) {
+TEST_F(PlotMenuTest, IsReachedByTheKeyboardAndThePlotShowsItsFocus) {
   initialise();
   oneSweep();
   const QImage before = plot().grab().toImage();

@@ -65,7 +65,7 @@ TEST_F(Populations, APointCanBeAddedWhileTheModelIsStopped) {
   EXPECT_EQ(plot_.share(1, 0), 0.25);
 }
 
-TEST_F(Populations, StartAnewWithoutAPoint) {
+TEST_F(Populations, AreEmptyAfterARestart) {
   hold(25);
   plot_.showTypes(1, 2);
   for (int point = 0; point < 300; ++point) plot_.record();
@@ -95,7 +95,7 @@ TEST_F(Populations, AreATableOfTheSweepsAndSitesOfThePointsKept) {
   EXPECT_EQ(plot_.csv(), expected);
 }
 
-TEST_F(Populations, HoldNothingForATypeOfTheTimeBeforeItWasAdded) {
+TEST_F(Populations, AreZeroForATypeBeforeItWasAdded) {
   hold(25);
   plot_.record();
   model_->addPixelType();
@@ -144,7 +144,7 @@ TEST_F(PlotInTheWindow, HasAPointForEachRedrawOfARun) {
   EXPECT_NEAR(sum, 1.0, 1e-12);
 }
 
-TEST_F(PlotInTheWindow, StartsAnewWithRemake) {
+TEST_F(PlotInTheWindow, IsClearedByRemake) {
   initialise(3);
   click("buttonRunModel");
   ASSERT_TRUE(gui::waitUntil([this] { return window_->plot().numPoints() >= 3; }));
@@ -155,7 +155,7 @@ TEST_F(PlotInTheWindow, StartsAnewWithRemake) {
   EXPECT_EQ(window_->plot().numPoints(), 0);
 }
 
-TEST_F(PlotInTheWindow, StartsAnewWithTheDocumentAfterOneThatWasCutShort) {
+TEST_F(PlotInTheWindow, IsClearedByOpeningADocumentAfterOneThatWasCutShort) {
   const QTemporaryDir folder;
   const QString shortOne = folder.filePath("short.quorvane"), refused = folder.filePath("refused.quorvane");
   const QString whole = QString(EXAMPLES) + "/phase-separation.quorvane";
@@ -184,7 +184,7 @@ TEST_F(PlotInTheWindow, StartsAnewWithTheDocumentAfterOneThatWasCutShort) {
   EXPECT_EQ(window_->plot().numPoints(), 0);
 }
 
-TEST_F(PlotInTheWindow, StartsAnewWithInitialiseAfterADocumentThatWasCutShort) {
+TEST_F(PlotInTheWindow, IsClearedByInitialiseAfterADocumentThatWasCutShort) {
   const QTemporaryDir folder;
   QFile cut(folder.filePath("short.quorvane"));
   ASSERT_TRUE(cut.open(QIODevice::WriteOnly));

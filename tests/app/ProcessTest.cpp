@@ -13,7 +13,7 @@
 namespace quorvane {
 namespace {
 
-/// What a tool of the desktop prints, or an empty string where it fails.
+/// The output of a desktop tool, or an empty string if it fails.
 QString output(const QString& tool, const QStringList& arguments) {
   QProcess process;
   process.start(tool, arguments);
@@ -48,18 +48,18 @@ class ApplicationProcess : public ::testing::Test {
   }
   void press(const QString& key) { output("xdotool", {"key", key}); }
 
-  /// Seconds of processor time that the process has used.
+  /// Seconds of CPU time that the process has used.
   double processorTime() const {
     QFile file(QString("/proc/%1/stat").arg(process_.processId()));
     if (!file.open(QIODevice::ReadOnly)) return 0.0;
-    // The name in parentheses may hold anything; the times are the 12th and 13th fields behind it.
+    // The name in parentheses may contain anything; the times are the 12th and 13th fields after it.
     const QByteArray line = file.readAll();
     const QList<QByteArray> fields = line.mid(line.lastIndexOf(')') + 2).split(' ');
     return (fields.value(11).toDouble() + fields.value(12).toDouble()) /
            static_cast<double>(sysconf(_SC_CLK_TCK));
   }
 
-  /// Closes the window as the window manager's own button does, and waits for the end of the process.
+  /// Closes the window like the window manager's close button, and waits for the process to end.
   void closeAndExpectASuccessfulEnd() {
     press("alt+F4");
     clock_.restart();
@@ -76,8 +76,8 @@ class ApplicationProcess : public ::testing::Test {
   qint64 millisecondsToWindow_ = 0;
 };
 
-/// What the application says on standard error in an environment in which it cannot open its window, in which
-/// it must end by itself within five seconds with the status 1.
+/// The messages of the application on standard error in an environment in which it cannot open its window. It
+/// must end by itself within five seconds with status 1.
 QStringList linesOfAFailedStart(const QProcessEnvironment& environment) {
   QProcess process;
   process.setProcessEnvironment(environment);
@@ -146,7 +146,7 @@ TEST(ApplicationStart, SaysInOneLineThatTheServerOffersNoOpenGl) {
 }
 
 TEST(ApplicationStart, SaysInOneLineThatTheServerDoesNotAnswer) {
-  // A display of its own number that takes connections and says nothing.
+  // A display with a new number that accepts connections and never answers.
   QTcpServer silent;
   int number = 200;
   constexpr int firstPort = 6000, last = 260;
@@ -171,13 +171,13 @@ TEST_F(ApplicationProcess, EndsWithSuccessWhenItsWindowIsClosed) {
 
 TEST_F(ApplicationProcess, EndsWithSuccessWhenItsWindowIsClosedInTheWaitOfTheSlowestRun) {
   ASSERT_TRUE(activate());
-  // Initialise, the knob of the speed, its lower end.
+  // Initialise, then the knob of the speed, moved to its lower end.
   for (const char* key : {"alt+i", "alt+e", "Home"}) press(key);
-  // The wait counts, so that the process is busy from now on; one without a run uses next to nothing.
+  // The wait is a counting loop, so the process is busy from now on; without a run it uses next to nothing.
   const double before = processorTime();
   ASSERT_TRUE(gui::waitUntil(
       [&] {
-        // Run does nothing before Initialise has had its effect, and nothing once there is a run.
+        // Run has no effect until Initialise is done, and none during a run.
         press("alt+r");
         return processorTime() - before > 2.0;
       },

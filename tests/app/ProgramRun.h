@@ -12,12 +12,11 @@
 namespace quorvane {
 
 struct ProgramResult {
-  int status = -1;  ///< exit status, or -1 where the program did not end by itself in time
+  int status = -1;  ///< exit status, or -1 if the program did not end by itself in time
   QByteArray out;
 };
 
-/// Runs a program while this process goes on handling its events. What it says on standard error comes
-/// through.
+/// Runs a program while this process handles its own events. Passes on its standard error.
 inline ProgramResult runProgram(const QString& program, const QStringList& arguments) {
   constexpr std::chrono::seconds deadline{120};
   QProcess process;

@@ -97,7 +97,7 @@ Control* RandomUser::anyUsable() {
 QString RandomUser::clickAButton() {
   auto* button = anyUsable<QPushButton>();
   const QString name = button->objectName();
-  // Panels take long, and full screen has an act of its own.
+  // Panels take long, and full screen has a separate action.
   if (name == "buttonFullScreen" || (name == "buttonSaveSystem" && chance(90))) return "nothing";
   gui::click(*button, button->rect().center());
   return "clicked " + name;
@@ -166,7 +166,7 @@ QString RandomUser::typeAName() {
   for (const QChar letter : oddNames()[pick(static_cast<int>(oddNames().size()))])
     QTest::sendKeyEvent(QTest::Click, field, Qt::Key_unknown, QString(letter), Qt::NoModifier);
   if (chance(10)) QTest::keyClick(field, Qt::Key_Z, Qt::ControlModifier);
-  // The others leave the name as it stands until something else takes the focus.
+  // The others keep the typed name until something else takes the focus.
   if (chance(40)) QTest::keyClick(field, chance(50) ? Qt::Key_Return : Qt::Key_Tab);
   return "typed into " + field->objectName();
 }
@@ -230,7 +230,7 @@ QString RandomUser::visitFullScreen() {
 }
 
 QString RandomUser::pressAMnemonic() {
-  // Full screen has an act of its own.
+  // Full screen has a separate action.
   static const QString letters = "XDMVRSEWGTANCPYLZBQUH";
   const QChar letter = letters[pick(static_cast<int>(letters.size()))];
   if (letter == 'V' && chance(90)) return "nothing";
@@ -271,7 +271,7 @@ QString RandomUser::addARule() {
 }
 
 void RandomUser::keepTheRunQuick() {
-  // At low speeds a loop that was stopped takes the machine for itself until its wait is over.
+  // At low speeds a stopped loop keeps a core busy until its wait is over.
   auto* speed = window_.findChild<DoubleSlider*>("sliderSimulationSpeed");
   if (speed->value() < 1e6) QTest::keyClick(speed, Qt::Key_End);
   // Large lattices take long to draw.

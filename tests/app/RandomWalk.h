@@ -6,27 +6,27 @@
 
 namespace quorvane {
 
-/// A window in the hands of a random user.
+/// A window driven by a random user.
 class RandomWalkTest : public WindowTest {
  protected:
   static constexpr int kSteps = 700;
 
   enum class Pace {
-    kHasty,       ///< an act may come while the keys of the one before it are still to have their effect
-    kRepeatable,  ///< each act is waited for, so that the same seed makes the same acts in a fresh process
+    kHasty,       ///< an action may start before the keys of the previous one have had their effect
+    kRepeatable,  ///< waits for each action, so that the same seed gives the same actions in a fresh process
   };
 
-  /// Opens an example document, or initialises a small lattice where the name is empty.
+  /// Opens an example document, or initialises a small lattice if the name is empty.
   void begin(const QString& example);
 
-  /// Lets the user act kSteps times, or until the time is over, and fails at the first act after which the
+  /// Performs kSteps actions, or stops when the time is over, and fails at the first action after which the
   /// controls and the model disagree.
   void walk(unsigned seed, Pace pace, std::chrono::seconds longest = std::chrono::hours(1));
 
-  /// Called with each act that is done.
+  /// Called with each action.
   virtual void acted(const QString& /*what*/) {}
 
-  /// What a walk ends in is a system like any other: saved, it opens as itself.
+  /// The final system is like any other: saved, it opens as the same.
   void expectThatTheSystemCanBeSavedAndOpened();
 };
 

@@ -20,7 +20,7 @@ class RulePanel : public WindowTest {
   }
 };
 
-TEST_F(RulePanel, TheParameterReadsAsPrintfReadsIt) {
+TEST_F(RulePanel, TheParameterIsRoundedAsByPrintf) {
   addRule("grow", "Irreversible Flip", "0 - Pixel", "1 - Pixel");
   model().setRuleParam(0, 0.0625);
   choose("listSelectedRule", "0 - grow");
@@ -72,7 +72,7 @@ TEST_F(RulePanel, AddingResetsTheFieldsOfTheNextRule) {
   EXPECT_FALSE(visible("colorNewRulePixelB"));
 }
 
-TEST_F(RulePanel, TakesThePromptOrNothingAsAName) {
+TEST_F(RulePanel, AcceptsThePromptOrNothingAsAName) {
   click("buttonAddNewRule");
   EXPECT_EQ(model().getRuleName(0), "(Enter New Rule Name)");
   EXPECT_EQ(model().getRulePixelA(0), kAnyPixelType);
@@ -216,7 +216,7 @@ TEST_F(RulePanel, A51stRuleHasNoEffect) {
   EXPECT_EQ(list("listSelectedRule").currentText(), "7 - full");
 }
 
-TEST_F(RulePanel, AnOldSelectionThatIsGoneSelectsTheFirstRule) {
+TEST_F(RulePanel, ASelectionThatNoLongerExistsSelectsTheFirstRule) {
   for (int rule = 0; rule < 3; ++rule) model().makeNewRule("r", kSwap, 0, 1);
   window_->controller().refreshRuleList();
   EXPECT_EQ(list("listSelectedRule").currentIndex(), 0);
@@ -227,7 +227,7 @@ TEST_F(RulePanel, AnOldSelectionThatIsGoneSelectsTheFirstRule) {
   EXPECT_EQ(list("listSelectedRule").currentText(), "0 - r");
 }
 
-TEST_F(RulePanel, AValueThatNoListOffersIsShownAsNone) {
+TEST_F(RulePanel, AValueThatIsNotInAListIsShownAsNone) {
   model().makeNewRule("odd", kIrreversibleFlip, 0, 1);
   model().setRuleFacNum(0, 9);
   model().setRuleFacPixel(0, kAnyPixelType);

@@ -90,7 +90,7 @@ TEST_F(RuleParameter, InteractionsOnOnePairShareItsCells) {
   EXPECT_EQ(active(), only({{0, 1}, {1, 0}}, 3.0));
 }
 
-TEST_F(RuleParameter, ZeroOnAFlipTouchesNoTable) {
+TEST_F(RuleParameter, ZeroOnAFlipChangesNoTable) {
   initialise(3);
   interaction(kAny, kAny);
   slideTo("sliderSelectedRuleParam", 1.0);

@@ -8,11 +8,11 @@
 
 namespace quorvane {
 
-/// The run loops that certain acts of the user have started, told apart from the process's other threads by
-/// when they came. A loop outlives the stop by a wait, and nothing in the model says when it has ended.
+/// The run loops started by certain actions of the user, distinguished from other threads by when they
+/// started. A loop outlives the stop by a wait, and the model does not report its end.
 class RunLoopThreads {
  public:
-  /// Does something that starts a run loop and, as no other event is handled meanwhile, no other thread.
+  /// Performs an action that starts a run loop and, as no other event is handled meanwhile, no other thread.
   template <class Act>
   void during(Act act) {
     const QSet<QString> before = threads();

@@ -17,7 +17,7 @@ void PrintTo(const Sweeps& sweeps, std::ostream* out) {
   *out << sweeps.document << ", " << sweeps.count << " by " << sweeps.way;
 }
 
-/// Each side is a process of its own, because a process has one sequence of draws.
+/// Each side is a separate process, because a process has only one sequence of draws.
 class SameBytes : public ::testing::TestWithParam<Sweeps> {
  protected:
   void SetUp() override { ASSERT_TRUE(folder_.isValid()); }
@@ -49,7 +49,7 @@ TEST_P(SameBytes, FromTheWindowAndFromTheHeadlessRunner) {
   EXPECT_EQ(contentOf(byWindow), contentOf(byRunner));
 }
 
-TEST_F(ChosenBefore, PreviewsOfOtherDocumentsLeaveTheDrawsOfTheOneThatIsOpened) {
+TEST_F(ChosenBefore, PreviewsOfOtherDocumentsDoNotChangeTheDrawsOfTheOpenedOne) {
   const auto example = [](const char* name) { return QString(EXAMPLES) + "/" + name + ".quorvane"; };
   const QString opened = example("phase-separation");
   const QString cut = folder_.filePath("cut.quorvane"), broken = folder_.filePath("broken.quorvane");

@@ -12,16 +12,16 @@
 #include "WindowTest.h"
 #include "view/GraphicalPlot.h"
 
-// Runs on screens too small for the whole window, and with the device pixel ratio that the environment sets.
+// Runs on screens too small for the whole window, and with the device pixel ratio of the environment.
 
 namespace quorvane {
 namespace {
 
-/// A window in which every control can be seen, though not all of them at once.
+/// A window in which every control is shown, but not all are in sight at once.
 class SmallScreen : public WindowTest {
  protected:
   void SetUp() override {
-    // The smallest of these screens leaves no room for the view, so there is no frame to wait for.
+    // The smallest screens have no room for the view, so there is no frame to wait for.
     window_ = std::make_unique<MainWindow>();
     ASSERT_TRUE(gui::showAndActivate(*window_));
     ASSERT_TRUE(gui::waitUntil([this] { return !window_->windowHandle()->frameMargins().isNull(); }));
@@ -30,7 +30,7 @@ class SmallScreen : public WindowTest {
   }
   void TearDown() override { QApplication::setFont(desktopFont_); }
 
-  /// By keys, which work wherever a control stands.
+  /// By keys, which work for controls out of sight.
   void showEverything() {
     key("buttonInitialiseModel", Qt::Key_Space);
     key("buttonAddNewRule", Qt::Key_Space);
@@ -78,7 +78,7 @@ class SmallScreen : public WindowTest {
     return found;
   }
 
-  /// The part of a widget that no parent cuts off.
+  /// The part of a widget that is not clipped by a parent.
   static QRect seen(const QWidget& widget) {
     QRect rect = widget.rect();
     QPoint origin;
@@ -97,7 +97,7 @@ class SmallScreen : public WindowTest {
     QApplication::sendEvent(&widget, &event);
   }
 
-  /// Turns the wheel over the scroll bars, those that can be seen, until a control is in sight.
+  /// Turns the wheel over each visible scroll bar until a control is in sight.
   void scrollTo(QScrollArea& panel, const QWidget& control) {
     constexpr int enough = 200;
     const auto place = [&] { return QRect(control.mapTo(panel.viewport(), QPoint(0, 0)), control.size()); };
@@ -129,7 +129,7 @@ class SmallScreen : public WindowTest {
     EXPECT_GT(controls().size(), 60);
     for (QScrollArea* panel : panels()) {
       for (QScrollBar* bar : {panel->verticalScrollBar(), panel->horizontalScrollBar()}) {
-        // In small steps: three lines a notch are more than a low panel has.
+        // In small steps, since three lines per notch are more than the height of a low panel.
         bar->setSingleStep(4);
         EXPECT_TRUE(bar->isVisible() || bar->maximum() == 0);
       }
@@ -172,7 +172,7 @@ TEST_F(SmallScreen, TheLatticeViewKeepsItsMargins) {
 
 TEST_F(SmallScreen, TheMouseReachesEveryControl) { expectAllCanBeScrolledIntoSight(); }
 
-TEST_F(SmallScreen, TheWheelScrollsAPanelUnderTheMouse) {
+TEST_F(SmallScreen, TheWheelScrollsThePanelUnderTheMouse) {
   for (QScrollArea* panel : panels()) {
     if (!panel->verticalScrollBar()->isVisible()) continue;
     panel->verticalScrollBar()->setValue(0);
@@ -230,7 +230,7 @@ TEST_F(SmallScreen, PageKeysOnAButtonScrollItsPanel) {
   EXPECT_GT(bar.value(), before);
 }
 
-TEST_F(SmallScreen, WhatIsClickedStaysUnderTheMouse) {
+TEST_F(SmallScreen, AClickedControlStaysUnderTheMouse) {
   QScrollArea& panel = *panels()[1];
   QWidget& field = control("textSelectedRuleName");
   panel.ensureWidgetVisible(&field, 0, 0);
@@ -248,7 +248,7 @@ TEST_F(SmallScreen, TheWindowStaysInsideWhenTheFontGrows) {
   expectAllCanBeScrolledIntoSight();
 }
 
-TEST_F(SmallScreen, TextIsNotMadeTooSmallToRead) {
+TEST_F(SmallScreen, TheFontIsNotReducedBelowTheReadableSize) {
   setDesktopFont(14, QFont::UltraExpanded);
   EXPECT_EQ(control("buttonRunModel").font().pointSizeF(), 9.0);
   EXPECT_TRUE(isInside());

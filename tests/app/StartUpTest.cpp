@@ -16,7 +16,7 @@ TEST_F(StartUp, ShowsTheStartValues) {
   EXPECT_EQ(window_->size(), QSize(1180, 760));
 }
 
-TEST_F(StartUp, HandsTheSpeedToTheModelAndMakesNone) {
+TEST_F(StartUp, SetsTheSpeedOfTheModelWithoutInitialisingIt) {
   EXPECT_EQ(model().varDelayAfterCycle, 1000);
   EXPECT_EQ(model().varMyState, kNotInitialised);
   EXPECT_EQ(model().getNumPixelTypes(), 1);
@@ -32,7 +32,7 @@ TEST_F(StartUp, DrawsNothingButBlack) {
 
 TEST_F(StartUp, PlacesTheViewByItsMargins) { EXPECT_EQ(model().geometry(), QRect(11, 29, 624, 526)); }
 
-TEST_F(StartUp, EnablesOnlyWhatMakesAModel) {
+TEST_F(StartUp, EnablesOnlyControlsThatMakeAModel) {
   for (const char* name : {"buttonInitialiseModel", "stepperNumPixelTypes", "sliderWidthHeight",
                            "buttonOpenSystem", "sliderSimulationSpeed", "textNewRuleName", "listNewRuleType"})
     EXPECT_TRUE(enabled(name)) << name;
@@ -63,7 +63,7 @@ TEST_F(StartUp, ShowsTheRulePanelAsWithoutARule) {
   EXPECT_EQ(text("textNewRuleName"), "(Enter New Rule Name)");
 }
 
-TEST_F(StartUp, OffersTheItemsThatTheLayoutBrings) {
+TEST_F(StartUp, ShowsTheItemsOfTheLayout) {
   EXPECT_EQ(items("listNewRuleType"),
             QStringList({"Irreversible Flip", "Reversible Flip", "Swap", "Pixel-Pixel Interaction"}));
   EXPECT_EQ(items("listSelectedRuleFacNum"), QStringList({"0", "1", "2", "3", "4", "5", "6", "7", "8"}));

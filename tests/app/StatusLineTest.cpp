@@ -17,7 +17,7 @@ class StatusLineTest : public WindowTest {
   void show(const QString& message) { get<StatusLine>("statusLine").showMessage(message); }
 };
 
-TEST_F(StatusLineTest, TellsTheStateAtOnce) {
+TEST_F(StatusLineTest, ShowsTheStateAtOnce) {
   EXPECT_EQ(line(), "No model yet: Initialise fills a lattice at random, Open... brings an example");
   initialise();
   EXPECT_EQ(line(), "Stopped  ·  0 sweeps  ·  124 × 104 sites");
@@ -42,7 +42,7 @@ TEST_F(StatusLineTest, CountsSweepsWhileTheModelRuns) {
   })) << line().toStdString();
 }
 
-TEST_F(StatusLineTest, TellsThatAStrokePausedTheRun) {
+TEST_F(StatusLineTest, ShowsThatAStrokePausedTheRun) {
   initialise();
   click("checkPauseWhilePaint");
   gui::press(model(), {10, 10});
@@ -55,7 +55,7 @@ TEST_F(StatusLineTest, SaysWhatToDoFirstInTheWindowsDefaultSize) {
   EXPECT_GE(control("statusLine").width(), control("statusLine").fontMetrics().horizontalAdvance(line()));
 }
 
-TEST_F(StatusLineTest, ShowsAMessageBehindTheState) {
+TEST_F(StatusLineTest, ShowsAMessageAfterTheState) {
   show("x.quorvane: line 3: why");
   EXPECT_EQ(line(), "No model yet  ·  x.quorvane: line 3: why");
   initialise();
@@ -73,13 +73,13 @@ TEST_F(StatusLineTest, ShowsTheStateBesideAMessageWhileTheModelRuns) {
   EXPECT_TRUE(line().startsWith("Running  ·  ")) << line().toStdString();
   EXPECT_TRUE(line().contains(" sweeps  ·  124 × 104 sites  ·  ")) << line().toStdString();
   EXPECT_TRUE(line().endsWith("x.quorvane: was not saved: why")) << line().toStdString();
-  // Whoever stops it, the state is true at once.
+  // The state is updated at once, however the run was stopped.
   model().stopLatticeModel();
   EXPECT_TRUE(gui::waitUntil([this] { return line().startsWith("Stopped  ·  "); })) << line().toStdString();
   EXPECT_TRUE(line().endsWith("why")) << line().toStdString();
 }
 
-TEST_F(StatusLineTest, AMessageGoesWithTheNextThingThatTheUserDoes) {
+TEST_F(StatusLineTest, AMessageDisappearsWithTheNextActionOfTheUser) {
   initialise();
   const std::function<void()> actions[] = {
       [this] { click("buttonRemakeModel"); },
@@ -117,7 +117,7 @@ TEST_F(StatusLineTest, AMessageStaysWhileTheUserOnlyMovesTheMouseOrHoldsShift) {
   EXPECT_TRUE(line().endsWith("why")) << line().toStdString();
 }
 
-TEST_F(StatusLineTest, AMessageGoesAfterTenSecondsOfAnIdleWindowAndANoticeStays) {
+TEST_F(StatusLineTest, AMessageDisappearsAfterTenIdleSecondsAndANoticeStays) {
   StatusLine other;
   other.follow(model());
   QElapsedTimer clock;
@@ -132,7 +132,7 @@ TEST_F(StatusLineTest, AMessageGoesAfterTenSecondsOfAnIdleWindowAndANoticeStays)
   EXPECT_TRUE(gui::waitUntil([&] { return !other.text().contains("what"); }));
 }
 
-TEST_F(StatusLineTest, AMessageOfAnActionOutlivesTheActionsOwnEvents) {
+TEST_F(StatusLineTest, AMessageOfAnActionStaysDuringTheActionsOwnEvents) {
   initialise();
   QObject::connect(&get<QPushButton>("buttonRemakeModel"), &QPushButton::clicked,
                    &get<StatusLine>("statusLine"), [this] { show("why"); });

@@ -23,12 +23,12 @@ class StepperTest : public ::testing::Test {
   QSignalSpy stepped_{&stepper_, &Stepper::stepped};
 };
 
-TEST_F(StepperTest, IsTheArrowsAlone) {
+TEST_F(StepperTest, ShowsOnlyArrows) {
   EXPECT_FALSE(stepper_.findChild<QLineEdit*>()->isVisible());
   EXPECT_LT(stepper_.sizeHint().width(), 40);
 }
 
-TEST_F(StepperTest, TellsOfTheUsersStepsOnly) {
+TEST_F(StepperTest, SignalsOnlyStepsOfTheUser) {
   stepper_.setValue(5);
   EXPECT_EQ(stepped_.count(), 0);
   gui::click(stepper_, QPoint(stepper_.width() / 2, stepper_.height() / 4));
@@ -39,7 +39,7 @@ TEST_F(StepperTest, TellsOfTheUsersStepsOnly) {
   EXPECT_EQ(stepped_.last().first().toInt(), 5);
 }
 
-TEST_F(StepperTest, StopsAtItsEndsWithoutAWord) {
+TEST_F(StepperTest, StopsAtItsEndsWithoutASignal) {
   stepper_.setValue(10);
   QTest::keyClick(&stepper_, Qt::Key_Up);
   EXPECT_EQ(stepper_.value(), 10);

@@ -9,19 +9,19 @@
 namespace quorvane {
 namespace {
 
-/// Turns the wheel by one notch over a widget's middle, as the window system hands it to the window.
+/// Turns the wheel by one notch over a widget's centre, through the window as the window system does.
 void turnWheel(QWidget& widget, int notches) {
   QWidget& window = *widget.window();
   const QPoint position = widget.mapTo(&window, widget.rect().center());
   QWheelEvent event(position, window.mapToGlobal(QPointF(position)), {}, {0, 120 * notches}, Qt::NoButton,
                     Qt::NoModifier, Qt::NoScrollPhase, false);
-  // Events that a program makes up do not go on to parents.
+  // Synthetic events are not propagated to parents.
   QSpontaneKeyEvent::setSpontaneous(&event);
   qApp->notify(window.windowHandle(), &event);
   gui::processEvents();
 }
 
-/// Counts the turns of the wheel that a widget gets, its own and those that its children left.
+/// Counts the wheel events that reach a widget, including those that its children ignored.
 class WheelCount : public QObject {
  public:
   explicit WheelCount(QWidget& widget) { widget.installEventFilter(this); }
@@ -52,7 +52,7 @@ class Wheel : public WindowTest {
       if (control->isVisible() && control->isEnabled()) found += control;
     return found;
   }
-  /// Everything that the wheel can edit.
+  /// Every control that the wheel can edit.
   QList<QWidget*> editable() {
     QList<QWidget*> all;
     for (QWidget* list : usable<QComboBox>()) all += list;
@@ -68,7 +68,7 @@ class Wheel : public WindowTest {
   }
 };
 
-TEST_F(Wheel, EditsNothingThatHasNoFocusAndGivesNone) {
+TEST_F(Wheel, EditsNoControlWithoutTheFocusAndDoesNotMoveTheFocus) {
   const QStringList before = reportSystem(*window_);
   const QList<QWidget*> controls = editable();
   ASSERT_EQ(controls.size(), 15) << "nine lists and six sliders";
@@ -83,7 +83,7 @@ TEST_F(Wheel, EditsNothingThatHasNoFocusAndGivesNone) {
   EXPECT_EQ(reportSystem(*window_), before);
 }
 
-TEST_F(Wheel, GoesOnToWhatTheControlStandsIn) {
+TEST_F(Wheel, IsPassedOnToTheParentOfAControlWithoutTheFocus) {
   for (QWidget* control : editable()) {
     WheelCount parent(*control->parentWidget());
     turnWheel(*control, 1);

@@ -17,7 +17,7 @@ using Site = std::pair<int, int>;
 
 constexpr int kSoil = 0, kGrass = 1, kWall = 2;
 
-/// Builds a system of walls that nothing moves or makes, in which soil and grass do all the rest.
+/// Builds a system with walls that no rule moves or makes, in which soil and grass do all the rest.
 class WholeSystem : public WindowTest {
  protected:
   void SetUp() override {
@@ -145,8 +145,8 @@ class WholeSystem : public WindowTest {
   }
   bool isWall(Site site) { return model().getSiteValue(site.first, site.second) == kWall; }
 
-  /// Holds the brush on a site until it is a wall: a step of the run that had read the site before may write
-  /// it once more after the first touch.
+  /// Holds the brush on a site until it is a wall: an attempt of the run that had read the site before may
+  /// write it once more after the first stroke.
   void paint(Site site) {
     gui::drag(model(), middleOf(site));
     EXPECT_TRUE(gui::waitUntil([&] {
@@ -156,7 +156,7 @@ class WholeSystem : public WindowTest {
     painted_.insert(site);
   }
 
-  /// Paints a row of sites in one stroke, twice over; checks a state during the stroke.
+  /// Paints a row of sites twice in one stroke; checks a state during the stroke.
   void stroke(int row, int stateMeanwhile) {
     gui::press(model(), middleOf({3, row}));
     EXPECT_EQ(model().varMyState, stateMeanwhile);
@@ -197,8 +197,7 @@ class WholeSystem : public WindowTest {
     EXPECT_EQ(walls(), painted_);
   }
 
-  /// What a fresh window is to report: its traces start from the lattice alone, its lists at their first
-  /// item.
+  /// The expected report of a fresh window: traces start from the lattice, lists at their first item.
   QStringList reportAsJustOpened() {
     for (int type = 0; type < model().getNumPixelTypes(); ++type) model().reinitHistory(type);
     for (const char* name : {"listPaintType", "listSelectPixelType", "listSelectedRule"}) chooseItem(name, 0);

@@ -17,7 +17,7 @@ QString title(int index, const std::string& name) {
   return QString("%1 - %2").arg(QString::number(index), QString::fromStdString(name));
 }
 
-/// One look at a window with a model in it.
+/// A snapshot of a window with a model.
 class Inspection {
  public:
   explicit Inspection(MainWindow& window)
@@ -41,7 +41,7 @@ class Inspection {
     return *window_.findChild<Control*>(QString::fromLatin1(name));
   }
   bool enabled(const char* name) { return get<QWidget>(name).isEnabled(); }
-  /// Whether it shows when its window does.
+  /// Whether it is visible when its window is.
   bool shown(const char* name) { return !get<QWidget>(name).isHidden(); }
   int chosen(const char* list) { return get<QComboBox>(list).currentIndex(); }
   QString label(const char* name) { return get<QLabel>(name).text(); }
@@ -67,7 +67,7 @@ class Inspection {
     expect(get<ColorWell>(name).rgb() == held,
            QString("%1 is not the colour of type %2").arg(name).arg(type));
   }
-  /// A name that is still being typed is not the model's yet.
+  /// A name that is still being typed is not in the model yet.
   void expectName(const char* field, const std::string& name) {
     const auto& edit = get<QLineEdit>(field);
     expect(edit.isModified() || edit.text() == QString::fromStdString(name),
@@ -120,7 +120,7 @@ class Inspection {
   void checkRunControls() {
     const int state = model_.varMyState;
     expect(state == kStopped || state == kRunning, QString("run state %1").arg(state));
-    // The keys of full screen start and stop a run behind a window in the stopped configuration.
+    // In full screen, keys start and stop a run while the window shows the stopped configuration.
     const bool running = state == kRunning && model_.varInFullScreen == 0;
     const QString about = QString(" in run state %1").arg(state);
     expect(enabled("buttonStopModel") == running, "buttonStopModel" + about);

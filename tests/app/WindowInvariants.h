@@ -6,8 +6,8 @@
 
 namespace quorvane {
 
-/// Everything in which the controls disagree with the model, or the model with its own limits, one line each;
-/// empty if all is right. To be called while no stroke is going on and no popup or panel is open.
+/// All differences between the controls and the model, and all values of the model outside its limits, one
+/// line each; empty if there are none. Not during a stroke or while a popup or panel is open.
 QStringList disagreements(MainWindow& window);
 
 }  // namespace quorvane

@@ -29,7 +29,7 @@ QStringList WindowTest::items(const char* listName) {
 void WindowTest::click(const char* name) {
   QWidget& widget = control(name);
   ASSERT_TRUE(widget.isVisible() && widget.isEnabled()) << name;
-  // The left end: of a check box only its indicator and its text take a click.
+  // At the left end, since only the indicator and the text of a check box accept clicks.
   gui::click(widget, QPoint(8, widget.height() / 2));
 }
 

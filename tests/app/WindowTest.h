@@ -19,7 +19,7 @@
 
 namespace quorvane {
 
-/// A main window on the screen, driven through its controls by their object names, as a person does.
+/// A main window on the screen, driven through its controls, found by object name.
 class WindowTest : public ::testing::Test {
  protected:
   void SetUp() override;
@@ -38,13 +38,13 @@ class WindowTest : public ::testing::Test {
   DoubleSlider& slider(const char* name) { return get<DoubleSlider>(name); }
   QCheckBox& check(const char* name) { return get<QCheckBox>(name); }
 
-  /// What a label or a text field shows.
+  /// The text of a label or text field.
   QString text(const char* name);
   QStringList items(const char* listName);
   bool enabled(const char* name) { return control(name).isEnabled(); }
   bool visible(const char* name) { return control(name).isVisible(); }
 
-  /// Clicks a button or a check box, which must be there and enabled.
+  /// Clicks a button or check box, which must exist and be enabled.
   void click(const char* name);
   /// Opens a list by a click and chooses the item with the text by keys.
   void choose(const char* listName, const QString& item);
@@ -52,15 +52,15 @@ class WindowTest : public ::testing::Test {
   void type(const char* field, const QString& text);
   /// Types and presses Return.
   void enter(const char* field, const QString& text);
-  /// Presses a key on a control that has the focus then.
+  /// Presses a key on a control, which gets the focus first.
   void key(const char* name, int key, int times = 1, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-  /// Moves a slider from 0 to a value by keys: a tenth or a hundredth a press, with Shift a thousandth.
+  /// Moves a slider from 0 to a value by keys: a tenth or a hundredth per press, with Shift a thousandth.
   void slideTo(const char* name, double value);
 
   void initialise(int numTypes = 2);
   void addRule(const QString& name, const QString& type, const QString& endA, const QString& endB);
 
-  /// The colour of a type as a well shows it.
+  /// The colour of a type as a colour well shows it.
   Rgb colorOf(int type);
 
   std::unique_ptr<MainWindow> window_;

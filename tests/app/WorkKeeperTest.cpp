@@ -52,7 +52,7 @@ class WorkKeeperTest : public WindowTest {
     EXPECT_THAT(kept_.names(), IsEmpty());
   }
   void paintALine() {
-    // Before it is drawn nothing says where its sites are.
+    // The view knows the positions of its sites only once it is drawn.
     gui::frameOf(model());
     gui::press(model(), {20, 20});
     for (int x = 25; x < 600; x += 5) gui::drag(model(), {x, 20});
@@ -72,14 +72,14 @@ class WorkKeeperTest : public WindowTest {
   std::unique_ptr<WorkKeeper> keeper_;
 };
 
-TEST_F(WorkKeeperTest, KeepsNothingOfAWindowThatNobodyHasUsed) {
+TEST_F(WorkKeeperTest, KeepsNothingOfAnUnusedWindow) {
   expectNothingKept();
   EXPECT_FALSE(std::filesystem::exists(kept_.path()));
 }
 
 TEST_F(WorkKeeperTest, KeepsNothingOfASystemThatWasOnlyInitialised) {
   initialise();
-  // Whatever is no part of a document is no work.
+  // Changes that a document does not store are not kept.
   key("sliderSimulationSpeed", Qt::Key_End);
   click("checkPauseWhilePaint");
   expectNothingKept();
@@ -111,7 +111,7 @@ TEST_F(WorkKeeperTest, KeepsEveryKindOfChange) {
   }
 }
 
-TEST_F(WorkKeeperTest, DiscardsTheCopyOfAChangeThatWasTakenBack) {
+TEST_F(WorkKeeperTest, DiscardsTheCopyOfAChangeThatWasUndone) {
   initialise();
   click("checkImmobilePixel");
   expectKept();
@@ -119,7 +119,7 @@ TEST_F(WorkKeeperTest, DiscardsTheCopyOfAChangeThatWasTakenBack) {
   expectNothingKept();
 }
 
-TEST_F(WorkKeeperTest, WritesOnlyWhatHasChangedSinceTheLastCopy) {
+TEST_F(WorkKeeperTest, WritesOnlyIfTheSystemHasChangedSinceTheLastCopy) {
   initialise();
   paintALine();
   expectKept();
@@ -130,7 +130,7 @@ TEST_F(WorkKeeperTest, WritesOnlyWhatHasChangedSinceTheLastCopy) {
   expectKept();
 }
 
-TEST_F(WorkKeeperTest, KeepsByItself) {
+TEST_F(WorkKeeperTest, KeepsAtItsInterval) {
   startKeeper(std::chrono::milliseconds(20));
   initialise();
   paintALine();
@@ -139,7 +139,7 @@ TEST_F(WorkKeeperTest, KeepsByItself) {
   EXPECT_EQ(WorkKeeper::kPeriod, std::chrono::minutes(2));
 }
 
-TEST_F(WorkKeeperTest, AtTheEndAlsoKeepsANameThatWasTyped) {
+TEST_F(WorkKeeperTest, KeepsATypedNameAtTheEnd) {
   initialise();
   type("textPixelName", "Half a na");
   expectNothingKept();
@@ -200,7 +200,7 @@ TEST_F(WorkKeeperTest, KeepsNothingOfADocumentThatEndsEarly) {
   EXPECT_THAT(kept_.names(), ElementsAre("cut.quorvane"));
 }
 
-TEST_F(WorkKeeperTest, LeavesTheCopyOfASystemInWhosePlaceAnotherIsOpened) {
+TEST_F(WorkKeeperTest, KeepsTheCopyOfASystemThatOpeningReplaces) {
   kept_.write("cut.quorvane", contentOf(example()).left(9000).toStdString());
   open(QString::fromStdString((kept_.path() / "cut.quorvane").string()));
   paintALine();
@@ -211,7 +211,7 @@ TEST_F(WorkKeeperTest, LeavesTheCopyOfASystemInWhosePlaceAnotherIsOpened) {
   EXPECT_TRUE(kept_.read(name) == document);
 }
 
-TEST_F(WorkKeeperTest, KeepsARunAsItIsAtTheMoment) {
+TEST_F(WorkKeeperTest, KeepsTheCurrentStateOfARun) {
   open(example());
   key("sliderSimulationSpeed", Qt::Key_End);
   click("buttonRunModel");
@@ -220,7 +220,7 @@ TEST_F(WorkKeeperTest, KeepsARunAsItIsAtTheMoment) {
   const auto other = std::make_unique<LatticeModel>();
   other->awakeFromNib();
   EXPECT_EQ(openDocument(*other, keeper_->copy().path()).status, OpenStatus::kOpened);
-  // Saved meanwhile, it goes on, and there is something to keep again.
+  // After a save the run continues, so there are changes to keep again.
   save(file("saved.quorvane"));
   const auto sweeps = model().sweepsDone();
   ASSERT_TRUE(gui::waitUntil([&] { return model().sweepsDone() > sweeps + 1; }));
@@ -228,7 +228,7 @@ TEST_F(WorkKeeperTest, KeepsARunAsItIsAtTheMoment) {
   click("buttonStopModel");
 }
 
-TEST_F(WorkKeeperTest, SaysOnceThatNothingCanBeKept) {
+TEST_F(WorkKeeperTest, ReportsOnceThatNothingCanBeKept) {
   keeper_ = std::make_unique<WorkKeeper>(*window_, "/dev/null/quorvane");
   testing::internal::CaptureStderr();
   initialise();
@@ -240,7 +240,7 @@ TEST_F(WorkKeeperTest, SaysOnceThatNothingCanBeKept) {
             "Quorvane cannot keep unsaved work in /dev/null/quorvane: Not a directory\n");
 }
 
-TEST_F(WorkKeeperTest, KeepingTheLargestLatticeIsNotNoticed) {
+TEST_F(WorkKeeperTest, KeepingTheLargestLatticeTakesLessThanHalfASecond) {
   const QString largest = QString(EXAMPLES) + "/forest-fire.quorvane";
   open(largest);
   window_->model().initializeLatticeModel(10, kMaxSide, kMaxSide);
@@ -257,11 +257,11 @@ TEST_F(WorkKeeperTest, KeepingTheLargestLatticeIsNotNoticed) {
   std::printf("256 x 256 sites are kept in %lld us, the slowest time of ten in %lld us\n",
               static_cast<long long>(microseconds[5]), static_cast<long long>(microseconds[9]));
   RecordProperty("microseconds_to_keep", static_cast<int>(microseconds[5]));
-  // A frame of a screen is 17 ms; disks that are busy with others' work need longer.
+  // A frame takes 17 ms; busy disks need longer.
   EXPECT_LT(microseconds[0], 500'000);
 }
 
-TEST_F(WorkKeeperTest, TheNextStartTellsAndOpenBeginsThere) {
+TEST_F(WorkKeeperTest, TheNextStartReportsTheCopyAndOpenBeginsThere) {
   initialise();
   paintALine();
   const std::string document = writeDocument(model());
@@ -282,7 +282,7 @@ TEST_F(WorkKeeperTest, TheNextStartTellsAndOpenBeginsThere) {
     if (panel.isVisible()) panel.reject();
   });
   EXPECT_TRUE(writeDocument(model()) == document);
-  // It is there as long as it is one of the last, opened or not, changed or not.
+  // It is listed as long as it is one of the last ones, opened or not, changed or not.
   EXPECT_FALSE(keep());
   click("checkImmobilePixel");
   EXPECT_TRUE(keep());
@@ -290,7 +290,7 @@ TEST_F(WorkKeeperTest, TheNextStartTellsAndOpenBeginsThere) {
   EXPECT_EQ(keptCopies(kept_.path()).size(), 2u);
 }
 
-TEST_F(WorkKeeperTest, TellsOnlyOnce) {
+TEST_F(WorkKeeperTest, ReportsTheCopyOnlyOnce) {
   for (const int second : {1, 2, 3}) {
     kept_.write(copyOf(second), "a document");
     kept_.age(copyOf(second), std::chrono::seconds(100 - second));
@@ -307,7 +307,7 @@ TEST_F(WorkKeeperTest, TellsOnlyOnce) {
   });
 }
 
-TEST_F(WorkKeeperTest, PanelsHaveNoPlaceForKeptWorkWhereThereIsNone) {
+TEST_F(WorkKeeperTest, PanelsDoNotListTheFolderOfKeptWorkIfThereIsNone) {
   const QUrl place = QUrl::fromLocalFile(QString::fromStdString(kept_.path().string()));
   kept_.write("other", "");
   withPanel("buttonOpenSystem", [&](QFileDialog& panel) {
@@ -316,7 +316,7 @@ TEST_F(WorkKeeperTest, PanelsHaveNoPlaceForKeptWorkWhereThereIsNone) {
   });
 }
 
-TEST_F(WorkKeeperTest, SaveDoesNotStartWhereCopiesGoInTheEnd) {
+TEST_F(WorkKeeperTest, SaveDoesNotStartInTheFolderOfKeptWork) {
   kept_.write(copyOf(1), contentOf(example()).toStdString());
   open(QString::fromStdString((kept_.path() / copyOf(1)).string()));
   withPanel("buttonSaveSystem", [](QFileDialog& panel) {

@@ -1,10 +1,10 @@
-// A second application for tests: the main window in a process of its own, used as a person does.
+// A second application for tests: a process with the main window, driven like a user does.
 //
 //   window_session OPENED SAVED [loop N | calls N | keys N | kept-loop N | kept-keys N [CHOSEN...]]
 //
-// Chooses other documents in the panel for their previews, opens one, makes N sweeps, by the run loop, by
-// calls of the model or by the keys of One Sweep, saves through the panel and writes the report of what it
-// found before the first sweep to its standard output. The kept ones keep unsaved work every millisecond.
+// Previews other documents in the panel, opens one, makes N sweeps by the run loop, by calls of the model or
+// by the keys of One Sweep, saves through the panel and writes the report of the state before the first sweep
+// to its standard output. With "kept-" it also keeps unsaved work every millisecond.
 
 #include <QApplication>
 #include <QSurfaceFormat>
@@ -25,7 +25,7 @@
 namespace quorvane {
 namespace {
 
-/// One use of the window. Each operation says whether it went as it should.
+/// A driven window. Each operation returns whether it succeeded.
 class Session {
  public:
   bool show() {
@@ -43,7 +43,7 @@ class Session {
   bool save(const QString& path) { return gui::choosePath(button("buttonSaveSystem"), path); }
   QStringList report() { return reportSystem(window_); }
 
-  /// The wait after a sweep at the slowest speed is long enough to stop in, so that each run makes one.
+  /// At the slowest speed the wait after a sweep is long enough for a stop, so that each run makes one sweep.
   bool sweepByRunLoop(int count) {
     for (int sweeps = 1; sweeps <= count; ++sweeps) {
       RunLoopThreads loop;

@@ -36,7 +36,7 @@ TEST(CommandLine, NeedsOnlyADocumentANumberOfSweepsAndAResult) {
   EXPECT_EQ(options.scale, 4);
 }
 
-TEST(CommandLine, TakesEveryOption) {
+TEST(CommandLine, AcceptsEveryOption) {
   const BatchOptions options =
       parsed({"--sweeps", "9000000000000", "--output", "out", "--populations", "csv", "--every", "7000000000",
               "--picture", "png", "--scale", "32", "--frames", "folder", "--trace", "in"});
@@ -51,7 +51,7 @@ TEST(CommandLine, TakesEveryOption) {
   EXPECT_TRUE(options.trace);
 }
 
-TEST(CommandLine, TakesAHyphenForStandardInputAndOutput) {
+TEST(CommandLine, ReadsAHyphenAsStandardInputAndOutput) {
   const BatchOptions options = parsed({"-", "--sweeps", "0", "--output", "-"});
   EXPECT_EQ(options.document, "-");
   EXPECT_EQ(options.output, "-");
@@ -123,12 +123,12 @@ TEST(CommandLine, SaysWhatIsWrongWithAWord) {
   expectError({"in", "--sweeps", "1", "--output="}, "--output: needs a name");
 }
 
-TEST(CommandLine, TakesNamesThatLookLikeOptions) {
+TEST(CommandLine, AcceptsNamesThatLookLikeOptions) {
   EXPECT_EQ(parsed({"in", "--sweeps", "0", "--output", "./--trace"}).output, "./--trace");
   EXPECT_EQ(parsed({"--sweeps=0", "--output=a=b", "--", "--in"}).document, "--in");
 }
 
-TEST(CommandLine, FailsWhereItsHelpOrVersionCannotBeWritten) {
+TEST(CommandLine, FailsIfItsHelpOrVersionCannotBeWritten) {
   for (const char* option : {"--help", "--version"}) {
     const int full = ::open("/dev/full", O_WRONLY);
     BatchProcess process({option}, "", full);
@@ -139,7 +139,7 @@ TEST(CommandLine, FailsWhereItsHelpOrVersionCannotBeWritten) {
   }
 }
 
-TEST(CommandLine, TellsItsVersion) {
+TEST(CommandLine, PrintsItsVersion) {
   const Finished finished = runBatchProgram({"--version"});
   EXPECT_EQ(finished.status, 0);
   EXPECT_EQ(finished.out, "quorvane-batch " QUORVANE_VERSION "\n");

@@ -21,12 +21,12 @@ TEST_F(Frames, AreNumberedFromZeroInAFolderThatIsMade) {
   EXPECT_EQ(contentOf(film / "frame-000001.png"), "b");
 }
 
-TEST_F(Frames, HaveNamesAsLongAsThatOfTheLast) {
+TEST_F(Frames, HaveNamesOfTheSameLength) {
   FrameFolder(film_, 1'000'000).add("");
   EXPECT_THAT(namesIn(film_), ElementsAre("frame-0000000.png"));
 }
 
-TEST_F(Frames, OfAnotherRunAreLeftAlone) {
+TEST_F(Frames, OfAnotherRunAreNotChanged) {
   fs::create_directory(film_);
   for (const char* other : {"frame-.png", "frame-1.jpg", "frame-x1.png", "notes.txt"}) put(film_ / other, "");
   FrameFolder(film_, 1).add("first");
@@ -51,7 +51,7 @@ TEST_F(Frames, AreThePicturesAfterTheStartEveryKthAndTheLastSweep) {
   }
 }
 
-TEST_F(Frames, AreOfTheSweepsOfTheRowsOfPopulations) {
+TEST_F(Frames, AreOfTheSameSweepsAsTheRowsOfPopulations) {
   for (const char* every : {"1", "3", "7", "20"}) {
     const fs::path film = folder_ / every;
     ASSERT_EQ(runBatchProgram({document_, "--sweeps", "7", "--every", every, "--frames", film,
@@ -62,7 +62,7 @@ TEST_F(Frames, AreOfTheSweepsOfTheRowsOfPopulations) {
   }
 }
 
-TEST_F(Frames, ShowTheTracesWhereThePictureDoes) {
+TEST_F(Frames, ShowTheTracesIfThePictureDoes) {
   ASSERT_EQ(runBatchProgram({kExample, "--sweeps", "3", "--every", "3", "--frames", film_, "--picture",
                              picture_, "--trace", "--scale", "1"})
                 .status,
@@ -71,20 +71,20 @@ TEST_F(Frames, ShowTheTracesWhereThePictureDoes) {
   EXPECT_EQ(readPng(picture_).width, 5 * 128 + 4 * kPanelGap);
 }
 
-TEST_F(Frames, FailBeforeTheRunWhereTheFolderCannotBeMadeOrHoldNone) {
+TEST_F(Frames, FailBeforeTheRunIfTheFolderCannotBeMadeOrWrittenTo) {
   expectFailure({document_, "--sweeps", "9000000000000000000", "--frames", document_},
                 named(document_) + ": Not a directory");
   expectFailure({document_, "--sweeps", "9000000000000000000", "--frames", "/proc/film"},
                 "\"/proc/film\": No such file or directory");
 }
 
-TEST_F(Frames, AreNotBegunForADocumentThatIsRefused) {
+TEST_F(Frames, AreNotStartedForADocumentThatIsRefused) {
   put(document_, "300\n");
   EXPECT_EQ(runBatchProgram({document_, "--sweeps", "1", "--frames", film_}).status, 1);
   EXPECT_FALSE(fs::exists(film_));
 }
 
-TEST_F(Frames, EndTheRunWhereOneCannotBeWritten) {
+TEST_F(Frames, EndTheRunIfOneCannotBeWritten) {
   fs::create_directory(film_);
   FrameFolder frames(film_, 9);
   frames.add("0");

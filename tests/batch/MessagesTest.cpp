@@ -16,19 +16,19 @@ TEST(Message, ShowsANameInQuotesOnOneLine) {
   EXPECT_EQ(inQuotes("say \"x\" \\n"), R"("say \"x\" \\n")");
 }
 
-TEST(Message, ShowsUtf8AsItIsAndOtherBytesAsEscapes) {
+TEST(Message, ShowsUtf8UnchangedAndOtherBytesAsEscapes) {
   EXPECT_EQ(inQuotes("Gr\u00fcn \u20ac \U0001F600"), "\"Gr\u00fcn \u20ac \U0001F600\"");
   EXPECT_EQ(inQuotes("\xff\xc3"), R"("\xff\xc3")");
   EXPECT_EQ(inQuotes("\xc2\x9b"), R"("\xc2\x9b")");
   EXPECT_EQ(inQuotes("\xe2\x82"), R"("\xe2\x82")");
 }
 
-TEST(Message, ShowsWhatOnlyLooksLikeUtf8AsEscapes) {
-  EXPECT_EQ(inQuotes("\xe0\x80\x80"), R"("\xe0\x80\x80")");  // longer than needed
+TEST(Message, ShowsInvalidUtf8AsEscapes) {
+  EXPECT_EQ(inQuotes("\xe0\x80\x80"), R"("\xe0\x80\x80")");  // overlong
   EXPECT_EQ(inQuotes("\xf0\x82\x82\xac"), R"("\xf0\x82\x82\xac")");
-  EXPECT_EQ(inQuotes("\xe0\x82\x9b"), R"("\xe0\x82\x9b")");          // a control character, so written
-  EXPECT_EQ(inQuotes("\xed\xa0\x80"), R"("\xed\xa0\x80")");          // half a surrogate pair
-  EXPECT_EQ(inQuotes("\xf4\x90\x80\x80"), R"("\xf4\x90\x80\x80")");  // beyond the last character
+  EXPECT_EQ(inQuotes("\xe0\x82\x9b"), R"("\xe0\x82\x9b")");          // overlong control character
+  EXPECT_EQ(inQuotes("\xed\xa0\x80"), R"("\xed\xa0\x80")");          // surrogate
+  EXPECT_EQ(inQuotes("\xf4\x90\x80\x80"), R"("\xf4\x90\x80\x80")");  // above U+10FFFF
   EXPECT_EQ(inQuotes("\xed\x9f\xbf\xf4\x8f\xbf\xbf"), "\"\xed\x9f\xbf\xf4\x8f\xbf\xbf\"");
 }
 

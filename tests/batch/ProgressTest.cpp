@@ -11,13 +11,13 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using namespace std::chrono_literals;
 
-TEST(ProgressText, SaysTheSweepsThePartAndTheTimeLeft) {
+TEST(ProgressText, ShowsTheSweepsThePercentageAndTheTimeLeft) {
   EXPECT_EQ(progressText(250, 1000, 20s, 79), "sweep 250 of 1000, 25 %, 1 min 0 s left");
   EXPECT_EQ(progressText(0, 1000, 0s, 79), "sweep 0 of 1000, 0 %");
   EXPECT_EQ(progressText(5, 1000, 500ms, 79), "sweep 5 of 1000, 0 %");
 }
 
-TEST(ProgressText, TellsTheTimeInItsTwoLargestUnits) {
+TEST(ProgressText, ShowsTheTimeInItsTwoLargestUnits) {
   for (const auto& [elapsed, left] : {std::pair(45s, "45 s left"),
                                       {200s, "3 min 20 s left"},
                                       {3725s, "1 h 2 min left"},
@@ -36,7 +36,7 @@ TEST(ProgressText, FitsAnyWidth) {
   EXPECT_EQ(progressText(250, 1000, 20s, 19), "25 %");
 }
 
-/// The texts that stood in the line, one after another.
+/// The successive texts of the line.
 std::vector<std::string> linesOf(const std::string& out) {
   const std::string erase = "\r\033[K";
   std::vector<std::string> lines;
@@ -52,7 +52,7 @@ class ProgressOnATerminal : public Runner {
   void SetUp() override {
     if (const auto why = whyNoTerminal(); !why.empty()) GTEST_SKIP() << why;
   }
-  /// What a run shows until it has said the time left, in some lines at least.
+  /// The texts of a run until some lines have shown the time left.
   std::vector<std::string> shown(unsigned short columns, unsigned short columnsBehindFirstLine = 0) const {
     const auto isEnough = [](const std::string& out) {
       constexpr std::size_t lines = 6;
@@ -62,13 +62,13 @@ class ProgressOnATerminal : public Runner {
                                                     populations_, "--every", "12000"},
                                                    {columns, columnsBehindFirstLine, isEnough})
                              .out);
-    // Where it was asked to end it says so, in a line that need not fit.
+    // When it is stopped it prints a line that need not fit.
     if (!lines.empty() && lines.back().find("stopped after") != std::string::npos) lines.pop_back();
     return lines;
   }
 };
 
-TEST_F(ProgressOnATerminal, FitsItsWidthAndSaysTheTimeLeft) {
+TEST_F(ProgressOnATerminal, FitsItsWidthAndShowsTheTimeLeft) {
   for (const unsigned short columns : std::initializer_list<unsigned short>{20, 200}) {
     bool saysTimeLeft = false;
     for (const std::string& line : shown(columns)) {

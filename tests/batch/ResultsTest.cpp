@@ -19,7 +19,7 @@ const std::string kFull = ": No space left on device";
 /// One result that fails, and the others.
 class Results : public Runner {};
 
-TEST_F(Results, AreAllWrittenWhereThePopulationsFail) {
+TEST_F(Results, AreAllWrittenIfThePopulationsFail) {
   expectFailure(
       {document_, "--sweeps", "3", "--populations", "/dev/full", "--output", output_, "--picture", picture_},
       named("/dev/full") + kFull);
@@ -28,7 +28,7 @@ TEST_F(Results, AreAllWrittenWhereThePopulationsFail) {
   EXPECT_EQ(readPng(picture_).width, 8);
 }
 
-TEST_F(Results, AreAllWrittenWhereTheOutputOrThePictureFails) {
+TEST_F(Results, AreAllWrittenIfTheOutputOrThePictureFails) {
   expectFailure({document_, "--sweeps", "3", "--output", "/dev/full", "--picture", picture_},
                 named("/dev/full") + kFull);
   EXPECT_TRUE(fs::exists(picture_));
@@ -37,9 +37,9 @@ TEST_F(Results, AreAllWrittenWhereTheOutputOrThePictureFails) {
   EXPECT_TRUE(fs::exists(output_));
 }
 
-TEST_F(Results, AreAllWrittenWhereAFrameFails) {
+TEST_F(Results, AreAllWrittenIfAFrameFails) {
   const fs::path film = folder_ / "film";
-  // It is there long before its turn comes.
+  // It exists long before the frame is written.
   BatchProcess process(
       {document_, "--sweeps", "2000", "--frames", film, "--output", output_, "--populations", populations_});
   ASSERT_TRUE(waitUntil([&] { return fs::exists(film / "frame-000001.png"); }));
@@ -54,7 +54,7 @@ TEST_F(Results, AreAllWrittenWhereAFrameFails) {
   EXPECT_EQ(rowsOf(contentOf(populations_)).size(), 2001u);
 }
 
-TEST_F(Results, ThatFailAreEachToldInALine) {
+TEST_F(Results, ThatFailAreEachReportedInALine) {
   int ends[2];
   ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
   ::close(ends[0]);
@@ -69,12 +69,12 @@ TEST_F(Results, ThatFailAreEachToldInALine) {
   EXPECT_TRUE(fs::exists(picture_));
 }
 
-TEST_F(Results, EndTheRunWhereNoneIsLeft) {
+TEST_F(Results, EndTheRunIfAllHaveFailed) {
   expectFailure({document_, "--sweeps", "9000000000000000000", "--populations", "/dev/full"},
                 named("/dev/full") + kFull);
 }
 
-TEST_F(Results, OfKilledRunsStayUntilARunToTheSameTargetHasEndedWell) {
+TEST_F(Results, OfKilledRunsStayUntilASuccessfulRunToTheSameTarget) {
   const auto endless = [&] {
     BatchProcess process({document_, "--sweeps", "9000000000000000000", "--populations", populations_});
     const fs::path partial = folder_ / (".out.csv.quorvane-" + std::to_string(process.id()) + ".partial");
@@ -99,7 +99,7 @@ TEST_F(Results, OfTwoRunsDoNotShareAFolderOfFrames) {
                 named(film) + ": gets frames of another run at this moment");
 }
 
-TEST_F(Results, ThatAreWrittenInPlaceAreSaidToBe) {
+TEST_F(Results, ThatAreWrittenInPlaceAreReported) {
   if (::geteuid() != 0) GTEST_SKIP() << "only the superuser may become another user";
   constexpr uid_t person = 12345, other = 23456;
   put(output_, "old");

@@ -24,7 +24,7 @@ using Clock = std::chrono::steady_clock;
 
 const std::string kForever = "9000000000000000000";
 
-/// The table of a run while it grows.
+/// The partial table of a run.
 class Rows : public Runner {
  protected:
   fs::path partialOf(const BatchProcess& process) const {
@@ -37,7 +37,7 @@ class Rows : public Runner {
   }
 };
 
-/// The whole lines of a table.
+/// The complete lines of a table.
 std::string wholeLines(const std::string& csv) { return csv.substr(0, csv.rfind('\n') + 1); }
 
 void expectEachSweepUpTo(long last, const std::vector<std::vector<long>>& rows) {
@@ -49,10 +49,10 @@ void expectEachSweepUpTo(long last, const std::vector<std::vector<long>>& rows) 
   }
 }
 
-TEST_F(Rows, OfTheRunBeforeTheLastTwoSecondsOutliveAKill) {
+TEST_F(Rows, OlderThanTwoSecondsSurviveAKill) {
   put(populations_, "old");
   const fs::path film = folder_ / "film";
-  // A frame is on the disk before the row of its sweep is made.
+  // A frame is on the disk before the row of its sweep is written.
   BatchProcess process({document_, "--sweeps", "900000", "--populations", populations_, "--frames", film});
   const auto lastFrame = [&] {
     return static_cast<long>(std::distance(fs::directory_iterator(film), fs::directory_iterator())) - 2;
@@ -69,7 +69,7 @@ TEST_F(Rows, OfTheRunBeforeTheLastTwoSecondsOutliveAKill) {
   expectEachSweepUpTo(last, rowsOf(csv));
 }
 
-TEST_F(Rows, GrowBesideTheirTargetAndTakeItsPlaceAtTheEndOrAStop) {
+TEST_F(Rows, GrowBesideTheirTargetAndReplaceItAtTheEndOrAStop) {
   put(populations_, "old");
   for (const int signal : {SIGINT, SIGTERM}) {
     BatchProcess process({document_, "--sweeps", kForever, "--every", "100", "--populations", populations_});
@@ -91,7 +91,7 @@ long residentKilobytes(pid_t process) {
   return -1;
 }
 
-TEST_F(Rows, TakeNoMoreMemoryInALongRunThanInAShortOne) {
+TEST_F(Rows, UseNoMoreMemoryInALongRunThanInAShortOne) {
 #ifdef __SANITIZE_ADDRESS__
   GTEST_SKIP() << "the address sanitizer keeps what was freed";
 #endif
@@ -109,8 +109,8 @@ TEST_F(Rows, TakeNoMoreMemoryInALongRunThanInAShortOne) {
   EXPECT_LT(after - before, 2048) << "of " << before << " kB";
 }
 
-TEST_F(Rows, StayAsTheyGrewWhereASecondSignalEndsTheRun) {
-  // Nobody reads from it, so a run that a signal has stopped hangs before it has written its results.
+TEST_F(Rows, StayInTheirPartialFileIfASecondSignalEndsTheRun) {
+  // A pipe without a reader, so the stopped run hangs before it has written its results.
   const fs::path fifo = folder_ / "fifo";
   ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
   BatchProcess process({document_, "--sweeps", kForever, "--populations", populations_, "--output", fifo});
@@ -126,7 +126,7 @@ TEST_F(Rows, StayAsTheyGrewWhereASecondSignalEndsTheRun) {
   expectEachSweepUpTo(5000, rowsOf(csv));
 }
 
-TEST_F(Rows, OfARunThatFailsStayBehindAndAreNamed) {
+TEST_F(Rows, OfARunThatFailsAreKeptAndReported) {
   put(populations_, "old");
   const FileSizeLimit limit(200'000);
   std::signal(SIGXFSZ, SIG_DFL);  // as a shell starts it
@@ -143,7 +143,7 @@ TEST_F(Rows, OfARunThatFailsStayBehindAndAreNamed) {
   expectEachSweepUpTo(5000, rowsOf(csv));
 }
 
-TEST_F(Rows, AreWrittenWhereAnotherResultFails) {
+TEST_F(Rows, AreWrittenIfAnotherResultFails) {
   expectFailure({document_, "--sweeps", "200", "--populations", populations_, "--output", "/dev/full"},
                 "\"/dev/full\": No space left on device");
   EXPECT_THAT(namesIn(folder_.path()), ElementsAre("in.quorvane", "out.csv"));
@@ -156,7 +156,7 @@ TEST_F(Rows, OfTheStartAloneAreNotKept) {
   EXPECT_THAT(namesIn(folder_.path()), ElementsAre("in.quorvane"));
 }
 
-TEST_F(Rows, OfTwoRunsForOneTargetGrowApartAndTheLastOneWinsWhole) {
+TEST_F(Rows, OfTwoRunsForOneTargetGrowSeparatelyAndTheLastOneWins) {
   const std::string longer = "3000", shorter = "1000";
   BatchProcess first({document_, "--sweeps", longer, "--populations", populations_});
   BatchProcess second({document_, "--sweeps", shorter, "--populations", populations_});
@@ -168,7 +168,7 @@ TEST_F(Rows, OfTwoRunsForOneTargetGrowApartAndTheLastOneWinsWhole) {
   expectEachSweepUpTo(1000, rows);
 }
 
-TEST_F(Rows, GoToAPipeAsTheyComeAndOnce) {
+TEST_F(Rows, GoToAPipeAtOnceAndOnlyOnce) {
   const fs::path fifo = folder_ / "fifo";
   ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
   BatchProcess process({document_, "--sweeps", "900000", "--every", "100", "--populations", fifo});
@@ -177,7 +177,7 @@ TEST_F(Rows, GoToAPipeAsTheyComeAndOnce) {
   std::string csv;
   char block[4096];
   for (ssize_t size; (size = ::read(reader, block, sizeof block)) > 0;) {
-    if (csv.empty()) process.signal(SIGINT);  // Long before the end, with rows here already.
+    if (csv.empty()) process.signal(SIGINT);  // Long before the end, after the first rows.
     csv.append(block, static_cast<std::size_t>(size));
   }
   ::close(reader);
@@ -195,7 +195,7 @@ TEST_F(Rows, GoToADeviceItself) {
                 "\"/dev/full\": No space left on device");
 }
 
-TEST_F(Rows, TakeATargetWithTheLongestName) {
+TEST_F(Rows, AcceptATargetWithTheLongestName) {
   const fs::path target = folder_ / std::string(255, 'n');
   EXPECT_EQ(runBatchProgram({document_, "--sweeps", "9", "--populations", target}).status, 0);
   EXPECT_EQ(rowsOf(contentOf(target)).size(), 10u);

@@ -14,7 +14,7 @@ using testing::IsEmpty;
 
 const std::string kForever = "9000000000000000000";
 
-TEST_F(Runner, DoesNotRunWhereNoResultIsAskedFor) {
+TEST_F(Runner, DoesNotRunWithoutARequestedResult) {
   const Finished finished = runBatchProgram({document_, "--sweeps", kForever});
   EXPECT_EQ(finished.status, 2);
   EXPECT_THAT(finished.out, IsEmpty());
@@ -22,7 +22,7 @@ TEST_F(Runner, DoesNotRunWhereNoResultIsAskedFor) {
   EXPECT_THAT(namesIn(folder_.path()), ElementsAre("in.quorvane"));
 }
 
-TEST(RunBatch, KeepsTracesOnlyForPictures) {
+TEST(RunBatch, UpdatesTracesOnlyForPictures) {
   BatchOptions options;
   options.output = "out.quorvane";
   options.populations = "out.csv";
@@ -61,7 +61,7 @@ std::uint64_t fnv1a(const std::string& bytes) {
 }
 
 TEST_F(Runner, GivesTheSameBytesInEveryBuild) {
-  // The growth example takes no exponential, so its bytes do not depend on the mathematics library either.
+  // The growth example uses no exponential, so its bytes do not depend on the mathematics library either.
   ASSERT_EQ(runBatchProgram({kExample, "--sweeps", "50", "--output", output_}).status, 0);
   EXPECT_EQ(fnv1a(contentOf(output_)), 1656142788890484238u);
 }
@@ -103,7 +103,7 @@ TEST_F(Runner, WritesThePopulationsOfTheFirstEveryKthAndTheLastSweep) {
   EXPECT_THAT(sweeps, ElementsAre(0, 4, 8, 10));
 }
 
-TEST_F(Runner, WritesOneRowWhereTheFirstSweepIsTheLast) {
+TEST_F(Runner, WritesTheFirstAndTheLastSweepOnce) {
   ASSERT_EQ(runBatchProgram({document_, "--sweeps", "0", "--populations", populations_}).status, 0);
   EXPECT_EQ(contentOf(populations_), "sweep,\"Empty space\",\"Particle\"\n0,3,3\n");
   ASSERT_EQ(
@@ -111,7 +111,7 @@ TEST_F(Runner, WritesOneRowWhereTheFirstSweepIsTheLast) {
   EXPECT_EQ(rowsOf(contentOf(populations_)).size(), 2u);
 }
 
-TEST_F(Runner, DrawsTheDocumentWithJUpwards) {
+TEST_F(Runner, DrawsTheLatticeWithJUpwards) {
   Lines lines = sampleWith(kSecondType + 7, "1.0000000000");
   for (const auto& [line, value] : {std::pair(3, "1"), {4, "1"}, {5, "0.5"}})
     lines[kFirstType + static_cast<std::size_t>(line)] = value;
@@ -168,9 +168,9 @@ TEST_F(Runner, FailsOnADocumentThatIsCutShortAndNamesTheLine) {
   EXPECT_FALSE(fs::exists(output_));
 }
 
-TEST_F(Runner, FailsBeforeItRunsWhereAnOutputCannotBeWritten) {
+TEST_F(Runner, FailsBeforeItRunsIfAnOutputCannotBeWritten) {
   const std::string missing = (folder_ / "missing/out").string();
-  // So many sweeps would never end.
+  // A run of this many sweeps would never end.
   for (const char* option : {"--output", "--populations", "--picture"})
     expectFailure({document_, "--sweeps", "9000000000000000000", option, missing},
                   named(missing) + ": No such file or directory");
@@ -178,7 +178,7 @@ TEST_F(Runner, FailsBeforeItRunsWhereAnOutputCannotBeWritten) {
                 named(folder_.path()) + ": Is a directory");
 }
 
-TEST_F(Runner, WritesNoOutputAtAllWhereOneOfThemCannotBeWritten) {
+TEST_F(Runner, WritesNoOutputAtAllIfOneOfThemCannotBeWritten) {
   put(populations_, "old");
   const std::string missing = (folder_ / "missing/out").string();
   expectFailure(
@@ -188,7 +188,7 @@ TEST_F(Runner, WritesNoOutputAtAllWhereOneOfThemCannotBeWritten) {
   EXPECT_THAT(namesIn(folder_.path()), ElementsAre("in.quorvane", "out.csv"));
 }
 
-TEST_F(Runner, FailsWhereAnOutputFillsUp) {
+TEST_F(Runner, FailsIfTheDiskOfAnOutputIsFull) {
   expectFailure({document_, "--sweeps", "1", "--output", "/dev/full"},
                 "\"/dev/full\": No space left on device");
 }
@@ -201,7 +201,7 @@ TEST_F(Runner, ShowsItsProgressOnATerminalOnly) {
   EXPECT_THAT(runBatchProgram(arguments).err, IsEmpty());
 }
 
-TEST_F(Runner, TakesALinkToAnotherOutputForTheSameFile) {
+TEST_F(Runner, RecognisesALinkToAnotherOutputAsTheSameFile) {
   put(output_, "kept");
   fs::create_symlink(output_, populations_);
   const Finished finished =

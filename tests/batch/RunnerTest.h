@@ -18,10 +18,10 @@ namespace quorvane {
 inline const std::filesystem::path kExample =
     std::filesystem::path(QUORVANE_EXAMPLES) / "growth-from-a-seed.quorvane";
 
-/// After a first signal; a second one that comes earlier is the same wish.
+/// The time after a first signal from which a second one counts.
 inline constexpr std::chrono::milliseconds kSecondSignalCounts{1100};
 
-/// A folder with the sample document in it.
+/// A folder with the sample document.
 class Runner : public testing::Test {
  protected:
   Runner() { put(document_, joined(sampleLines())); }

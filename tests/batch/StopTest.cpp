@@ -17,10 +17,10 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-/// More sweeps than there is time for, with frames of six digits.
+/// More sweeps than any test can wait for, with six digits for frames.
 const std::string kForever = "900000";
 
-/// A pipe that nobody reads from.
+/// A pipe without a reader.
 class FullPipe {
  public:
   FullPipe() {
@@ -43,10 +43,10 @@ class FullPipe {
   int ends_[2] = {-1, -1};
 };
 
-/// True while a process of one thread waits, which a run does only for a reader.
+/// True while a single-threaded process is blocked, which a run is only when it waits for a reader.
 bool isWaiting(pid_t process) {
   const std::string status = contentOf("/proc/" + std::to_string(process) + "/stat");
-  // The name in parentheses may hold anything.
+  // The name in parentheses may contain anything.
   const auto name = status.rfind(')');
   return name != std::string::npos && status.compare(name, 3, ") S") == 0;
 }
@@ -59,7 +59,7 @@ class Stop : public Runner {
   bool waitForFrame(int number) const {
     return waitUntil([&] { return fs::exists(film_ / ("frame-00000" + std::to_string(number) + ".png")); });
   }
-  /// The sweeps that a stopped run says it made, -1 if it does not say so in one line.
+  /// The number of sweeps that a stopped run reports, -1 if it does not report it in one line.
   static long sweepsSaid(const std::string& err) {
     long sweeps = -1;
     int end = 0;
@@ -83,7 +83,7 @@ TEST_F(Stop, BySignalLeavesTheStateAfterTheLastWholeSweep) {
     ASSERT_TRUE(waitForFrame(3));
     process.signal(signal);
     const Finished finished = process.wait();
-    EXPECT_EQ(finished.status, -signal);  // Ended by it, so that a script's loop ends too.
+    EXPECT_EQ(finished.status, -signal);  // Ended by the signal, so that a loop in a script ends too.
     EXPECT_THAT(finished.out, IsEmpty());
     const long sweeps = sweepsSaid(finished.err);
     ASSERT_GE(sweeps, 60) << finished.err;
@@ -104,7 +104,7 @@ TEST_F(Stop, BySignalLeavesTheStateAfterTheLastWholeSweep) {
 }
 
 TEST_F(Stop, BySignalsThatComeTogetherWritesTheResults) {
-  // As timeout(1) does, which signals the process and then its group.
+  // Like timeout(1), which signals the process and then its group.
   constexpr int rounds = 20;
   for (int round = 0; round < rounds; ++round) {
     fs::remove(output_);
@@ -119,7 +119,7 @@ TEST_F(Stop, BySignalsThatComeTogetherWritesTheResults) {
   }
 }
 
-TEST_F(Stop, ByAClosedTerminalIsOneBySighup) {
+TEST_F(Stop, ByAClosedTerminalEqualsOneBySighup) {
   BatchProcess process(
       {kExample, "--sweeps", kForever, "--every", "20", "--frames", film_, "--output", output_});
   ASSERT_TRUE(waitForFrame(1));
@@ -130,8 +130,8 @@ TEST_F(Stop, ByAClosedTerminalIsOneBySighup) {
   EXPECT_TRUE(fs::exists(output_));
 }
 
-TEST_F(Stop, IsNotAskedForByASignalThatWasIgnoredAtTheStart) {
-  // As nohup does, and a shell for a program in the background.
+TEST_F(Stop, IsNotCausedByASignalThatWasIgnoredAtTheStart) {
+  // As with nohup, and for a background program of a shell.
   for (const int signal : {SIGHUP, SIGINT}) std::signal(signal, SIG_IGN);
   BatchProcess process({kExample, "--sweeps", kForever, "--every", "20", "--frames", film_});
   for (const int signal : {SIGHUP, SIGINT}) std::signal(signal, SIG_DFL);
@@ -154,7 +154,7 @@ TEST_F(Stop, OnceEndsAWaitForAReaderAndTheOtherResultsAreWritten) {
   EXPECT_TRUE(fs::exists(folder_ / "out.png"));
 }
 
-TEST_F(Stop, OnceEndsAWaitForAReaderThatTakesNothing) {
+TEST_F(Stop, OnceEndsAWaitForAReaderThatDoesNotRead) {
   const FullPipe pipe;
   BatchProcess process(
       {document_, "--sweeps", "9000000000000000000", "--populations", "-", "--output", output_}, "",
@@ -172,7 +172,7 @@ TEST_F(Stop, ASecondTimeEndsAtOnceAndWritesNothing) {
   BatchProcess process(
       {document_, "--sweeps", "9000000000000000000", "--populations", "-", "--output", output_}, "",
       pipe.end());
-  // Whoever writes on now hangs.
+  // Further writes block.
   ASSERT_TRUE(waitUntil([&] { return pipe.isFull() && isWaiting(process.id()); }));
   process.signal(SIGINT);
   std::this_thread::sleep_for(kSecondSignalCounts);
@@ -183,11 +183,11 @@ TEST_F(Stop, ASecondTimeEndsAtOnceAndWritesNothing) {
   EXPECT_THAT(namesIn(folder_.path()), ElementsAre("in.quorvane"));
 }
 
-TEST_F(Stop, AtAnyMomentLeavesNoTemporaryAndNoHalfFile) {
+TEST_F(Stop, AtAnyMomentLeavesNoTemporaryAndNoIncompleteFile) {
   constexpr int rounds = 30;
   for (int round = 0; round < rounds; ++round) {
     fs::remove_all(film_);
-    // A frame a sweep, so that most of the time goes by while a file is written.
+    // A frame per sweep, so that a file is being written most of the time.
     BatchProcess process({document_, "--sweeps", kForever, "--frames", film_, "--scale", "32"});
     ASSERT_TRUE(waitForFrame(round % 10));
     process.signal(SIGINT);

@@ -15,7 +15,7 @@ using testing::StartsWith;
 
 class Streams : public Runner {};
 
-TEST_F(Streams, GiveTheDocumentAndTakeIt) {
+TEST_F(Streams, CarryTheDocumentInAndOut) {
   const Finished finished = runBatchProgram({"-", "--sweeps", "0", "--output", "-"}, joined(sampleLines()));
   EXPECT_EQ(finished.status, 0);
   EXPECT_EQ(finished.out, joined(sampleLines()));
@@ -42,7 +42,7 @@ TEST_F(Streams, MayBeMixedWithFiles) {
   EXPECT_TRUE(fs::exists(output_) && fs::exists(picture_));
 }
 
-TEST_F(Streams, ShowRowsWhileTheRunGoesOn) {
+TEST_F(Streams, ShowRowsDuringTheRun) {
   int ends[2];
   ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
   BatchProcess process(
@@ -57,14 +57,14 @@ TEST_F(Streams, ShowRowsWhileTheRunGoesOn) {
     EXPECT_EQ(rows.back(), '\n');
   }
   EXPECT_THAT(rows, StartsWith("sweep,\"Empty space\",\"Particle\"\n0,3,3\n1000,"));
-  // The reader goes away.
+  // The reader closes the pipe.
   ::close(ends[0]);
   const Finished finished = process.wait();
   EXPECT_EQ(finished.status, 1);
   EXPECT_EQ(finished.err, "quorvane-batch: standard output: Broken pipe\n");
 }
 
-TEST_F(Streams, OfADocumentThatIsBadAreNamedWithTheLine) {
+TEST_F(Streams, WithAnInvalidDocumentAreReportedWithTheLine) {
   const auto errorOf = [](const std::string& input) {
     const Finished finished = runBatchProgram({"-", "--sweeps", "1", "--output", "-"}, input);
     EXPECT_EQ(finished.status, 1);
@@ -78,7 +78,7 @@ TEST_F(Streams, OfADocumentThatIsBadAreNamedWithTheLine) {
             "quorvane-batch: standard input: line 4: pixel type of site (0, 0) must be 0 to 1, not \"7\"\n");
 }
 
-TEST_F(Streams, StayEmptyWhereAFileFails) {
+TEST_F(Streams, StayEmptyIfAFileFails) {
   const std::string missing = (folder_ / "missing/out").string();
   expectFailure({document_, "--sweeps", "1", "--output", "-", "--picture", missing},
                 named(missing) + ": No such file or directory");
@@ -111,7 +111,7 @@ TEST_F(Streams, ThatDoNotBlockAreWaitedFor) {
   EXPECT_EQ(rows, runBatchProgram(run).out);
 }
 
-TEST_F(Streams, ThatAreClosedAtTheStartStandForNothing) {
+TEST_F(Streams, ThatAreClosedAtTheStartAreReplacedByDevNull) {
   const std::string pidFile = (folder_ / "pid").string();
   const std::string command = "{ " QUORVANE_BATCH " " + document_ +
                               " --sweeps 9000000000000000000 --populations " + populations_ +
@@ -129,7 +129,7 @@ TEST_F(Streams, ThatAreClosedFailWithTheirReason) {
   const auto run = [&](const std::string& words) {
     return std::system((std::string(QUORVANE_BATCH) + " " + words).c_str());
   };
-  // Nothing of a message gets into the document that takes the place of standard error.
+  // The message must not be written into the document, which could get the descriptor of standard error.
   EXPECT_NE(run(document_ + " --sweeps 1 --output " + output_ + " --picture /dev/full 2>&-"), 0);
   const std::string document = contentOf(output_);
   EXPECT_EQ(runBatchProgram({document_, "--sweeps", "1", "--output", "-"}).out, document);
@@ -147,7 +147,7 @@ TEST_F(Streams, OnATerminalAreNotMixedWithProgress) {
   EXPECT_THAT(runBatchProgramOnTerminal(run).out, testing::Not(testing::HasSubstr("sweep 0 of")));
 }
 
-TEST_F(Streams, AreNotMeantByAFileInTheFolder) {
+TEST_F(Streams, AreNotAFileNamedHyphenInTheFolder) {
   const auto before = fs::current_path();
   fs::current_path(folder_.path());
   EXPECT_EQ(runBatchProgram({document_, "--sweeps", "0", "--output", "./-"}).status, 0);

@@ -27,7 +27,7 @@ class Targets : public Runner {
   }
 };
 
-TEST_F(Targets, OtherThanOutputMustNotBeTheDocumentByWhateverName) {
+TEST_F(Targets, OtherThanOutputMustNotBeTheDocumentUnderAnyName) {
   const std::string link = (folder_ / "link").string(), hard = (folder_ / "hard").string();
   fs::create_symlink(document_, link);
   fs::create_hard_link(document_, hard);
@@ -58,7 +58,7 @@ TEST_F(Targets, AreTheSameThroughTheNamesOfStandardOutput) {
   EXPECT_THAT(contentOf(folder_ / "err"), HasSubstr("is asked for twice"));
 }
 
-TEST_F(Targets, AreTheSameThroughLinksThatLeadNowhereYet) {
+TEST_F(Targets, AreTheSameThroughDanglingLinks) {
   const fs::path first = folder_ / "first", second = folder_ / "second";
   fs::create_symlink("missing", first);
   fs::create_symlink(folder_ / "missing", second);
@@ -74,7 +74,7 @@ TEST_F(Targets, AreTheSameThroughAnotherNameOfTheirFolder) {
                 named(folder_ / "link/new") + ": is asked for twice");
 }
 
-TEST_F(Targets, MustNotBeAmongTheFramesOrInTheWayOfTheirFolder) {
+TEST_F(Targets, MustNotBeNamedLikeAFrameOrLikeTheFolderOfTheFrames) {
   const fs::path film = folder_ / "film";
   expectRefused({"--output", film / "frame-000002.png", "--frames", film},
                 named(film / "frame-000002.png") + ": is asked for twice, it would be one of the frames");
@@ -84,7 +84,7 @@ TEST_F(Targets, MustNotBeAmongTheFramesOrInTheWayOfTheirFolder) {
   EXPECT_THAT(namesIn(folder_.path()), ElementsAre("in.quorvane"));
 }
 
-TEST_F(Targets, MayStandBesideTheFrames) {
+TEST_F(Targets, MayBeInTheFolderOfTheFrames) {
   const fs::path film = folder_ / "film";
   fs::create_directory(film);
   EXPECT_EQ(runBatchProgram({document_, "--sweeps", "1", "--frames", film, "--output", film / "out"}).status,
@@ -92,13 +92,13 @@ TEST_F(Targets, MayStandBesideTheFrames) {
   EXPECT_THAT(namesIn(film), ElementsAre("frame-000000.png", "frame-000001.png", "out"));
 }
 
-TEST_F(Targets, WithANameThatIsTooLongAreToldBeforeTheRun) {
+TEST_F(Targets, WithANameThatIsTooLongAreReportedBeforeTheRun) {
   const fs::path longer = folder_ / std::string(256, 'n');
   for (const char* option : {"--output", "--populations", "--picture", "--frames"})
     expectFailure({document_, "--sweeps", kForever, option, longer}, named(longer) + ": File name too long");
 }
 
-TEST_F(Targets, ThatAreWriteProtectedAreToldBeforeTheRun) {
+TEST_F(Targets, ThatAreWriteProtectedAreReportedBeforeTheRun) {
   put(output_, "old");
   ASSERT_EQ(::chmod(output_.c_str(), 0444), 0);
   expectFailure({document_, "--sweeps", kForever, "--output", output_},
@@ -106,14 +106,14 @@ TEST_F(Targets, ThatAreWriteProtectedAreToldBeforeTheRun) {
   EXPECT_EQ(contentOf(output_), "old");
 }
 
-TEST_F(Targets, ThatCannotBeWrittenAreAllToldBeforeTheRun) {
+TEST_F(Targets, ThatCannotBeWrittenAreAllReportedBeforeTheRun) {
   const fs::path missing = folder_ / "missing/out";
   expectFailure({document_, "--sweeps", kForever, "--output", missing, "--picture", folder_.path()},
                 named(missing) + ": No such file or directory\nquorvane-batch: " + named(folder_.path()) +
                     ": Is a directory");
 }
 
-TEST_F(Targets, ThatAreMountPointsAreToldBeforeTheRun) {
+TEST_F(Targets, ThatAreMountPointsAreReportedBeforeTheRun) {
   put(output_, "old");
   if (::mount(document_.c_str(), output_.c_str(), nullptr, MS_BIND, nullptr) != 0)
     GTEST_SKIP() << "this user may not mount";

@@ -36,7 +36,7 @@ CallFaults::~CallFaults() { faults = nullptr; }
 
 }  // namespace quorvane
 
-// These stand before the C library's.
+// These take precedence over the C library's.
 extern "C" {
 
 using quorvane::faults;

@@ -3,10 +3,10 @@
 #include <string>
 #include <vector>
 
-/// Calls of the system as this program makes them: what they do can be changed, and they are written down.
+/// Intercepts and records system calls of this program.
 namespace quorvane {
 
-/// While it lives, calls of the functions named below are written down, and those that are set fail.
+/// During its lifetime, calls of the functions named below are recorded, and the chosen ones fail.
 class CallFaults {
  public:
   CallFaults();
@@ -14,9 +14,9 @@ class CallFaults {
   CallFaults(const CallFaults&) = delete;
   CallFaults& operator=(const CallFaults&) = delete;
 
-  int writeGives = -1;                                                    ///< 0: every write takes nothing
+  int writeGives = -1;                                                    ///< 0: every write writes nothing
   int fsyncFails = 0, fchmodFails = 0, fchownFails = 0, renameFails = 0;  ///< errno, 0 for none
-  int statFails = 0;                                                      ///< the same, and not written down
+  int statFails = 0;                                                      ///< errno, 0 for none; not recorded
 
   /// "write", "fsync file", "fsync folder", "fchmod", "fchown", "rename", in order.
   std::vector<std::string> calls;

@@ -8,7 +8,7 @@ namespace {
 
 struct NoSuchLine {};
 
-/// Reads a document without any checks, line after line, and stops where a line is missing.
+/// Reads a document without any checks, line by line, and stops at the first missing line.
 class PlainReader {
  public:
   PlainReader(LatticeModel& model, const Lines& lines) : model_(model), lines_(lines) {}
@@ -62,7 +62,7 @@ class PlainReader {
   std::size_t cursor_ = 0;
 };
 
-/// The first lines of the sample. With a line feed behind the last one, an empty line follows it.
+/// The first lines of the sample. With a line feed after the last one, an empty line follows it.
 struct Cut {
   std::size_t numLines;
   bool finalLineFeed;
@@ -85,7 +85,7 @@ TEST_P(CutShort, DocumentIsAppliedUpToItsLastLine) {
   for (std::size_t numLines = 3; numLines < sampleLines().size(); ++numLines) {
     const Cut cut{numLines, GetParam()};
     const Lines lines = cut.lines();
-    if (lines.size() == sampleLines().size()) continue;  // The empty line stands for the last value.
+    if (lines.size() == sampleLines().size()) continue;  // The empty line is read as the last value.
     const bool endsWithNoRules = lines.size() == kNumRulesLine + 1 && lines.back().empty();
 
     restartRandomNumbers();
@@ -116,7 +116,7 @@ TEST_P(CutShort, DocumentIsAppliedUpToItsLastLine) {
 
 INSTANTIATE_TEST_SUITE_P(WithAndWithoutAFinalLineFeed, CutShort, testing::Bool());
 
-TEST(CutShort, EmptyLastLineStandsForTheLastValue) {
+TEST(CutShort, EmptyLastLineIsReadAsTheLastValue) {
   restartRandomNumbers();
   const Cut cut{sampleLines().size() - 1, true};
   const auto expected = freshModel();
@@ -196,7 +196,7 @@ TEST(CutShort, AnotherDocumentCanBeOpenedAfterwards) {
   EXPECT_EQ(model->getNumRules(), 2);
   EXPECT_EQ(readDocument(*model, joined(sampleLines())).status, OpenStatus::kOpened);
   EXPECT_EQ(writeDocument(*model), joined(sampleLines()));
-  // The rows keep what the first document entered.
+  // The rows keep the entries of the first document.
   EXPECT_EQ(model->varAccessibleRulesForSiteIDCount[0], 4);
 }
 

@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-/// The largest document that is legal, with the longest names.
+/// The largest legal document, with the longest names.
 std::string largestDocument() {
   const std::string name(kMaxNameLength, 'n'), real = "-1" + std::string(308, '0') + ".0000000000";
   Lines lines = {"256", "256", "10"};
@@ -54,7 +54,7 @@ TEST(DocumentFile, ThatIsTooLargeIsRefusedBeforeItIsRead) {
   std::ofstream(folder / "large") << joined(sampleLines());
   fs::resize_file(folder / "large", kMaxDocumentBytes + 1);
   EXPECT_EQ(open(folder / "large").reason, "is larger than a document can be (4000000 bytes)");
-  // A terabyte, of which nothing is on the disk.
+  // A sparse file of a terabyte.
   fs::resize_file(folder / "large", std::uintmax_t{1} << 40);
   EXPECT_EQ(open(folder / "large").reason, "is larger than a document can be (4000000 bytes)");
 }
@@ -91,7 +91,7 @@ TEST(DocumentFile, ThatCannotBeReadHasItsOwnReason) {
   EXPECT_EQ(open(folder / "file").reason, "line 3, column 3: a character that is not ASCII");
 }
 
-TEST(DocumentFile, HoldsNamesUpToTheLimitAndNamesTheLineOfALongerOne) {
+TEST(DocumentFile, AcceptsNamesUpToTheLimitAndReportsTheLineOfALongerOne) {
   const std::string longest(kMaxNameLength, 'n');
   EXPECT_EQ(readDocument(*freshModel(), joined(sampleWith(kFirstType, longest))).status, OpenStatus::kOpened);
   const OpenResult type = readDocument(*freshModel(), joined(sampleWith(kFirstType, longest + "n")));
@@ -112,7 +112,7 @@ TEST(DocumentFile, IsNotSavedWithANameThatCouldNotBeOpenedAgain) {
   EXPECT_FALSE(fs::exists(folder / "file"));
 }
 
-TEST(DocumentFile, IsNotSavedToAPipeThatNobodyReads) {
+TEST(DocumentFile, IsNotSavedToAPipeWithoutAReader) {
   const TemporaryFolder folder;
   ASSERT_EQ(::mkfifo((folder / "fifo").c_str(), 0600), 0);
   const SaveResult result = saveDocument(*freshModel(), folder / "fifo");

@@ -10,8 +10,8 @@
 namespace quorvane {
 namespace {
 
-/// A model as a fresh start has it, always in the same place: to get six megabytes from the system and to
-/// fill them takes longer than to read most documents.
+/// A freshly started model, reused: allocating and filling six megabytes takes longer than reading most
+/// documents.
 class FreshModel {
  public:
   LatticeModel& get() {
@@ -20,14 +20,14 @@ class FreshModel {
     model_->awakeFromNib();
     return *model_;
   }
-  /// Has to be called once the model is another than it was.
+  /// To be called after the model has changed.
   void used() { model_.reset(); }
 
  private:
   std::optional<LatticeModel> model_;
 };
 
-/// Reals beyond the range of a double are saved as a word that reads as 0.
+/// Infinities are saved as a word that reads as 0.
 bool holdsInfinity(const std::string& text) {
   return text.find("\ninf\n") != std::string::npos || text.find("\n-inf\n") != std::string::npos;
 }
@@ -83,7 +83,7 @@ std::string checkResult(const OpenResult& result, const OpenResult& inspected) {
   return same ? "" : "the panel would say something else: " + inspected.message;
 }
 
-/// True if nobody has drawn since then.
+/// True if nothing has been drawn since then.
 bool nothingDrawnSince(RandomSource then) {
   RandomSource now = processRandomSource;
   return then.next() == now.next();

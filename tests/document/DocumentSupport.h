@@ -16,13 +16,13 @@ namespace quorvane {
 
 using Lines = std::vector<std::string>;
 
-/// A model as a fresh start has it.
+/// A model after a fresh start.
 std::unique_ptr<LatticeModel> freshModel();
 
-/// Lets the next draw be the first of the process.
+/// Resets the random source, so that the next draw is the first of a process.
 void restartRandomNumbers();
 
-/// A document of 2 by 3 sites, 2 pixel types and 5 rules with a different value in nearly every field.
+/// A document of 2 by 3 sites, 2 pixel types and 5 rules, with a different value in nearly every field.
 /// Indices of lines count from 0.
 const Lines& sampleLines();
 inline constexpr std::size_t kFirstSite = 3, kFirstType = 9, kSecondType = 18, kNumRulesLine = 27,
@@ -65,7 +65,7 @@ class GermanLocale {
   GermanLocale(const GermanLocale&) = delete;
   GermanLocale& operator=(const GermanLocale&) = delete;
 
-  /// False where the system does not have the locale.
+  /// False if the system does not have the locale.
   bool installed() const { return installed_; }
 
  private:

@@ -13,7 +13,7 @@ using testing::HasSubstr;
 
 std::string page() { return contentOf(QUORVANE_EXAMPLE_PAGE); }
 
-/// The page's parts from one heading to the next; the first stands before all headings.
+/// The sections of the page; the first is the text before all headings.
 std::vector<std::string> sections() {
   std::vector<std::string> parts(1);
   std::istringstream lines(page());
@@ -42,7 +42,7 @@ std::vector<std::string> listedIn(const std::string& section) {
   return listed;
 }
 
-/// With the decimals that a document has, less the zeros at the end.
+/// With the decimals of a document, without trailing zeros.
 std::string number(double value) {
   std::ostringstream out;
   out << std::fixed;
@@ -77,8 +77,7 @@ std::string endText(const LatticeModel& model, int end) {
   return end == kAnyPixelType ? "any type" : model.getPixelName(end);
 }
 
-/// The rule as a row of the page's table, under the given name and with the given number of neighbours
-/// needed.
+/// The rule as a row of the page's table, with the given name and number of neighbours needed.
 std::string ruleRow(const LatticeModel& model, int r, const std::string& name, const std::string& needed) {
   constexpr const char* kinds[] = {"irreversible flip", "reversible flip", "swap", "pair energy"};
   const std::string ends =
@@ -89,7 +88,7 @@ std::string ruleRow(const LatticeModel& model, int r, const std::string& name, c
          number(model.getRuleParam(r)) + " |" + needs;
 }
 
-/// True if eight rules from here on differ only in their number, 1 to 8, and need as many neighbours.
+/// True if eight rules from here on differ only in their number, 1 to 8, and need that many neighbours.
 bool isForEachNeighbour(const LatticeModel& model, int r, const std::string& name) {
   if (r + kNumDirections > model.getNumRules()) return false;
   for (int k = 1; k <= kNumDirections; ++k) {
@@ -117,14 +116,14 @@ std::vector<std::string> expectedList(const LatticeModel& model) {
 
 class ExamplePage : public testing::TestWithParam<std::string> {};
 
-TEST_P(ExamplePage, TellsWhatToKnow) {
+TEST_P(ExamplePage, HasAllItsParts) {
   const std::string section = sectionOf(GetParam());
   ASSERT_FALSE(section.empty()) << "no section";
   for (const char* part : {"What it is", "In words", "Look for", "Change", "From"})
     EXPECT_THAT(section, HasSubstr("\n**" + std::string(part) + ".** "));
 }
 
-TEST_P(ExamplePage, ListsTheTypesAndRulesAsTheyStandInTheDocument) {
+TEST_P(ExamplePage, ListsTheTypesAndRulesOfTheDocument) {
   EXPECT_EQ(listedIn(sectionOf(GetParam())), expectedList(*openedExample(exampleFile(GetParam()))));
 }
 

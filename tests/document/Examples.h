@@ -28,7 +28,7 @@ inline std::unique_ptr<LatticeModel> openedExample(const std::filesystem::path& 
   return model;
 }
 
-/// What a parameterised test over the examples is called.
+/// The name of a parameterised test for an example.
 inline std::string exampleTestName(const testing::TestParamInfo<std::string>& info) {
   std::string name;
   for (const char c : info.param)

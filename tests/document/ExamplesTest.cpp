@@ -15,9 +15,11 @@ class Example : public testing::TestWithParam<std::string> {
   fs::path file() const { return exampleFile(GetParam()); }
 };
 
-TEST_P(Example, SavesAsItWasOpened) { EXPECT_EQ(writeDocument(*openedExample(file())), contentOf(file())); }
+TEST_P(Example, IsSavedWithTheBytesThatWereOpened) {
+  EXPECT_EQ(writeDocument(*openedExample(file())), contentOf(file()));
+}
 
-TEST_P(Example, RunsSavesAndOpensAgainAsTheSame) {
+TEST_P(Example, OpensAsTheSameSystemAfterARunAndASave) {
   const TemporaryFolder folder;
   const auto model = openedExample(file());
   constexpr int sweeps = 20;
@@ -43,7 +45,7 @@ TEST_P(Example, HasReadableNames) {
 
 INSTANTIATE_TEST_SUITE_P(Examples, Example, testing::ValuesIn(exampleNames()), exampleTestName);
 
-TEST(Examples, AreWhatTheirProgramMakes) {
+TEST(Examples, EqualTheOutputOfMakeExamples) {
   const TemporaryFolder folder;
   const std::string command = std::string(QUORVANE_MAKE_EXAMPLES) + " '" + folder.path().string() + "'";
   ASSERT_EQ(std::system(command.c_str()), 0);

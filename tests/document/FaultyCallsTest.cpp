@@ -27,14 +27,14 @@ class FaultyCalls : public testing::Test {
   const fs::path file_ = folder_ / "file";
 };
 
-TEST_F(FaultyCalls, SaveIsSynchronisedBeforeItTakesItsPlaceAndItsFolderAfterwards) {
+TEST_F(FaultyCalls, SaveIsSynchronisedBeforeTheRenameAndItsFolderAfterwards) {
   ASSERT_EQ(::chmod(file_.c_str(), 0644), 0);
   CallFaults faults;
   EXPECT_FALSE(save().error);
   EXPECT_THAT(faults.calls, ElementsAre("write", "fchmod", "fsync file", "rename", "fsync folder"));
 }
 
-TEST_F(FaultyCalls, FileSystemThatDoesNotSynchroniseOrHaveModesIsNoFailure) {
+TEST_F(FaultyCalls, SaveSucceedsOnAFileSystemWithoutFsyncOrModes) {
   for (const int error : {EPERM, EINVAL, ENOTSUP}) {
     ASSERT_EQ(::chmod(file_.c_str(), 0644), 0);
     CallFaults faults;
@@ -53,7 +53,7 @@ TEST_F(FaultyCalls, FailureToSynchroniseTheContentLeavesTheOldFile) {
   expectOnlyTheFile();
 }
 
-TEST_F(FaultyCalls, FailureToTakeThePlaceLeavesTheOldFile) {
+TEST_F(FaultyCalls, FailureToRenameLeavesTheOldFile) {
   CallFaults faults;
   faults.renameFails = EACCES;
   EXPECT_EQ(save().error, std::errc::permission_denied);
@@ -71,7 +71,7 @@ TEST_F(FaultyCalls, LinkThatTheSystemDoesNotFollowIsNotFollowedHereEither) {
   EXPECT_THAT(namesIn(folder_.path()), ElementsAre("file", "link"));
 }
 
-TEST_F(FaultyCalls, WriteThatTakesNothingFailsInsteadOfGoingOnForEver) {
+TEST_F(FaultyCalls, WriteThatWritesNothingFailsInsteadOfLooping) {
   CallFaults faults;
   faults.writeGives = 0;
   EXPECT_EQ(save().error, std::errc::io_error);

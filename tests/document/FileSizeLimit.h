@@ -6,7 +6,7 @@
 
 namespace quorvane {
 
-/// Files may not grow beyond some bytes while it lives.
+/// Limits the size of files during its lifetime.
 class FileSizeLimit {
  public:
   explicit FileSizeLimit(rlim_t bytes) {

@@ -22,7 +22,7 @@ std::string partialOf(const std::string& name, const std::string& more = "") {
   return "." + name + ".quorvane-" + std::to_string(::getpid()) + more + ".partial";
 }
 
-TEST(GrowingFile, ShowsWhatWasAppendedInAFileNamedAfterTheTargetUntilItIsFinished) {
+TEST(GrowingFile, IsAFileNamedAfterTheTargetUntilItIsFinished) {
   const TemporaryFolder folder;
   put(folder / "counts.csv", "old");
   GrowingFile file;
@@ -36,7 +36,7 @@ TEST(GrowingFile, ShowsWhatWasAppendedInAFileNamedAfterTheTargetUntilItIsFinishe
   EXPECT_EQ(contentOf(folder / "counts.csv"), "1\n2\n");
 }
 
-TEST(GrowingFile, GoesUnlessItIsKept) {
+TEST(GrowingFile, IsRemovedUnlessItIsKept) {
   const TemporaryFolder folder;
   for (const bool kept : {false, true}) {
     GrowingFile file;
@@ -50,7 +50,7 @@ TEST(GrowingFile, GoesUnlessItIsKept) {
   EXPECT_EQ(contentOf(folder / partialOf("file")), "row\n");
 }
 
-TEST(GrowingFile, LeavesOneOfTheSameNameAlone) {
+TEST(GrowingFile, DoesNotReplaceAFileOfTheSameName) {
   const TemporaryFolder folder;
   put(folder / partialOf("file"), "of a run that was killed");
   GrowingFile first, second;
@@ -79,7 +79,7 @@ TEST(GrowingFile, IsAsPrivateAsTheTargetFromTheStart) {
   EXPECT_EQ(permissionsOf(folder / "file"), 0640);
 }
 
-TEST(GrowingFile, StandsBesideWhatALinkPointsTo) {
+TEST(GrowingFile, IsBesideTheTargetOfALink) {
   const TemporaryFolder folder;
   fs::create_directory(folder / "elsewhere");
   fs::create_symlink("elsewhere/file", folder / "link");
@@ -132,7 +132,7 @@ TEST(GrowingFile, TakesAPathAsLongAsTheSystemDoes) {
   EXPECT_EQ(namesIn(deep).size(), 1u);
 }
 
-TEST(GrowingFile, HoldsNothingOfATextThatTheDiskRefuses) {
+TEST(GrowingFile, HoldsNoPartOfATextThatTheDiskRefuses) {
   const TemporaryFolder folder;
   GrowingFile file;
   ASSERT_FALSE(file.open(folder / "file"));
@@ -147,7 +147,7 @@ TEST(GrowingFile, HoldsNothingOfATextThatTheDiskRefuses) {
   EXPECT_EQ(contentOf(folder / "file"), "a row\nanother\n");
 }
 
-TEST(GrowingFile, StaysWhereTheTargetHasBecomeAFolder) {
+TEST(GrowingFile, StaysIfTheTargetHasBecomeAFolder) {
   const TemporaryFolder folder;
   GrowingFile file;
   ASSERT_FALSE(file.open(folder / "file"));
@@ -157,7 +157,7 @@ TEST(GrowingFile, StaysWhereTheTargetHasBecomeAFolder) {
   EXPECT_EQ(contentOf(file.partial()), "row\n");
 }
 
-TEST(GrowingFile, IsNoneForADevice) {
+TEST(GrowingFile, IsNotUsedForADevice) {
   GrowingFile null, full;
   ASSERT_FALSE(null.open("/dev/null"));
   EXPECT_TRUE(null.partial().empty());

@@ -7,7 +7,7 @@
 namespace quorvane {
 namespace {
 
-TEST(Inspection, GivesWhatStandsInADocument) {
+TEST(Inspection, ReturnsTheContentOfADocument) {
   const auto model = freshModel();
   const auto [result, document] = inspectDocument(*model, joined(sampleLines()));
   EXPECT_EQ(result.status, OpenStatus::kOpened);
@@ -35,7 +35,7 @@ TEST(Inspection, LeavesTheModelAndTheDrawsAsTheyAre) {
   EXPECT_EQ(fRandReal(), first);
 }
 
-TEST(Inspection, AnswersAsOpeningWould) {
+TEST(Inspection, GivesTheResultOfOpening) {
   Lines fewer = sampleLines();
   fewer.resize(kFirstRule + 4);
   const std::string texts[] = {joined(sampleWith(0, "300")),

@@ -5,7 +5,7 @@
 namespace quorvane {
 namespace {
 
-/// A line of the sample, counted from 0, that is set to something outside the limits.
+/// A line of the sample, counted from 0, and a value for it outside the limits.
 struct Violation {
   std::size_t line;
   const char* text;
@@ -25,7 +25,7 @@ void expectRefused(const std::string& text, std::size_t line, const std::string&
 
 class Limit : public testing::TestWithParam<Violation> {};
 
-TEST_P(Limit, IsNamedWithItsLineAndNothingChanges) {
+TEST_P(Limit, ViolationIsReportedWithItsLineAndChangesNothing) {
   const auto& [line, text, why] = GetParam();
   expectRefused(joined(sampleWith(line, text)), line, why);
 }
@@ -58,7 +58,7 @@ INSTANTIATE_TEST_SUITE_P(
         Violation{kFirstRule + 36 + 8, "2", "facilitation type of rule 4 must be -1 to 1, not \"2\""},
         Violation{kFirstRule + 36 + 8, "-2", "facilitation type of rule 4 must be -1 to 1, not \"-2\""}));
 
-TEST(Limits, FirstViolationIsTheOneNamed) {
+TEST(Limits, FirstViolationIsReported) {
   Lines lines = sampleWith(kFirstRule + 4, "9");
   lines[kFirstSite] = "9";
   expectRefused(joined(lines), kFirstSite, "pixel type of site (0, 0) must be 0 to 1, not \"9\"");
@@ -74,7 +74,7 @@ Lines withRules(int numRules, const char* type, const char* endA, const char* en
 }
 constexpr std::size_t kFirstRuleOfOneSite = 14;
 
-TEST(Limits, ThemselvesAreInside) {
+TEST(Limits, LargestSystemIsAccepted) {
   const auto model = freshModel();
   EXPECT_EQ(readDocument(*model, joined(withRules(50, "0", "0", "0"))).status, OpenStatus::kOpened);
   EXPECT_EQ(model->getNumRules(), 50);
@@ -88,7 +88,7 @@ TEST(Limits, ThemselvesAreInside) {
   EXPECT_EQ(largest->getSiteValue(255, 255), 9);
 }
 
-TEST(Limits, ReversibleFlipsMayFillARowTwiceAsFast) {
+TEST(Limits, ReversibleFlipsMayTakeTwoEntriesOfARow) {
   const auto model = freshModel();
   EXPECT_EQ(readDocument(*model, joined(withRules(25, "1", "-1", "0"))).status, OpenStatus::kOpened);
   EXPECT_EQ(model->varAccessibleRulesForSiteIDCount[0], kMaxRules);
@@ -98,7 +98,7 @@ TEST(Limits, ReversibleFlipsMayFillARowTwiceAsFast) {
       "each of its ends");
 }
 
-TEST(Limits, InteractionsAndUnknownTypesNeedNoPlaceInARow) {
+TEST(Limits, InteractionsAndUnknownTypesTakeNoEntryOfARow) {
   for (const char* type : {"3", "4", "-1"}) {
     const auto model = freshModel();
     EXPECT_EQ(readDocument(*model, joined(withRules(50, type, "-1", "-1"))).status, OpenStatus::kOpened);
@@ -106,7 +106,7 @@ TEST(Limits, InteractionsAndUnknownTypesNeedNoPlaceInARow) {
   }
 }
 
-TEST(Limits, RowsCountWhatAnEarlierDocumentLeftInThem) {
+TEST(Limits, RowsIncludeTheEntriesOfAnEarlierDocument) {
   const auto model = freshModel();
   Lines cut = withRules(30, "2", "0", "-1");
   cut.pop_back();
@@ -122,7 +122,7 @@ TEST(Limits, RowsCountWhatAnEarlierDocumentLeftInThem) {
   EXPECT_EQ(model->getNumRules(), 21);
 }
 
-TEST(Limits, RuleThatIsCutOffNeedsNoPlace) {
+TEST(Limits, IncompleteRuleTakesNoEntryOfARow) {
   Lines lines = withRules(26, "1", "-1", "0");
   lines.pop_back();
   std::string text = joined(lines);

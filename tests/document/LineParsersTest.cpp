@@ -52,7 +52,7 @@ TEST(WholeLine, GivesTheLow32BitsOfALongerNumber) {
   EXPECT_EQ(fileReadINTFromLine("-4294967298"), -2);
 }
 
-TEST(WholeLine, BeyondSixtyFourBitsCountsAsTheNearestNumber) {
+TEST(WholeLine, BeyondSixtyFourBitsIsClampedToTheNearestNumber) {
   EXPECT_EQ(fileReadINTFromLine("9223372036854775807"), -1);
   EXPECT_EQ(fileReadINTFromLine("9223372036854775808"), -1);
   EXPECT_EQ(fileReadINTFromLine("18446744073709551618"), -1);
@@ -89,7 +89,7 @@ TEST(RealLine, WithoutANumberIsZero) {
     EXPECT_EQ(fileReadDBLFromLine(line), 0.0) << '"' << line << '"';
 }
 
-TEST(RealLine, KnowsNoHexadecimalDigits) {
+TEST(RealLine, ReadsNoHexadecimalDigits) {
   EXPECT_EQ(fileReadDBLFromLine("0x1p4"), 0.0);
   EXPECT_EQ(fileReadDBLFromLine("0x1F"), 0.0);
 }

@@ -102,7 +102,7 @@ TEST_P(Mutations, OfADocumentNeverBreakTheReaderOrTheModel) {
 
 INSTANTIATE_TEST_SUITE_P(Seeded, Mutations, testing::Range(1u, 5u));
 
-TEST(Mutations, ReachEveryOutcome) {
+TEST(Mutations, ReachEveryOpenStatus) {
   Random random(1);
   int outcomes[4] = {};
   for (int k = 0; k < 2000; ++k)

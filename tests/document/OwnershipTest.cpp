@@ -39,7 +39,7 @@ class Ownership : public testing::Test {
   const fs::path file_ = folder_ / "file";
 };
 
-/// What a process of another user, in a group, gets from a function: its result, or -1.
+/// The result of a function in a process of another user, in a group; -1 if it fails.
 template <typename Function>
 int asUser(uid_t user, gid_t group, const Function& function) {
   const pid_t child = ::fork();
@@ -51,7 +51,7 @@ int asUser(uid_t user, gid_t group, const Function& function) {
   return ::waitpid(child, &status, 0) == child && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-TEST_F(Ownership, OfAWriteProtectedFileKeepsItAsItIsAlsoForTheSuperuser) {
+TEST_F(Ownership, OfAWriteProtectedFileIsNotChangedEvenByTheSuperuser) {
   ASSERT_EQ(::chmod(file_.c_str(), 0444), 0);
   EXPECT_EQ(checkFileCanBeWritten(file_), std::errc::permission_denied);
   const Written written = writeFileAtomically(file_, "new");
@@ -61,7 +61,7 @@ TEST_F(Ownership, OfAWriteProtectedFileKeepsItAsItIsAlsoForTheSuperuser) {
   EXPECT_THAT(namesIn(folder_.path()), ElementsAre("file"));
 }
 
-TEST_F(Ownership, AndPermissionsOfAPersonsFileStayWhereTheSuperuserSaves) {
+TEST_F(Ownership, AndPermissionsOfAUsersFileStayWhenTheSuperuserSaves) {
   if (::geteuid() != 0) GTEST_SKIP() << "only the superuser may give files to others";
   giveTo(kPerson, 0600);
   const Written written = writeFileAtomically(file_, "new");
@@ -74,7 +74,7 @@ TEST_F(Ownership, AndPermissionsOfAPersonsFileStayWhereTheSuperuserSaves) {
   EXPECT_EQ(contentOf(file_), "new");
 }
 
-TEST_F(Ownership, ThatCannotBeGivenIsKeptByWritingInPlace) {
+TEST_F(Ownership, ThatCannotBeSetIsKeptByWritingInPlace) {
   if (::geteuid() != 0) GTEST_SKIP() << "only the superuser may become another user";
   giveTo(kPerson, 0660);
   ASSERT_EQ(::chown(folder_.path().c_str(), kOther, kGroup), 0);
@@ -99,7 +99,7 @@ TEST_F(Ownership, OfALinkInASharedFolderIsRespectedAsTheSystemDoes) {
   std::ifstream protectedLinks("/proc/sys/fs/protected_symlinks");
   int isOn = 0;
   if (!(protectedLinks >> isOn) || isOn == 0) GTEST_SKIP() << "this system does not protect links";
-  // As in /tmp: somebody puts a link where another user is going to write.
+  // As in /tmp: somebody creates a link where another user is going to write.
   const fs::path shared = folder_ / "shared", victim = folder_ / "victim";
   fs::create_directory(shared);
   ASSERT_EQ(::chmod(folder_.path().c_str(), 0777), 0);
@@ -115,7 +115,7 @@ TEST_F(Ownership, OfALinkInASharedFolderIsRespectedAsTheSystemDoes) {
   EXPECT_FALSE(fs::exists(victim));
 }
 
-TEST_F(Ownership, OfTheGrowingFileIsPrivateUntilItIsWhole) {
+TEST_F(Ownership, OfTheGrowingFileIsPrivateUntilItIsComplete) {
   const mode_t umaskBefore = ::umask(0022);
   GrowingFile file;
   ASSERT_FALSE(file.open(folder_ / "new"));

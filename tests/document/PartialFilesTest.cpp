@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::UnorderedElementsAre;
 
-/// The number of a process that has been.
+/// The id of a process that has ended.
 pid_t goneProcess() {
   const pid_t child = ::fork();
   if (child == 0) ::_exit(0);
@@ -28,7 +28,7 @@ std::string partialOf(const std::string& name, pid_t process, const std::string&
   return "." + name + ".quorvane-" + std::to_string(process) + more + ".partial";
 }
 
-TEST(PartialFiles, OfProcessesThatAreGoneAreSweptForTheirTargetOnly) {
+TEST(PartialFiles, OfDeadProcessesAreRemovedForTheirTargetOnly) {
   const TemporaryFolder folder;
   const pid_t gone = goneProcess();
   const std::vector<std::string> others = {partialOf("other", gone), partialOf("file", ::getppid()),
@@ -39,7 +39,7 @@ TEST(PartialFiles, OfProcessesThatAreGoneAreSweptForTheirTargetOnly) {
   EXPECT_THAT(namesIn(folder.path()), testing::UnorderedElementsAreArray(others));
 }
 
-TEST(PartialFiles, OfThisProcessAreSweptUnlessTheyAreBeingWritten) {
+TEST(PartialFiles, OfThisProcessAreRemovedUnlessTheyAreBeingWritten) {
   const TemporaryFolder folder;
   put(folder / partialOf("file", ::getpid()), "of another container");
   GrowingFile file;
@@ -48,7 +48,7 @@ TEST(PartialFiles, OfThisProcessAreSweptUnlessTheyAreBeingWritten) {
   EXPECT_THAT(namesIn(folder.path()), ElementsAre(partialOf("file", ::getpid(), "-1")));
 }
 
-TEST(PartialFiles, AreSweptByTheNextSaveOfTheDocument) {
+TEST(PartialFiles, AreRemovedByTheNextSaveOfTheDocument) {
   const TemporaryFolder folder;
   put(folder / partialOf("system.quorvane", goneProcess()), "half");
   EXPECT_FALSE(saveDocument(*freshModel(), folder / "missing/system.quorvane").saved);

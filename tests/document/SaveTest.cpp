@@ -58,7 +58,7 @@ TEST(Save, FailsOnARuleNameOutsideAscii) {
   EXPECT_THAT(namesIn(folder.path()), IsEmpty());
 }
 
-TEST(Save, TakesEveryAsciiCharacterInAName) {
+TEST(Save, AcceptsEveryAsciiCharacterInAName) {
   const TemporaryFolder folder;
   const auto model = sampleModel();
   std::string name;
@@ -84,7 +84,7 @@ TEST(Save, FailsWhereTheFileCannotBeWritten) {
   EXPECT_THAT(namesIn(folder.path()), ElementsAre("file"));
 }
 
-TEST(Save, GoesOnWhileTheModelRuns) {
+TEST(Save, WorksWhileTheModelRuns) {
   using Clock = std::chrono::steady_clock;
   const TemporaryFolder folder;
   const auto model = freshModel();

@@ -4,7 +4,7 @@
 
 #include "DocumentSupport.h"
 
-// These are run under the thread sanitizer as well, which must report nothing.
+// Also run under the thread sanitizer, which must report nothing.
 namespace quorvane {
 namespace {
 
@@ -22,7 +22,7 @@ class SharedUseOfDocuments : public testing::Test {
   const std::unique_ptr<LatticeModel> model_ = freshModel();
 };
 
-TEST_F(SharedUseOfDocuments, ASaveDuringARunIsADocument) {
+TEST_F(SharedUseOfDocuments, SavingDuringARunGivesAValidDocument) {
   ASSERT_EQ(readDocument(*model_, example("phase-separation")).status, OpenStatus::kOpened);
   model_->runLatticeModelInBackground();
   const auto other = freshModel();
@@ -33,8 +33,8 @@ TEST_F(SharedUseOfDocuments, ASaveDuringARunIsADocument) {
   }
 }
 
-// The window opens no document during a run. Where it happens all the same, the last attempt of the sweep
-// that is cut short may still write a site, and nothing else.
+// The window opens no document during a run. If another caller does, the last attempt of the interrupted
+// sweep may still write a site, and nothing else.
 TEST_F(SharedUseOfDocuments, OpeningDuringARunStopsItAndKeepsTheModelWhole) {
   for (int round = 0; round < 10; ++round) {
     const auto model = freshModel();

@@ -103,7 +103,7 @@ TEST(Writer, RoundsRealsToTenDecimals) {
   EXPECT_EQ(written(-0.0), "-0.0000000000");
 }
 
-TEST(Writer, WritesEveryRealAsTheCLibraryWould) {
+TEST(Writer, WritesEveryRealAsTheCLibraryDoes) {
   const auto model = oneSite();
   const auto expectSame = [&](double value) {
     model->setPixelField(0, value);

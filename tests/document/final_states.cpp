@@ -1,5 +1,4 @@
-// Prints a hash of each document as it is after some sweeps from a fresh start: final_states SWEEPS
-// DOCUMENT...
+// Prints a hash of each document after some sweeps from a fresh start: final_states SWEEPS DOCUMENT...
 #include <cinttypes>
 #include <cstdint>
 #include <cstdio>

@@ -24,7 +24,7 @@ class EngineTest : public testing::Test {
       for (int j = 0; j < system.jmax; ++j) lattice[i][j] = type;
   }
 
-  /// Gives the first sites of the eight around (i, j), in direction order, a type.
+  /// Sets the first neighbours of (i, j), in direction order, to a type.
   void surround(int i, int j, int count, int type) {
     for (int dir = 1; dir <= count; ++dir)
       lattice[fn_pbc(fn_neighbi(i, dir), system.imax)][fn_pbc(fn_neighbj(j, dir), system.jmax)] = type;

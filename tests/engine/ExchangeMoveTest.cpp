@@ -25,7 +25,7 @@ class ExchangeMove : public EngineTest {
     return fSiteNNEnergyLM(i, j, system.imax, system.jmax, system.lattice, system.J, -1);
   }
 
-  /// Puts a single site of type 1 back to the middle.
+  /// Moves the single site of type 1 back to the middle.
   void putBack() {
     fill(0);
     lattice[2][2] = 1;
@@ -34,7 +34,7 @@ class ExchangeMove : public EngineTest {
   bool stayed() const { return system.lattice[2][2] == 1 && sitesOfType(1) == 1; }
 };
 
-TEST_F(ExchangeMove, DrawsTheAcceptanceAndThenTheDirection) {
+TEST_F(ExchangeMove, DrawsForTheAcceptanceAndThenTheDirection) {
   int seen[9] = {};
   for (int k = 0; k < 500; ++k) {
     putBack();
@@ -85,7 +85,7 @@ TEST_F(ExchangeMove, IsMadeWithANeighbourOfTheTargetType) {
   EXPECT_EQ(sitesOfType(1), 1);
 }
 
-TEST_F(ExchangeMove, TheTargetIsTheNeighboursTypeAndNotTheSites) {
+TEST_F(ExchangeMove, ComparesTheTargetWithTheNeighboursTypeAndNotTheSites) {
   move(2, 2, 1);
   EXPECT_TRUE(stayed());
 }
@@ -98,7 +98,7 @@ TEST_F(ExchangeMove, WithANeighbourOfTheSameTypeChangesNothing) {
 }
 
 TEST_F(ExchangeMove, IsAcceptedWithTheExponentialOfTheEnergyChange) {
-  // The site leaves a second one of its type behind it, which costs half their pair energy of -2.
+  // The site leaves a neighbour of its type, whose pair energy of -2 counts half.
   int made = 0, refused = 0;
   while (made < 50 || refused < 50) {
     putBack();
@@ -116,7 +116,7 @@ TEST_F(ExchangeMove, IsAcceptedWithTheExponentialOfTheEnergyChange) {
 }
 
 TEST_F(ExchangeMove, CountsTheEnergiesOfBothSites) {
-  // The neighbour of type 2 comes away from another of type 2, while the site itself has no energy at all.
+  // The neighbour of type 2 leaves another of type 2, while the site itself has no energy.
   int made = 0, refused = 0;
   while (made < 50 || refused < 50) {
     putBack();
@@ -133,7 +133,7 @@ TEST_F(ExchangeMove, CountsTheEnergiesOfBothSites) {
   }
 }
 
-TEST_F(ExchangeMove, WeighsTheLatticeAsItWouldBeInEveryDirectionAndOnNarrowLattices) {
+TEST_F(ExchangeMove, UsesTheEnergiesAfterTheExchangeInEveryDirectionAndOnNarrowLattices) {
   for (int a = 0; a < 4; ++a)
     for (int b = 0; b < 4; ++b) system.J[a][b] = 2.0 * fRandReal() - 1.0;
   constexpr std::pair<int, int> sizes[] = {{5, 5}, {3, 3}, {2, 5}, {5, 2}, {2, 2},
@@ -180,7 +180,7 @@ TEST_F(ExchangeMove, ThatLowersTheEnergyIsAlwaysMade) {
   }
 }
 
-TEST_F(ExchangeMove, OfAnAcceptanceOfZeroIsRefusedAlsoByADrawOfZero) {
+TEST_F(ExchangeMove, WithAnAcceptanceOfZeroIsRefusedEvenByADrawOfZero) {
   const SmallestDraws draws;  // Direction 1.
   lattice[1][2] = 1;
   system.J[1][1] = -kInfinity;
@@ -189,7 +189,7 @@ TEST_F(ExchangeMove, OfAnAcceptanceOfZeroIsRefusedAlsoByADrawOfZero) {
   EXPECT_EQ(lattice[3][2], 0);
 }
 
-TEST_F(ExchangeMove, OfAnAcceptanceOfOneIsMadeByTheLargestDraw) {
+TEST_F(ExchangeMove, WithAnAcceptanceOfOneIsMadeEvenByTheLargestDraw) {
   const LargestDraws draws;  // Direction 8.
   move(2, 2);
   EXPECT_EQ(lattice[1][1], 1);
@@ -206,7 +206,7 @@ TEST_F(ExchangeMove, IgnoresEnergiesOnlyForAFlagOfOne) {
   }
 }
 
-TEST_F(ExchangeMove, OfAnEnergyChangeThatIsNoNumberIsMade) {
+TEST_F(ExchangeMove, WithAnEnergyChangeOfNaNIsMade) {
   const LargestDraws draws;
   system.J[1][0] = kInfinity;
   system.J[0][0] = -kInfinity;
@@ -214,7 +214,7 @@ TEST_F(ExchangeMove, OfAnEnergyChangeThatIsNoNumberIsMade) {
   EXPECT_EQ(lattice[1][1], 1);
 }
 
-TEST_F(ExchangeMove, ThatGainsAnInfiniteEnergyIsMade) {
+TEST_F(ExchangeMove, ThatLowersTheEnergyByInfinityIsMade) {
   const LargestDraws draws;
   lattice[3][3] = 1;
   system.J[1][1] = kInfinity;
@@ -222,7 +222,7 @@ TEST_F(ExchangeMove, ThatGainsAnInfiniteEnergyIsMade) {
   EXPECT_EQ(lattice[1][1], 1);
 }
 
-TEST_F(ExchangeMove, OverAWidthOfOneExchangesTheSiteWithItself) {
+TEST_F(ExchangeMove, OnAWidthOfOneExchangesTheSiteWithItself) {
   resize(1, 5);
   fill(0);
   lattice[0][2] = 1;

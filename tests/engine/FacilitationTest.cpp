@@ -20,14 +20,14 @@ class Facilitation : public EngineTest {
     system.ruleFac[rule][1] = type;
   }
 
-  /// Whether the flip, which nothing else could refuse, is made. Always two draws.
+  /// Whether the flip is made; only facilitation can refuse it. Always two draws.
   bool flips() {
     lattice[2][2] = 0;
     EXPECT_EQ(drawsMadeBy([this] { attempt(2, 2); }), 2);
     return lattice[2][2] == 5;
   }
 
-  /// The largest number of neighbours that can be asked for.
+  /// The largest number of needed neighbours with which the flip is still made.
   int count(int type) {
     int number = 0;
     for (need(1, type); number < 20 && flips(); need(number + 1, type)) ++number;
@@ -56,7 +56,7 @@ TEST_F(Facilitation, OfZeroOrLessAlwaysPasses) {
   }
 }
 
-TEST_F(Facilitation, ThatRefusesLeavesTheSite) {
+TEST_F(Facilitation, RefusedLeavesTheSiteUnchanged) {
   need(1, 1);
   EXPECT_FALSE(flips());
   EXPECT_EQ(lattice[2][2], 0);
@@ -91,7 +91,7 @@ TEST_F(Facilitation, DoesNotFollowAMasqueradeOfAMasquerade) {
   EXPECT_EQ(count(1), 0);
 }
 
-TEST_F(Facilitation, LooksAtTheMasqueradesOfTypesInUseOnly) {
+TEST_F(Facilitation, UsesTheMasqueradesOfTypesInUseOnly) {
   surround(2, 2, 3, 2);
   system.masquerade[2] = 1;
   system.numTypes = 2;
@@ -132,7 +132,7 @@ TEST_F(Facilitation, AppliesToReversibleFlips) {
   EXPECT_TRUE(flips());
 }
 
-TEST_F(Facilitation, ThatRefusesComesAfterAllDrawsOfARandomType) {
+TEST_F(Facilitation, IsCheckedAfterTheDrawOfARandomType) {
   system.ruleEndPoints[rule][1] = kAny;
   need(1, 1);
   for (int k = 0; k < 50; ++k) {

@@ -30,12 +30,12 @@ TEST(FinalSiteType, BetweenAnyAndAnyIsRandom) {
   for (int current = 0; current < 5; ++current) expectRandom(current, kAny, kAny);
 }
 
-TEST(FinalSiteType, OfTheNamedEndIsRandomWhenTheOtherIsAny) {
+TEST(FinalSiteType, OfTheNamedEndIsRandomIfTheOtherIsAny) {
   expectRandom(3, 3, kAny);
   expectRandom(3, kAny, 3);
 }
 
-TEST(FinalSiteType, OfAnotherTypeIsTheNamedEndWhenTheOtherIsAny) {
+TEST(FinalSiteType, OfAnotherTypeIsTheNamedEndIfTheOtherIsAny) {
   for (const int current : {0, 1, 2, 4}) {
     expectFixed(3, current, 3, kAny);
     expectFixed(3, current, kAny, 3);

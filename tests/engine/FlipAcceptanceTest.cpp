@@ -27,14 +27,15 @@ class FlipAcceptance : public EngineTest {
     return lattice[2][2] == 1;
   }
 
-  /// The draw that will decide on the next flip.
+  /// The draw that decides the next flip.
   static double comingDraw() {
     Foresight next;
     next.whole(1);
     return next.real();
   }
 
-  /// Flips happen exactly when the draw is below the probability, and both cases come up if they can.
+  /// Flips are made exactly if the draw is below the probability, and both outcomes occur if both are
+  /// possible.
   void expectProbability(double q) {
     int made = 0, refused = 0;
     for (int k = 0; k < 2000; ++k) {
@@ -81,7 +82,7 @@ TEST_F(FlipAcceptance, OfAParameterOfZeroOrLessNeverFlips) {
   }
 }
 
-TEST_F(FlipAcceptance, OfAParameterThatIsNoNumberNeverFlips) {
+TEST_F(FlipAcceptance, OfAParameterOfNaNNeverFlips) {
   setParameter(kNoNumber);
   expectProbability(0.0);
 }
@@ -128,7 +129,7 @@ TEST_F(FlipAcceptance, DoesNotRiseAboveTheParameterWhenTheEnergyFalls) {
   expectProbability(0.5);
 }
 
-TEST_F(FlipAcceptance, TakesTheEnergyOfARandomFinalType) {
+TEST_F(FlipAcceptance, UsesTheEnergyOfARandomFinalType) {
   system.ruleEndPoints[rule][1] = kAny;
   system.field[1] = 1.0;
   system.field[2] = kInfinity;
@@ -160,7 +161,7 @@ TEST_F(FlipAcceptance, IgnoresEnergiesOnlyForAFlagOfOne) {
   }
 }
 
-TEST_F(FlipAcceptance, OfAnEnergyChangeThatIsNoNumberIsTheParameter) {
+TEST_F(FlipAcceptance, OfAnEnergyChangeOfNaNIsTheParameter) {
   setParameter(0.5);
   for (const double field : {kInfinity, kNoNumber}) {
     system.field[0] = system.field[1] = field;
@@ -168,13 +169,13 @@ TEST_F(FlipAcceptance, OfAnEnergyChangeThatIsNoNumberIsTheParameter) {
   }
 }
 
-TEST_F(FlipAcceptance, OfAnInfiniteGainIsTheParameter) {
+TEST_F(FlipAcceptance, OfAnEnergyChangeOfMinusInfinityIsTheParameter) {
   system.field[1] = -kInfinity;
   setParameter(0.5);
   expectProbability(0.5);
 }
 
-TEST_F(FlipAcceptance, OfAnInfiniteCostIsZeroAlsoForADrawOfZero) {
+TEST_F(FlipAcceptance, OfAnInfiniteCostIsZeroEvenForADrawOfZero) {
   system.field[1] = kInfinity;
   setParameter(1.0);
   const SmallestDraws draws;
@@ -183,13 +184,13 @@ TEST_F(FlipAcceptance, OfAnInfiniteCostIsZeroAlsoForADrawOfZero) {
   EXPECT_EQ(lattice[2][2], 0);
 }
 
-TEST_F(FlipAcceptance, OfAnInfiniteCostAndAnInfiniteParameterIsNoNumberAndNeverFlips) {
+TEST_F(FlipAcceptance, OfAnInfiniteCostAndAnInfiniteParameterIsNaNAndNeverFlips) {
   system.field[1] = kInfinity;
   setParameter(kInfinity);
   expectProbability(0.0);
 }
 
-TEST_F(FlipAcceptance, OfAParameterAboveOneOutweighsACost) {
+TEST_F(FlipAcceptance, OfAParameterAboveOneCompensatesForACost) {
   system.field[1] = 1.0;
   setParameter(2.0);
   expectProbability(2.0 * std::exp(-1.0));
@@ -211,7 +212,7 @@ TEST_F(FlipAcceptance, OnASingleSiteCountsTheEnergyOfTheFinalTypeWithItself) {
   EXPECT_LT(made, 1000);
 }
 
-TEST_F(FlipAcceptance, LeavesEveryOtherSite) {
+TEST_F(FlipAcceptance, ChangesNoOtherSite) {
   setParameter(1.0);
   EXPECT_TRUE(flips());
   EXPECT_EQ(sitesOfType(2), 24);

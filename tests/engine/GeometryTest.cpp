@@ -174,7 +174,7 @@ TEST_F(ModelInit, UsesEveryTypeAndNoOther) {
   EXPECT_EQ(all, 256 * 256);
 }
 
-TEST_F(ModelInit, LeavesSitesThatAreNotInUse) {
+TEST_F(ModelInit, DoesNotChangeSitesThatAreNotInUse) {
   resize(256, 256);
   fill(9);
   fModelInit(2, 4, 5, lattice);

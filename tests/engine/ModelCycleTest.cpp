@@ -8,7 +8,7 @@
 namespace quorvane {
 namespace {
 
-/// What the rule types do to a site of type 0 at (2, 2) among others of type 0.
+/// The effect of each rule type on a site of type 0 at (2, 2) among sites of type 0.
 class ModelCycle : public EngineTest {
  protected:
   ModelCycle() { system.numTypes = 5; }
@@ -59,7 +59,7 @@ TEST_F(ModelCycle, AReversibleFlipLeadsToTheOtherEnd) {
   EXPECT_EQ(lattice[2][2], 0);
 }
 
-TEST_F(ModelCycle, AReversibleFlipWithAnEndOfAnyTypeDrawsWhereTheTypeIsRandom) {
+TEST_F(ModelCycle, AReversibleFlipWithAnEndOfAnyTypeDrawsOnlyIfTheTypeIsRandom) {
   addRule(kReversible, 2, kAny);
   EXPECT_EQ(attemptDraws(), 2);
   EXPECT_EQ(lattice[2][2], 2);
@@ -100,7 +100,7 @@ TEST_F(ModelCycle, ASwapDrawsItsOwnAcceptanceAndThenThatOfTheMove) {
   EXPECT_EQ(lattice[2 + fn_neighbi(0, dir)][2 + fn_neighbj(0, dir)], 1);
 }
 
-TEST_F(ModelCycle, ASwapAtOrBelowItsDrawMakesNoMoveAndNoMoreDraws) {
+TEST_F(ModelCycle, ASwapWithAParameterAtOrBelowItsDrawMakesNoMoveAndNoMoreDraws) {
   const int rule = addRule(kSwapping, 1, kAny);
   lattice[2][2] = 1;
   for (int k = 0; k < 50; ++k) {
@@ -112,7 +112,7 @@ TEST_F(ModelCycle, ASwapAtOrBelowItsDrawMakesNoMoveAndNoMoreDraws) {
   }
 }
 
-TEST_F(ModelCycle, ASwapBarelyAboveItsDrawIsMade) {
+TEST_F(ModelCycle, ASwapWithAParameterBarelyAboveItsDrawIsMade) {
   const int rule = addRule(kSwapping, 1, kAny);
   for (int k = 0; k < 50; ++k) {
     fill(0);
@@ -143,7 +143,7 @@ TEST_F(ModelCycle, ASwapOfAnImmobileTypeDrawsAndMovesNothing) {
   EXPECT_EQ(lattice[2][2], 1);
 }
 
-TEST_F(ModelCycle, ASwapHandsOnWhetherEnergiesCount) {
+TEST_F(ModelCycle, ASwapPassesOnWhetherToIgnoreEnergies) {
   const int rule = addRule(kSwapping, 1, kAny);
   const SmallestDraws draws;  // Direction 1, away from the second site of type 1.
   system.J[1][1] = -std::numeric_limits<double>::infinity();
@@ -177,7 +177,7 @@ TEST_F(ModelCycle, ARuleOfAnyOtherTypeInARowActsAsASwap) {
   }
 }
 
-TEST_F(ModelCycle, AClearedRuleThatARowStillNamesDrawsAndNeverMoves) {
+TEST_F(ModelCycle, AClearedRuleThatIsStillInARowDrawsAndNeverMoves) {
   const int rule = addRule(kIrreversible, 0, 1);
   system.ruleType[rule] = -1;
   system.ruleEndPoints[rule][0] = system.ruleEndPoints[rule][1] = kAny;

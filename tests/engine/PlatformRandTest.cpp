@@ -12,7 +12,7 @@
 namespace quorvane {
 namespace {
 
-/// Another thread of the process that does something over and over again, as a graphics driver may.
+/// Another thread of the process that repeats an action, as a graphics driver may.
 class Meanwhile {
  public:
   explicit Meanwhile(std::function<void()> something)
@@ -41,7 +41,7 @@ class Meanwhile {
 
 constexpr double kFirstDraw = 0.32136549381539226;
 
-/// Fresh sources, as those of so many processes that start.
+/// Fresh sources, as in that many processes that start.
 void expectEveryStartToKeepItsOwnState(int starts) {
   for (int start = 0; start < starts; ++start) {
     RandomSource source;
@@ -50,20 +50,20 @@ void expectEveryStartToKeepItsOwnState(int starts) {
   }
 }
 
-TEST(PlatformRand, IsKnownAThousandTimesWhileAnotherThreadDrawsAllTheTime) {
+TEST(PlatformRand, IsRecognisedAThousandTimesWhileAnotherThreadDraws) {
   const Meanwhile other([] { std::rand(); });
   const auto before = other.times();
   expectEveryStartToKeepItsOwnState(1000);
   EXPECT_GT(other.times(), before + 1000);
 }
 
-TEST(PlatformRand, IsKnownWhileTwoThreadsDrawAllTheTime) {
+TEST(PlatformRand, IsRecognisedWhileTwoThreadsDraw) {
   const Meanwhile other([] { std::rand(); });
   const Meanwhile third([] { std::rand(); });
   expectEveryStartToKeepItsOwnState(1000);
 }
 
-TEST(PlatformRand, IsKnownWhileAnotherThreadSeedsIt) {
+TEST(PlatformRand, IsRecognisedWhileAnotherThreadSeedsIt) {
   unsigned seed = 0;
   const Meanwhile other([&] {
     std::srand(++seed);
@@ -73,7 +73,7 @@ TEST(PlatformRand, IsKnownWhileAnotherThreadSeedsIt) {
   expectEveryStartToKeepItsOwnState(200);
 }
 
-TEST(PlatformRand, IsKnownAfterAnEarlyLookThatTakesNothingFromTheSequence) {
+TEST(PlatformRand, IsRecognisedByAnEarlyLookThatDoesNotChangeTheSequence) {
   RandomSource source;
   source.lookAtPlatform();
   EXPECT_TRUE(source.drawsItself());
@@ -98,7 +98,7 @@ TEST(PlatformRand, IsLookedAtOnlyOnce) {
   EXPECT_EQ(seedings, once);
 }
 
-/// The C library's sequence with values left out, always the same ones.
+/// The C library's sequence with certain values left out, always the same ones.
 struct Thinned {
   static inline int drawn = 0;
   static void srand(unsigned seed) {
@@ -111,7 +111,7 @@ struct Thinned {
   }
 };
 
-TEST(PlatformRand, IsAnotherOneWhereValuesAreLeftOut) {
+TEST(PlatformRand, IsNotRecognisedIfValuesAreLeftOut) {
   RandomSource source(PlatformRand{&Thinned::srand, &Thinned::rand});
   source.next();
   EXPECT_FALSE(source.drawsItself());
@@ -127,7 +127,7 @@ struct Unseeded {
   }
 };
 
-TEST(PlatformRand, IsAnotherOneInBoundedTimeWhereNoSeedGovernsIt) {
+TEST(PlatformRand, IsNotRecognisedIfItIgnoresSeedsWhichTakesBoundedTime) {
   RandomSource source(PlatformRand{&Unseeded::srand, &Unseeded::rand});
   const auto begin = std::chrono::steady_clock::now();
   source.next();

@@ -23,7 +23,7 @@ TEST(RandomSource, ASlotHoldsTheNinetySeventhPartOfTheValues) {
   }
 }
 
-TEST(RandomSource, TwoFreshSourcesDrawTheSame) {
+TEST(RandomSource, TwoFreshSourcesDrawTheSameNumbers) {
   RandomSource a, b;
   for (int k = 0; k < 1000; ++k) ASSERT_EQ(a.next(), b.next());
 }
@@ -34,7 +34,7 @@ TEST(RandomSource, BeginsWithTheSameThreeValues) {
     EXPECT_EQ(source.next() / RandomSource::maxran, expected);
 }
 
-TEST(RandomSource, DrawsItselfOnlyOnceTheFirstDrawHasLookedAtThePlatform) {
+TEST(RandomSource, ComparesThePlatformAtItsFirstDraw) {
   RandomSource source;
   EXPECT_FALSE(source.drawsItself());
   source.next();
@@ -91,7 +91,7 @@ TEST(RandReal, IsUniform) {
     const double excess = count - draws / bins;
     chiSquare += excess * excess / (draws / bins);
   }
-  // 96 degrees of freedom: a fair source exceeds 160 once in twenty thousand times.
+  // 96 degrees of freedom: a uniform source exceeds 160 with a probability of 1 in 20,000.
   EXPECT_LT(chiSquare, 160.0);
 }
 

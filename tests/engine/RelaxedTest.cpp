@@ -16,7 +16,7 @@ TEST(Relaxed, StartsAtZero) {
   for (const auto& real : reals) EXPECT_EQ(real, 0.0);
 }
 
-TEST(Relaxed, TakesTheValueOfAnother) {
+TEST(Relaxed, CopiesTheValueOfAnother) {
   Relaxed<int> a = 7, b;
   b = a;
   const Relaxed<int> copy(b);

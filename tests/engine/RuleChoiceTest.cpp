@@ -7,7 +7,7 @@
 namespace quorvane {
 namespace {
 
-/// Which of a row's rules an attempt takes. Rule k flips the site (2, 2) of type 0 to type k + 1.
+/// Which rule of a row an attempt uses. Rule k flips the site (2, 2) of type 0 to type k + 1.
 class RuleChoice : public EngineTest {
  protected:
   RuleChoice() { system.numTypes = 10; }
@@ -24,7 +24,7 @@ class RuleChoice : public EngineTest {
 
   void disable(int rule, int flag = 1) { system.ruleDisabled[rule] = flag; }
 
-  /// How many draws it takes to see each of n positions.
+  /// The number of draws until each of n positions has been drawn.
   static int drawsToSeeAll(int n) {
     Foresight next;
     std::set<int> seen;
@@ -47,7 +47,7 @@ TEST_F(RuleChoice, OfARowOfNegativeLengthDrawsNothing) {
   EXPECT_EQ(sitesOfType(0), 25);
 }
 
-TEST_F(RuleChoice, TakesTheRuleAtTheDrawnPosition) {
+TEST_F(RuleChoice, UsesTheRuleAtTheDrawnPosition) {
   addFlips(5);
   for (int k = 0; k < 200; ++k) {
     const int position = Foresight().whole(5) - 1;
@@ -55,7 +55,7 @@ TEST_F(RuleChoice, TakesTheRuleAtTheDrawnPosition) {
   }
 }
 
-TEST_F(RuleChoice, LooksInTheRowOfTheSitesType) {
+TEST_F(RuleChoice, UsesTheRowOfTheSitesType) {
   addRule(kIrreversible, 0, 1);
   addRule(kIrreversible, 4, 5);
   lattice[2][2] = 4;
@@ -85,7 +85,7 @@ TEST_F(RuleChoice, DrawsAgainUntilAnEnabledRuleComesUp) {
   }
 }
 
-TEST_F(RuleChoice, GivesUpOnceEveryPositionHasComeUpDisabled) {
+TEST_F(RuleChoice, EndsOnceEveryPositionHasBeenDrawnDisabled) {
   for (const int rules : {1, 2, 5, 9}) {
     addFlips(rules - system.numRules);
     for (int k = 0; k < rules; ++k) disable(k);
@@ -97,7 +97,7 @@ TEST_F(RuleChoice, GivesUpOnceEveryPositionHasComeUpDisabled) {
   EXPECT_EQ(sitesOfType(0), 25);
 }
 
-TEST_F(RuleChoice, GivesUpOnAFullRow) {
+TEST_F(RuleChoice, EndsForAFullRowOfDisabledRules) {
   addFlips(1);
   disable(0);
   for (auto& entry : system.accessible[0]) entry = 0;
@@ -117,7 +117,7 @@ TEST_F(RuleChoice, CountsPositionsAndNotRules) {
   }
 }
 
-TEST_F(RuleChoice, TakesARuleThatStandsTwiceTwiceAsOften) {
+TEST_F(RuleChoice, UsesARuleWithTwoEntriesTwiceAsOften) {
   addFlips(2);
   system.accessible[0][2] = 1;
   system.accessibleCount[0] = 3;
@@ -133,7 +133,7 @@ TEST_F(RuleChoice, SkipsRulesWithAnyFlagButZero) {
   for (int k = 0; k < 100; ++k) ASSERT_EQ(chosen(), 2);
 }
 
-TEST_F(RuleChoice, TakesRulesBeyondTheNumberOfRules) {
+TEST_F(RuleChoice, UsesRulesBeyondTheNumberOfRules) {
   addFlips(2);
   system.numRules = 0;
   std::set<int> taken;
@@ -141,7 +141,7 @@ TEST_F(RuleChoice, TakesRulesBeyondTheNumberOfRules) {
   EXPECT_EQ(taken, (std::set<int>{0, 1}));
 }
 
-TEST_F(RuleChoice, SkipsEntriesThatAreNoRules) {
+TEST_F(RuleChoice, SkipsEntriesThatAreNotRules) {
   addFlips(1);
   for (const int entry : {-1, kMaxRules, 1'000'000, -1'000'000}) {
     system.accessible[0][1] = entry;

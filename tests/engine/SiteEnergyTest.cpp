@@ -23,7 +23,7 @@ TEST_F(SiteEnergy, IsHalfTheSumOfTheEightPairEnergies) {
   EXPECT_EQ(energy(2, 2), (5 * 0.25 - 3 * 3.0) / 2);
 }
 
-TEST_F(SiteEnergy, TakesTheRowOfTheCentreAndTheColumnOfTheNeighbour) {
+TEST_F(SiteEnergy, UsesTheRowOfTheCentreAndTheColumnOfTheNeighbour) {
   lattice[2][2] = 1;
   system.J[1][0] = 1.0;
   system.J[0][1] = 100.0;
@@ -32,7 +32,7 @@ TEST_F(SiteEnergy, TakesTheRowOfTheCentreAndTheColumnOfTheNeighbour) {
 }
 
 TEST_F(SiteEnergy, AddsInDirectionOrder) {
-  // Eight neighbours of eight types, with energies whose sum depends on the order of its rounding.
+  // Eight neighbours of eight types, with energies for which rounding makes the sum depend on the order.
   for (int dir = 1; dir <= 8; ++dir) lattice[2 + fn_neighbi(0, dir)][2 + fn_neighbj(0, dir)] = dir;
   for (int k = 0; k < 1000; ++k) {
     double expected = 0.0;
@@ -56,7 +56,7 @@ TEST_F(SiteEnergy, OfASubstituteIsTheOneTheSiteWouldHave) {
   EXPECT_EQ(energy(2, 2, 4), (5 * 1.5 - 3 * 0.5) / 2);
 }
 
-TEST_F(SiteEnergy, OfASubstituteLeavesTheLattice) {
+TEST_F(SiteEnergy, OfASubstituteDoesNotChangeTheLattice) {
   lattice[2][2] = 3;
   energy(2, 2, 4);
   EXPECT_EQ(lattice[2][2], 3);
@@ -82,7 +82,7 @@ TEST_F(SiteEnergy, OfASubstituteSeesItselfOnAWidthOfOne) {
   EXPECT_EQ(energy(0, 0, 1), 8 * 10.0 / 2);
 }
 
-TEST_F(SiteEnergy, MeetsASiteTwiceOnAWidthOfTwo) {
+TEST_F(SiteEnergy, CountsASiteTwiceOnAWidthOfTwo) {
   resize(2, 5);
   lattice[1][2] = 2;
   setPairEnergy(0, 2, 1.0);
@@ -90,7 +90,7 @@ TEST_F(SiteEnergy, MeetsASiteTwiceOnAWidthOfTwo) {
   EXPECT_EQ(energy(1, 2), 4.0);
 }
 
-TEST_F(SiteEnergy, WithAnInfinityOfEachSignIsNotANumber) {
+TEST_F(SiteEnergy, WithAnInfinityOfEachSignIsNaN) {
   lattice[3][2] = 1;
   system.J[0][1] = std::numeric_limits<double>::infinity();
   system.J[0][0] = -std::numeric_limits<double>::infinity();

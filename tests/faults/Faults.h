@@ -11,35 +11,35 @@
 
 namespace quorvane {
 
-/// One way in which calls of a kind fail.
+/// A way in which calls of a kind fail.
 struct Fault {
   Call call;
   int error;             ///< an errno, kShort or kKill
-  bool forEver = false;  ///< not only once, but from then on
+  bool forEver = false;  ///< all later calls fail too
 };
 std::ostream& operator<<(std::ostream& out, const Fault& fault);
 
-/// Those that a save, an opening or a run may suffer from: the result may be lost then, and nothing else.
+/// Faults that may make a save, an opening or a run fail, and must have no other effect.
 std::vector<Fault> harmfulFaults();
 
-/// Those that must make no difference: a call that was interrupted, did a part, or is not offered by the
-/// file system.
+/// Faults that must make no difference: interrupted calls, partial reads and writes, and calls that the file
+/// system does not support.
 std::vector<Fault> harmlessFaults();
 
-/// Sets a plan for the number-th call of a fault's kind on files of a folder.
+/// Sets a plan for the n-th call of a fault's kind on files of a folder.
 void set(FaultPlan& plan, const std::filesystem::path& folder, const Fault& fault, int number);
 
-/// Calls work with the first, second, third call failing and so on, until none is left to fail; with a step,
-/// only with every such one. work: makes the calls with the plan as it is given. The number of calls that
+/// Calls work with the first, second, third call failing and so on, until no call is left to fail; with a
+/// step, only every step-th. work: makes the calls under the given plan. Returns the number of calls that
 /// failed.
 int forEveryCall(FaultPlan& plan, const std::filesystem::path& folder, const Fault& fault,
                  const std::function<void(int number)>& work, int step = 1);
 
-/// The names of the files in a folder and in those below it, with their content; "link" and where it leads
-/// for a symbolic link. Without the files that gather beside a target.
+/// The names of the files in a folder and its subfolders, with their content; for a symbolic link "link" and
+/// its target. Without partial files.
 using Files = std::map<std::string, std::string>;
 Files filesIn(const std::filesystem::path& folder);
-/// The names of those that gather beside a target.
+/// The names of the partial files.
 std::vector<std::string> partialFilesIn(const std::filesystem::path& folder);
 
 }  // namespace quorvane

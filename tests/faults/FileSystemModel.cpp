@@ -9,7 +9,7 @@ namespace {
 
 using Kind = RecordedCall::Kind;
 
-/// What a disk takes at once.
+/// The unit in which a disk writes.
 constexpr std::size_t kBlockSize = 4096;
 
 RecordedCall callFrom(const std::string& line, std::istream& record) {
@@ -43,7 +43,7 @@ RecordedCall callFrom(const std::string& line, std::istream& record) {
 
 std::string folderOf(const std::string& path) { return std::filesystem::path(path).parent_path(); }
 
-/// A file while its changes are made one after another, some of them missing.
+/// A file to which changes are applied in order, some of them missing.
 struct Content {
   std::string bytes;
   std::size_t size = 0;
@@ -147,7 +147,7 @@ void FileSystemModel::write(int inode, const RecordedCall& call, std::size_t ind
         index);
 }
 
-/// A file's synchronisation says nothing of its name, and a folder's nothing of what its files hold.
+/// fsync of a file does not cover its name, and fsync of a folder does not cover the content of its files.
 void FileSystemModel::synchronise(int file, std::size_t index) {
   const auto folder = openFolders_.find(file);
   for (Change& change : changes_) {

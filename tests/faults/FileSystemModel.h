@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-/// What may be on a disk after its power has gone, by what POSIX promises and no more.
+/// The possible contents of a disk after a loss of power, assuming only what POSIX guarantees.
 namespace quorvane {
 
-/// A call that was recorded by the preloaded library. Paths hold no spaces.
+/// A call recorded by the preloaded library. Paths contain no spaces.
 struct RecordedCall {
   enum class Kind { kOpen, kWrite, kTruncate, kSync, kClose, kRename, kUnlink, kMakeFolder, kSaid };
   Kind kind;
@@ -27,37 +27,37 @@ struct RecordedCall {
 /// The calls of a record, in order.
 std::vector<RecordedCall> readRecord(const std::filesystem::path& record);
 
-/// One change of a file's content or of the names in a folder. Each may reach the disk without the others
-/// until a synchronisation has come.
+/// One change of a file's content or of the names in a folder. Each may reach the disk independently of the
+/// others until a synchronisation.
 struct Change {
   enum class Kind { kSize, kBlock, kName, kNoName };
   Kind kind;
-  int inode = -1;           ///< whose content, or what the name stands for
+  int inode = -1;           ///< the file that is changed or named
   std::size_t start = 0;    ///< kBlock
   std::size_t size = 0;     ///< kSize
   std::string bytes = {};   ///< kBlock
   std::string path = {};    ///< kName, kNoName
-  std::string former = {};  ///< kName: the name that goes at the same moment; may be empty
+  std::string former = {};  ///< kName: the name removed at the same time; may be empty
   std::size_t call = 0;     ///< the call that made it
-  /// The call that brought it to the disk for certain.
+  /// The call after which it is on the disk for certain.
   std::size_t certainFrom = std::numeric_limits<std::size_t>::max();
 };
 
-/// A file's content by its path.
+/// The content of the files by path.
 using Disk = std::map<std::string, std::string>;
 
-/// All that a recorded program did to files that were on the disk before.
+/// All changes that a recorded program made to files that were on the disk before.
 class FileSystemModel {
  public:
   FileSystemModel(const Disk& before, const std::vector<RecordedCall>& calls);
 
-  /// Calls look with every disk that may be left if the power goes right before a call, or after the last
-  /// one: with all, none, each one alone, all but each one, and all beginnings and ends of the changes that
-  /// are not certain; with any of them where they are few. The number of disks.
+  /// Calls look with every possible disk after a loss of power right before a call, or after the last one:
+  /// with all, none, each single one, all but each one, and all prefixes and suffixes of the uncertain
+  /// changes; with every subset if they are few. Returns the number of disks.
   std::size_t afterPowerLoss(std::size_t beforeCall, const std::function<void(const Disk&)>& look) const;
 
   std::size_t numCalls() const { return numCalls_; }
-  /// The call at which the program had said that all is written; numCalls() if it never did.
+  /// The call at which the program had reported that all is written; numCalls() if it never did.
   std::size_t saidAt() const { return saidAt_; }
 
  private:

@@ -18,8 +18,7 @@ namespace fs = std::filesystem;
 using std::chrono::microseconds;
 using testing::IsEmpty;
 
-/// Two runs whose results stand in the same files. None waits for the disk: only power takes what that is
-/// for.
+/// Two runs with the same targets. Neither waits for the disk, since fsync matters only for a loss of power.
 class SameTargets : public testing::Test {
  protected:
   SameTargets() {
@@ -70,7 +69,7 @@ class SameTargets : public testing::Test {
   std::array<Files, 2> results_;
 };
 
-TEST_F(SameTargets, AreOldOrNewWhereARunIsKilledAtAnyMoment) {
+TEST_F(SameTargets, AreOldOrNewWhenARunIsKilledAtAnyMoment) {
   constexpr int rounds = 200;
   std::mt19937 random(4711);
   std::uniform_int_distribution<int> moment(0, static_cast<int>(timeOfARun().count()));
@@ -90,7 +89,7 @@ TEST_F(SameTargets, AreOldOrNewWhereARunIsKilledAtAnyMoment) {
   expectTheNextRunToTidyUp();
 }
 
-TEST_F(SameTargets, AreOldOrNewWhereARunIsKilledInsteadOfAnyCall) {
+TEST_F(SameTargets, AreOldOrNewWhenARunIsKilledInPlaceOfAnyCall) {
   int numKilled = 0;
   for (int status = -SIGKILL; status == -SIGKILL; ++numKilled) {
     SCOPED_TRACE(numKilled + 1);
@@ -105,7 +104,7 @@ TEST_F(SameTargets, AreOldOrNewWhereARunIsKilledInsteadOfAnyCall) {
   EXPECT_GT(numKilled, 50);
 }
 
-TEST_F(SameTargets, AreThoseOfOneRunEachWhereTwoRunsEndAtOnce) {
+TEST_F(SameTargets, AreEachThatOfOneRunWhenTwoRunsEndAtOnce) {
   constexpr int rounds = 100;
   for (int round = 0; round < rounds; ++round) {
     SCOPED_TRACE(round);

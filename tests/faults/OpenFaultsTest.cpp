@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 using testing::HasSubstr;
 using testing::Not;
 
-/// Opens a document in a model that holds another.
+/// Opens a document in a model that already has another system.
 class OpenUnderFaults : public testing::Test {
  protected:
   OpenUnderFaults() {
@@ -75,14 +75,14 @@ class OpenUnderFaults : public testing::Test {
   Files files_ = {};
 };
 
-TEST_F(OpenUnderFaults, LeavesTheOldSystemOrTheNewOneWhole) {
+TEST_F(OpenUnderFaults, LeavesTheWholeOldOrTheWholeNewSystem) {
   files_ = filesIn(folder_.path());
   const int numFailed = openWithEveryCallFailing(harmfulFaults(), false);
   std::printf("%d calls failed\n", numFailed);
   EXPECT_GT(numFailed, 50);
 }
 
-TEST_F(OpenUnderFaults, SucceedsWhereACallIsInterruptedOrReadsLess) {
+TEST_F(OpenUnderFaults, SucceedsIfACallIsInterruptedOrReadsLess) {
   files_ = filesIn(folder_.path());
   const int numFailed = openWithEveryCallFailing(harmlessFaults(), true);
   std::printf("%d calls failed\n", numFailed);

@@ -22,7 +22,7 @@ using Calls = std::vector<RecordedCall>;
 
 constexpr const char* kExample = QUORVANE_EXAMPLES "/growth-from-a-seed.quorvane";
 
-/// A file that is written: what it held before, if it was there, and what it is to hold.
+/// A file that is written: its former content, if it existed, and its new content.
 struct Target {
   std::string path;
   std::optional<std::string> before;
@@ -74,7 +74,7 @@ class PowerLoss : public testing::Test {
     return {path, before.contains(path) ? std::optional(before.at(path)) : std::nullopt, contentOf(path)};
   }
 
-  /// Saves as the window does, over an older file. Fails where the fault says so.
+  /// Saves over an older file as the window does, with a given fault.
   Calls save(const Fault& fault = {Call::kAny, 0}, int number = 0) {
     const auto model = freshModel();
     readDocument(*model, contentOf(kExample));
@@ -140,8 +140,8 @@ TEST_F(PowerLoss, IsSeenToLoseASaveThatIsNotSynchronised) {
   EXPECT_GT(folder.notNewThoughSaid, 0u);
 }
 
-/// Only the superuser can make a file of another user's, whose owner a new file then cannot have.
-TEST_F(PowerLoss, WhileAnothersFileIsWrittenLeavesTheTextInOneOfTwoFiles) {
+/// Only the superuser can create a file of another user, whose owner a new file could not have.
+TEST_F(PowerLoss, DuringASaveInPlaceLeavesTheTextInOneOfTwoFiles) {
   if (::geteuid() != 0) GTEST_SKIP() << "needs a file of another user";
   std::ofstream(saved_) << "old";
   ASSERT_EQ(::chown(saved_.c_str(), 12345, 12345), 0);
@@ -170,7 +170,7 @@ TEST_F(PowerLoss, LeavesAllResultsOfARunOldOrNewAndNewOnceItHasEnded) {
                      {"out.quorvane", "out.csv", "out.png"});
 }
 
-TEST_F(PowerLoss, LeavesFramesWholeOrNotAtAllAndAllOfThemOnceARunHasEnded) {
+TEST_F(PowerLoss, LeavesFramesWholeOrMissingAndAllOfThemOnceARunHasEnded) {
   runAndLoseThePower({"--frames", folder_ / "films/frames"},
                      {"films/frames/frame-000000.png", "films/frames/frame-000001.png"});
 }

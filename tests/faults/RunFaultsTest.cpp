@@ -30,7 +30,7 @@ std::vector<std::string> linesOf(const std::string& text) {
   return lines;
 }
 
-/// A run that writes all there is to write, over older files.
+/// A run that writes every kind of result over older files.
 class RunUnderFaults : public testing::Test {
  protected:
   RunUnderFaults() {
@@ -85,7 +85,7 @@ class RunUnderFaults : public testing::Test {
       EXPECT_TRUE(old_.contains(name) || (new_.contains(name) && new_.at(name) == content)) << name;
   }
 
-  /// Where the run was made, what it did not write is named.
+  /// If the run was made, each result that is missing is reported.
   void expectEachLossToBeTold(const Files& after, const std::vector<std::string>& lines) const {
     const auto isNew = [&](const std::string& name) { return after.at(name) == new_.at(name); };
     if (std::none_of(kTargets.begin(), kTargets.end(), isNew)) return;
@@ -95,10 +95,10 @@ class RunUnderFaults : public testing::Test {
       EXPECT_TRUE(after.contains(name) || all.find(kFrames) != std::string::npos) << name;
   }
 
-  /// Only rows, which a line tells of and the next run that writes them removes.
+  /// Only rows may stay, which a line reports and the next run that writes them removes.
   void expectNothingLeft(const fs::path& folder, const Fault& fault, const std::vector<std::string>& lines) {
     for (const std::string& name : partialFilesIn(folder)) {
-      // A line that names the file needs memory, too.
+      // A line that names the file needs memory too.
       if (fault.call != Call::kAllocate || !fault.forEver) {
         EXPECT_THAT(lines, testing::Contains(AllOf(HasSubstr("the rows so far are in"), HasSubstr(name))));
       }
@@ -110,7 +110,7 @@ class RunUnderFaults : public testing::Test {
   int runWithEveryCallFailing(const std::vector<Fault>& faults, bool mustSucceed) {
     int numFailed = 0;
     for (const Fault& fault : faults) {
-      // Where memory has ended does not matter much if it stays so.
+      // Persistent failure of allocations is nearly the same from each call on.
       const int step = fault.call == Call::kAllocate && fault.forEver ? 10 : 1;
       numFailed += forEveryCall(
           *plan_, "/", fault,
@@ -133,7 +133,7 @@ class RunUnderFaults : public testing::Test {
   std::size_t numRuns_ = 0, numLeft_ = 0;
 };
 
-/// One error of each call: a run does with the others what a save does with them.
+/// One error for each call; the save tests try all errors.
 std::vector<Fault> oneErrorOfEachCall(bool forEver) {
   std::vector<Fault> faults;
   for (const Fault& fault : harmfulFaults())
@@ -142,19 +142,19 @@ std::vector<Fault> oneErrorOfEachCall(bool forEver) {
   return faults;
 }
 
-TEST_F(RunUnderFaults, WritesWhatCanBeWrittenAndTellsTheRest) {
+TEST_F(RunUnderFaults, WritesWhatCanBeWrittenAndReportsTheRest) {
   const int numFailed = runWithEveryCallFailing(oneErrorOfEachCall(false), false);
   std::printf("%zu runs, %d calls failed, %zu files stayed\n", numRuns_, numFailed, numLeft_);
   EXPECT_GT(numFailed, 500);
 }
 
-TEST_F(RunUnderFaults, TellsEachLossWhereNothingWorksAnyMore) {
+TEST_F(RunUnderFaults, ReportsEachLossIfAllLaterCallsFail) {
   const int numFailed = runWithEveryCallFailing(oneErrorOfEachCall(true), false);
   std::printf("%zu runs, %d calls failed, %zu files stayed\n", numRuns_, numFailed, numLeft_);
   EXPECT_GT(numFailed, 500);
 }
 
-TEST_F(RunUnderFaults, SucceedsWhereACallIsInterruptedOrNotOffered) {
+TEST_F(RunUnderFaults, SucceedsIfACallIsInterruptedOrNotSupported) {
   const int numFailed = runWithEveryCallFailing(harmlessFaults(), true);
   std::printf("%zu runs, %d calls failed\n", numRuns_, numFailed);
   EXPECT_GT(numFailed, 10);

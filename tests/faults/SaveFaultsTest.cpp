@@ -22,7 +22,7 @@ using testing::Not;
 constexpr const char* kTarget = "system.quorvane";
 constexpr fs::perms kPermissions = fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read;
 
-/// What the folder holds before a save.
+/// The content of the folder before a save.
 struct Before {
   const char* name;
   Files files;
@@ -76,13 +76,13 @@ class SaveUnderFaults : public testing::TestWithParam<Before> {
     EXPECT_THAT(result.reason, Not(HasSubstr("\n")));
     EXPECT_THAT(result.note, IsEmpty());
     EXPECT_TRUE(result.saved || (plan_.failed > 0 && !mustSucceed)) << result.reason;
-    // What cannot be removed has to stay.
+    // A file that cannot be removed has to stay.
     const bool canBeRemoved = fault.call != Call::kUnlink && fault.call != Call::kAny;
     EXPECT_TRUE(!canBeRemoved || partialFilesIn(folder).empty());
     expectTheNextSaveToTidyUp(target, folder);
   }
 
-  /// Of what is left, the next save of another process leaves nothing.
+  /// The next save of another process removes what this one left.
   void expectTheNextSaveToTidyUp(const fs::path& target, const fs::path& folder) const {
     if (partialFilesIn(folder).empty()) return;
     EXPECT_TRUE(saveDocument(*model_, target).saved);
@@ -106,13 +106,13 @@ class SaveUnderFaults : public testing::TestWithParam<Before> {
   const std::unique_ptr<LatticeModel> model_ = freshModel();
 };
 
-TEST_P(SaveUnderFaults, LeavesTheOldFileOrTheNewOneAndNothingElse) {
+TEST_P(SaveUnderFaults, LeavesTheOldOrTheNewFileAndNothingElse) {
   const int numFailed = saveWithEveryCallFailing(harmfulFaults(), false);
   std::printf("%s: %d calls failed\n", GetParam().name, numFailed);
   EXPECT_GT(numFailed, 100);
 }
 
-TEST_P(SaveUnderFaults, SucceedsWhereACallIsInterruptedOrNotOffered) {
+TEST_P(SaveUnderFaults, SucceedsIfACallIsInterruptedOrNotSupported) {
   const int numFailed = saveWithEveryCallFailing(harmlessFaults(), true);
   std::printf("%s: %d calls failed\n", GetParam().name, numFailed);
   EXPECT_GT(numFailed, 10);

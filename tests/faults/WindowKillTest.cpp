@@ -15,13 +15,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A whole document, and nothing behind it.
+/// True if the text is a whole document and nothing follows it.
 bool isADocument(const std::string& text) {
   const auto model = freshModel();
   return readDocument(*model, text).status == OpenStatus::kOpened && writeDocument(*model) == text;
 }
 
-TEST(WindowKilled, WhileItSavesLeavesAWholeDocumentAndTheNextSaveTidiesUp) {
+TEST(WindowKilled, WhileItSavesLeavesAWholeDocumentAndTheNextSaveRemovesPartialFiles) {
   constexpr int rounds = 50;
   const TemporaryFolder folder;
   const fs::path saved = folder / "saved.quorvane";

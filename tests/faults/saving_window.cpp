@@ -1,4 +1,4 @@
-// The main window in a process of its own, which saves all the time while its model runs, until it is killed.
+// The main window in a separate process, which saves repeatedly while its model runs, until it is killed.
 //
 //   saving_window OPENED SAVED
 

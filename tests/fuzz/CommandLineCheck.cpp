@@ -31,7 +31,7 @@ Words split(std::string_view text) {
   return words;
 }
 
-/// A folder with one of each kind of thing that names can lead to.
+/// A folder with one of each kind of file that a name can refer to.
 class Surroundings {
  public:
   Surroundings() {
@@ -45,7 +45,7 @@ class Surroundings {
 
   const fs::path& path() const { return folder_.path(); }
 
-  /// Names and times: every change of a folder or a file moves its time.
+  /// Names and modification times; every change of a folder or file changes its time.
   std::string state() const {
     std::string state;
     Words names = namesIn(path());
@@ -63,7 +63,7 @@ class Surroundings {
   TemporaryFolder folder_;
 };
 
-/// Makes a folder the current one while it lives.
+/// Changes the current folder during its lifetime.
 class Inside {
  public:
   explicit Inside(const fs::path& folder) : before_(fs::current_path()) { fs::current_path(folder); }
@@ -75,7 +75,7 @@ class Inside {
   fs::path before_;
 };
 
-/// Keeps what is written to standard error, and throws away what is written to standard output.
+/// Captures standard error and discards standard output.
 class Captured {
  public:
   Captured() : cerr_(std::cerr.rdbuf(text_.rdbuf())), output_(::dup(STDOUT_FILENO)) {
@@ -112,7 +112,7 @@ Parsed parse(const Words& words) {
   return {std::move(outcome), captured.text()};
 }
 
-/// Bytes of the character at the start of the text, as Unicode defines its shortest form; 0 if there is none.
+/// The length in bytes of the UTF-8 character at the start of the text, in shortest form; 0 if there is none.
 std::size_t characterAt(std::string_view text) {
   const auto byte = [&](std::size_t k) { return k < text.size() ? static_cast<unsigned char>(text[k]) : 0u; };
   const unsigned first = byte(0);
@@ -129,7 +129,7 @@ std::size_t characterAt(std::string_view text) {
   return leads && value >= least[length] && value <= 0x10ffff && !surrogate ? length : 0;
 }
 
-/// Why a text cannot stand on one line of a terminal.
+/// Why a text cannot be shown on one line of a terminal.
 std::string whyNotALine(std::string_view text) {
   while (!text.empty()) {
     const std::size_t length = characterAt(text);
@@ -143,7 +143,7 @@ std::string whyNotALine(std::string_view text) {
   return {};
 }
 
-/// The text that inQuotes has put between marks.
+/// The text that inQuotes has quoted.
 std::string unquoted(std::string_view quoted) {
   std::string text;
   for (std::size_t k = 1; k + 1 < quoted.size(); ++k) {

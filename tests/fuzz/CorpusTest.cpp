@@ -8,7 +8,7 @@
 namespace quorvane {
 namespace {
 
-/// Inputs that the fuzzers have found to reach different parts of the program.
+/// Inputs found by the fuzzers that reach different parts of the program.
 void expectNothingWrong(const std::string& corpus, std::string (*check)(std::string_view)) {
   const std::filesystem::path folder = std::filesystem::path(QUORVANE_CORPUS) / corpus;
   const auto names = namesIn(folder);
@@ -16,9 +16,9 @@ void expectNothingWrong(const std::string& corpus, std::string (*check)(std::str
   for (const std::string& name : names) EXPECT_EQ(check(contentOf(folder / name)), "") << folder / name;
 }
 
-TEST(Corpus, OfTheParserFindsNothing) { expectNothingWrong("parser", checkParser); }
-TEST(Corpus, OfTheWholeReaderFindsNothing) { expectNothingWrong("document", checkDocument); }
-TEST(Corpus, OfTheCommandLineFindsNothing) { expectNothingWrong("command-line", checkCommandLine); }
+TEST(Corpus, OfTheParserPassesItsCheck) { expectNothingWrong("parser", checkParser); }
+TEST(Corpus, OfTheWholeReaderPassesItsCheck) { expectNothingWrong("document", checkDocument); }
+TEST(Corpus, OfTheCommandLinePassesItsCheck) { expectNothingWrong("command-line", checkCommandLine); }
 
 }  // namespace
 }  // namespace quorvane

@@ -28,7 +28,7 @@ bool isPrintableLine(Text line) {
 
 int numLines(Text text) { return 1 + static_cast<int>(std::count(text.begin(), text.end(), '\n')); }
 
-/// The first lines of a text, without the line feed of the last one.
+/// The first lines of a text, without the last line feed.
 Text firstLines(Text text, int count) {
   std::size_t end = 0;
   for (; count > 0; --count) {
@@ -39,7 +39,7 @@ Text firstLines(Text text, int count) {
   return text.substr(0, end - 1);
 }
 
-/// N of "line N: ...", 0 where there is no such thing.
+/// N of "line N: ...", 0 if there is none.
 int lineNamedIn(Text message) {
   constexpr Text start = "line ";
   int line = 0;
@@ -71,7 +71,7 @@ std::string checkRefused(const Inspection& found, Text text) {
   const int line = lineNamedIn(found.result.message);
   if (line > 1 && inspect(firstLines(text, line - 1)).result.status != OpenStatus::kCutShort)
     return "a line before the one named is wrong: " + found.result.message;
-  // That a rule does not fit is known at its last line, five below the one of its type.
+  // A rule that does not fit is detected at its last line, five after the line of its type.
   const Inspection alone = inspect(firstLines(text, line + 5));
   return alone.result.message == found.result.message ? "" : "lines below matter: " + found.result.message;
 }
@@ -93,7 +93,7 @@ std::string checkLimits(const ParsedDocument& document) {
   return {};
 }
 
-/// Also of a document that is cut short: its parts are whole up to the last one.
+/// Also for an incomplete document: its parts are complete up to the last one.
 std::string checkParts(const ParsedDocument& document) {
   const auto [imax, jmax, numTypes] = *document.header;
   const bool whole = !document.cutShort;
@@ -119,7 +119,7 @@ std::string checkOpened(const ParsedDocument& document, Text text) {
     if (again.result.status != OpenStatus::kOpened) return "printed, it is refused: " + again.result.message;
     if (printedDocument(again.document) != printed) return "printed, it reads as another";
   }
-  // Cut between lines, somewhere that the text itself decides.
+  // Cut between two lines, at a position derived from the text.
   const int lines = numLines(printed);
   const int kept = 1 + static_cast<int>(std::hash<Text>{}(text) % static_cast<std::size_t>(lines - 1));
   const Inspection cut = inspect(firstLines(printed, kept));
@@ -137,7 +137,7 @@ int wholeByLibrary(const std::string& line) {
 }
 
 double realByLibrary(std::string line) {
-  // Only the library reads hexadecimal digits and the words for infinity and NaN.
+  // Only the C library reads hexadecimal digits and the words for infinity and NaN.
   if (const auto letter = line.find_first_of("xXiInN"); letter != std::string::npos) line.resize(letter);
   return std::strtod(line.c_str(), nullptr);
 }

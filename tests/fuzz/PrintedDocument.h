@@ -6,7 +6,7 @@
 
 namespace quorvane {
 
-/// A whole document as text again, in the form in which documents are saved.
+/// A whole document as text, in the form in which documents are saved.
 std::string printedDocument(const ParsedDocument& document);
 
 }  // namespace quorvane

@@ -1,6 +1,6 @@
-// One walk of the window's random user, of the seed in QUORVANE_SEED and for the seconds in QUORVANE_SECONDS
-// at most; the seed also decides what the walk begins with. Each walk has a process of its own, because the
-// draws of the lattice go on from walk to walk.
+// One walk of the window's random user, with the seed in QUORVANE_SEED, for at most the seconds in
+// QUORVANE_SECONDS; the seed also decides how the walk begins. Each walk is a process of its own, because the
+// random sequence continues from walk to walk.
 #include <QDir>
 #include <iostream>
 
@@ -17,7 +17,7 @@ QString startOf(unsigned seed) {
 }
 
 class WindowFuzzer : public RandomWalkTest {
-  /// Said at once, so that a crash leaves the acts before it.
+  /// Printed at once, so that the actions before a crash are seen.
   void acted(const QString& what) override { std::cout << what.toStdString() << std::endl; }
 };
 

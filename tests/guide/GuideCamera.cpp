@@ -92,7 +92,7 @@ void GuideCamera::paintStroke(std::initializer_list<QPointF> sites) {
 void GuideCamera::endStroke() { gui::release(model(), QPoint(1, 1)); }
 
 void GuideCamera::settle() {
-  // A button that was clicked and a status line show their new state a little later.
+  // Clicked buttons and the status line update with a delay.
   QTest::qWait(600);
 }
 

@@ -9,8 +9,8 @@
 
 namespace quorvane {
 
-/// A main window, used by keys and clicks, of which parts go to picture files. Throws std::runtime_error
-/// where something does not go as it should.
+/// Drives a main window by keys and clicks and saves pictures of its parts. Throws std::runtime_error if an
+/// action fails.
 class GuideCamera {
  public:
   GuideCamera();
@@ -18,7 +18,7 @@ class GuideCamera {
   GraphicalLatticeModelGL& model() { return window_->model(); }
 
   void open(const QString& path);
-  /// Opens a document that is refused, which the status line then says.
+  /// Opens a document that is refused, so that the status line shows the reason.
   void openRefused(const QString& path);
   void click(const char* button);
   void choose(const char* list, const QString& item);
@@ -26,7 +26,7 @@ class GuideCamera {
   void press(const char* control, Qt::Key key, int times = 1);
   /// Makes sweeps without the run loop, so that their number is exact.
   void sweep(int count);
-  /// Runs by the button Run until so many sweeps are done, and goes on running.
+  /// Runs by the button Run until the given number of sweeps, without stopping the run.
   void runTo(int sweeps);
 
   /// Presses the mouse in the view and drags it along points given in sites; the button stays down.

@@ -31,7 +31,7 @@ class Album {
   QString examples_, folder_;
 };
 
-/// Pictures of one height beside each other.
+/// Pictures of equal height side by side.
 QImage sideBySide(const QImage& left, const QImage& right) {
   constexpr int gap = 8;
   QImage both(left.width() + gap + right.width(), left.height(), QImage::Format_RGB32);
@@ -103,7 +103,7 @@ void showPainting(const Album& album) {
   camera.endStroke();
 }
 
-/// One run with a slow trace, and one sweep later without: a trace of persistence 0 is gone after a sweep.
+/// One run with a slow trace and one sweep later without: with persistence 0 a trace is gone after one sweep.
 void showTrace(const Album& album) {
   const QRect part(110, 230, 300, 220);
   GuideCamera camera;

@@ -35,7 +35,7 @@ TEST(History, ASiteHeldForEverTendsToOneOverOneMinusPersistence) {
   EXPECT_EQ(model->varMobileHistoryMax[0], model->varMobileHistory[0][1][1]);
 }
 
-TEST(History, AnAbandonedSiteFadesAndTheMaximumNeverFallsBelowOne) {
+TEST(History, TheTraceOfALeftSiteFadesAndTheMaximumNeverFallsBelowOne) {
   auto model = makeModel(2, 2, 2);
   fillLattice(*model, 1);
   model->setPixelPersistence(1, 0.5);

@@ -15,7 +15,7 @@ std::unique_ptr<TestModel> modelWithInteraction(int numTypes, int endA, int endB
   return model;
 }
 
-/// What the panel's check box does to an interaction rule.
+/// The effect of the panel's check box on an interaction rule.
 void setDisabled(LatticeModel& model, int rule, bool disabled) {
   model.setRuleDisabled(rule, disabled ? 1 : 0);
   if (disabled)
@@ -63,7 +63,7 @@ TEST(InteractionRules, ADisabledRuleWritesTheBackupAndEnablingCopiesIt) {
   expectBackup(*model, onPair(2, 5, 1.5));
 }
 
-TEST(InteractionRules, ARuleToAnyTypeCoversItsRowAndColumnOfTheTypesInUse) {
+TEST(InteractionRules, ARuleWithAnyTypeCoversItsRowAndColumnOfTheTypesInUse) {
   const auto cross = [](int a, int b) { return (a == 1 && b < 3) || (b == 1 && a < 3) ? 2.0 : 0.0; };
   for (const bool anyIsEndA : {false, true}) {
     auto model = anyIsEndA ? modelWithInteraction(3, kAny, 1) : modelWithInteraction(3, 1, kAny);
@@ -71,7 +71,7 @@ TEST(InteractionRules, ARuleToAnyTypeCoversItsRowAndColumnOfTheTypesInUse) {
     expectActive(*model, cross);
     setDisabled(*model, 0, true);
     expectActive(*model, zero);
-    // The pair of the type with itself is moved in one visit, so nothing of it is lost.
+    // The pair of the type with itself is moved once, so its value is not lost.
     expectBackup(*model, cross);
     setDisabled(*model, 0, false);
     expectActive(*model, cross);
@@ -133,7 +133,7 @@ TEST(InteractionRules, ANewRuleWritesNeitherTable) {
   EXPECT_EQ(model->getPixelIntConstantBCK(0, 1), 6.0);
 }
 
-TEST(InteractionRules, TheFlagAloneMovesNothing) {
+TEST(InteractionRules, SettingTheFlagAloneChangesNoTable) {
   auto model = modelWithInteraction(2, 0, 1);
   model->setInteractionParams(0, 1.0);
   model->setRuleDisabled(0, 1);

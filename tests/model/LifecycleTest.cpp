@@ -92,7 +92,7 @@ TEST(Lifecycle, InitialisingSetsEveryTraceToTheSitesOfItsType) {
   }
 }
 
-TEST(Lifecycle, InitialisingWithTypesClearsTheActivePairEnergiesAloneAndLeavesRowsOfRules) {
+TEST(Lifecycle, InitialisingClearsOnlyTheActivePairEnergiesAndKeepsRowsOfRules) {
   auto model = makeModel(2, 5, 5);
   model->setPixelIntConstant(9, 9, 3.0);
   model->setPixelIntConstant(0, 1, -2.0);
@@ -156,7 +156,7 @@ TEST(Lifecycle, RemakingKeepsTypesRulesAndConstantsButRefillsTheLatticeAndTheTra
   }
 }
 
-TEST(Lifecycle, SitesOutsideTheCornerStayAsTheyAre) {
+TEST(Lifecycle, SitesThatAreNotInUseAreNotChanged) {
   auto model = std::make_unique<TestModel>();
   model->setSiteValue(3, 2, 7);
   model->setSiteValue(2, 3, 8);
@@ -200,7 +200,7 @@ TEST(Lifecycle, TenTypesCanBeAdded) {
   EXPECT_EQ(model->getPixelName(9), "New Pixel");
 }
 
-TEST(Lifecycle, ReinitialisingATraceTouchesThatTypeAlone) {
+TEST(Lifecycle, ReinitialisingATraceChangesOnlyThatType) {
   auto model = makeModel(2, 4, 4);
   fillLattice(*model, 1);
   model->varMobileHistory[0][1][1] = 0.25;

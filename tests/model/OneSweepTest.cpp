@@ -12,7 +12,7 @@ namespace {
 constexpr int kFastest = 1'000'000'000;
 constexpr int kSlowest = 5;
 
-/// A model in which every attempt may do something and every trace has a history.
+/// A model in which every attempt may change something and every trace has a history.
 std::unique_ptr<TestModel> livelyModel(int imax, int jmax) {
   auto model = makeModel(3, imax, jmax);
   model->makeNewRule("flip", kReversibleFlip, 0, 1);
@@ -49,7 +49,7 @@ TEST(OneSweep, MakesOneAttemptMoreThanThereAreSitesAndAsksForOneRedraw) {
   EXPECT_EQ(model->redrawsFromRunLoop, 0);
 }
 
-TEST(OneSweep, RepeatedIsTheRunToTheLastBit) {
+TEST(OneSweep, RepeatedEqualsTheRunToTheLastBit) {
   for (const auto& [imax, jmax] : {std::pair(1, 1), {2, 5}, {7, 7}, {60, 50}, {128, 100}}) {
     const RandomSource start = processRandomSource;
     auto stepped = livelyModel(imax, jmax);
@@ -77,7 +77,7 @@ TEST(OneSweep, IsMadeOnlyWhileTheModelIsStopped) {
   }
 }
 
-TEST(OneSweep, ALoopThatIsStillInItsWaitDoesNotTakeItForARun) {
+TEST(OneSweep, DoesNotRestartALoopThatIsStillInItsWait) {
   auto model = makeModel(2, 64, 64);
   model->setSimulationSpeed(kSlowest);
   std::atomic<bool> ended = false;
@@ -87,7 +87,7 @@ TEST(OneSweep, ALoopThatIsStillInItsWaitDoesNotTakeItForARun) {
   });
   EXPECT_TRUE(waitUntil([&] { return model->redrawsFromRunLoop == 1; })) << "now in its wait";
   model->stopLatticeModel();
-  // Sweep upon sweep: a pause between them would let the loop end there.
+  // Without pauses between the sweeps, in which the loop could end.
   const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(30);
   int sweeps = 0;
   for (; !ended && std::chrono::steady_clock::now() < deadline; ++sweeps) {
@@ -139,7 +139,7 @@ TEST(OneSweep, NeverOverlapsWithASweepThatIsAboutToBegin) {
   }
 }
 
-TEST(LatticeReplaced, IsToldOnceForEachNewLattice) {
+TEST(LatticeReplaced, IsCalledOnceForEachNewLattice) {
   class Watched : public TestModel {
    public:
     int told = 0;

@@ -57,7 +57,7 @@ TEST(RuleTable, AReversibleFlipEntersTheRowsOfBothEnds) {
   EXPECT_THAT(rowOf(*model, 2), ElementsAre(0));
 }
 
-TEST(RuleTable, AReversibleFlipBetweenOverlappingEndsStandsTwice) {
+TEST(RuleTable, AReversibleFlipBetweenOverlappingEndsHasTwoEntries) {
   auto model = makeModel(3, 2, 2);
   model->makeNewRule("same ends", kReversibleFlip, 1, 1);
   EXPECT_THAT(rowOf(*model, 1), ElementsAre(0, 0));
@@ -103,7 +103,7 @@ TEST(RuleTable, DeletingTheFirstOfThreeRenumbersOnlyTheFirstEntry) {
   EXPECT_EQ(model->getRuleName(1), "c");
 }
 
-TEST(RuleTable, DeletionMovesLaterRulesDownButLeavesTheFlagsAtTheirIndex) {
+TEST(RuleTable, DeletionMovesLaterRulesDownButNotTheirFlags) {
   auto model = makeModel(3, 2, 2);
   for (int r = 0; r < 3; ++r) {
     const RuleType types[] = {kSwap, kIrreversibleFlip, kReversibleFlip};
@@ -145,7 +145,7 @@ void expectCleared(const LatticeModel& model, int r) {
   EXPECT_EQ(model.getRuleFacPixel(r), 0);
 }
 
-TEST(RuleTable, DeletingTheLastRuleClearsOnlyItsSlotAndLeavesItsFlags) {
+TEST(RuleTable, DeletingTheLastRuleClearsOnlyItsSlotAndKeepsItsFlags) {
   auto model = makeModel(2, 2, 2);
   model->makeNewRule("first", kSwap, 0, 1);
   model->makeNewRule("second", kSwap, 1, 0);
@@ -174,7 +174,7 @@ TEST(RuleTable, DeletingAnEarlierRuleClearsTheSlotThatTheLastOneLeft) {
   expectCleared(*model, 1);
 }
 
-TEST(RuleTable, TakingARuleOutOfARowMovesTheRestDownAndVacatesTheLastPlace) {
+TEST(RuleTable, RemovingARuleFromARowMovesTheRestDownAndClearsTheLastEntry) {
   auto model = makeModel(1, 2, 2);
   for (int r = 0; r < 3; ++r) model->makeNewRule("r", kSwap, 0, 0);
   model->delRuleFromSiteList(1, 0);
@@ -191,7 +191,7 @@ TEST(RuleTable, TakingARuleOutOfARowMovesTheRestDownAndVacatesTheLastPlace) {
   EXPECT_THAT(rowOf(*model, 0), IsEmpty());
 }
 
-TEST(RuleTable, TakingARuleOutRemovesItsFirstOccurrenceAlone) {
+TEST(RuleTable, RemovingARuleFromARowRemovesOnlyItsFirstOccurrence) {
   auto model = makeModel(1, 2, 2);
   model->makeNewRule("r", kReversibleFlip, 0, 0);
   model->makeNewRule("s", kSwap, 0, 0);
@@ -208,7 +208,7 @@ TEST(RuleTable, RenumberingLowersOneEntryInEachRowInUse) {
   EXPECT_THAT(rowOf(*model, 1), ElementsAre(0, 1, 1, 3));
 }
 
-TEST(RuleTable, RenumberingLeavesTheRowsOfTypesThatAreNotInUse) {
+TEST(RuleTable, RenumberingDoesNotChangeTheRowsOfTypesThatAreNotInUse) {
   auto model = makeModel(2, 2, 2);
   model->makeNewRule("first", kSwap, 0, 1);
   model->makeNewRule("of a type to come", kSwap, 3, 0);
@@ -216,7 +216,7 @@ TEST(RuleTable, RenumberingLeavesTheRowsOfTypesThatAreNotInUse) {
   EXPECT_THAT(rowOf(*model, 3), ElementsAre(1));
 }
 
-TEST(RuleTable, DeletingAnAnyRuleLeavesARowOfATypeAddedLaterAlone) {
+TEST(RuleTable, DeletingAnAnyRuleDoesNotChangeTheRowOfATypeAddedLater) {
   auto model = makeModel(2, 2, 2);
   model->makeNewRule("any", kSwap, kAny, 0);
   model->addPixelType();
@@ -266,7 +266,7 @@ TEST(RuleTable, DeletingAnInteractionZeroesTheCellsOfItsEnds) {
   }
 }
 
-TEST(RuleTable, DeletingARuleOfAnUnknownTypeTouchesNoRowAndNoConstant) {
+TEST(RuleTable, DeletingARuleOfAnUnknownTypeChangesNoRowAndNoConstant) {
   auto model = makeModel(2, 2, 2);
   model->makeNewRule("unknown", 4, 0, 1);
   model->makeNewRule("swap", kSwap, 0, 1);

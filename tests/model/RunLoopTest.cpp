@@ -16,7 +16,7 @@ using Clock = std::chrono::steady_clock;
 constexpr int kFastest = 1'000'000'000;
 constexpr int kSlowest = 5;
 
-/// A model that knows which threads its sweeps come from.
+/// A model that records the threads of its sweeps.
 class ThreadedModel : public LatticeModel {
  public:
   ThreadedModel() {
@@ -45,7 +45,7 @@ class ThreadedModel : public LatticeModel {
   std::set<std::thread::id> threads_;
 };
 
-/// A rule that turns every site of type 0 into type 1 at its first attempt.
+/// A rule that flips every site of type 0 to type 1 at its first attempt.
 void addCertainFlip(LatticeModel& model) {
   model.makeNewRule("flip", kIrreversibleFlip, 0, 1);
   model.setRuleParam(0, 1.0);
@@ -79,7 +79,7 @@ TEST(RunLoop, AnAttemptIsMadeAtTheDrawnColumnThenTheDrawnRow) {
   for (int k = 0; k <= 3 * 200; ++k) {
     const int i = draws.whole(3) - 1;
     const int j = draws.whole(200) - 1;
-    if (expected[i][j]) continue;  // Type 1 has no rule, so nothing more is drawn there.
+    if (expected[i][j]) continue;  // Type 1 has no rule, so there are no more draws.
     expected[i][j] = true;
     draws.real();  // the rule
     draws.real();  // the acceptance
@@ -98,7 +98,7 @@ TEST(RunLoop, ASweepOutsideTheRunningStateAttemptsNothing) {
   }
 }
 
-TEST(RunLoop, WithoutALatticeAndEvenWithARuleNothingIsTried) {
+TEST(RunLoop, WithoutALatticeNoRuleIsDrawn) {
   auto model = std::make_unique<TestModel>();
   addCertainFlip(*model);
   model->varMyState = kRunning;
@@ -273,7 +273,7 @@ TEST(RunLoop, ASpeedBelowFiveWaitsUntilTheSpeedChanges) {
   EXPECT_TRUE(waitUntil([&] { return model->sweepsDone() > 5; })) << "a negative speed gives no wait";
 }
 
-/// Measures the processor time that its loop has used, which nothing else on the machine adds to.
+/// Measures the CPU time of its loop, which other load does not increase.
 class TimedModel : public LatticeModel {
  public:
   TimedModel() {
@@ -292,7 +292,7 @@ class TimedModel : public LatticeModel {
 };
 
 TEST(RunLoop, TheWaitIsARealCountThatShrinksWithTheSpeed) {
-  // Counts to 10^10 / speed: a tenth of the speed makes the wait ten times as long, give or take the noise.
+  // Counts to 10^10 / speed: a tenth of the speed makes the wait ten times as long, within the noise.
   const auto timeOfWaits = [](int speed) {
     auto model = std::make_unique<TimedModel>();
     model->setSimulationSpeed(speed);
@@ -317,7 +317,7 @@ TEST(RunLoop, RunningSweepsMakesExactlyAsManyAndEndsStopped) {
   EXPECT_EQ(model->sweepsDone(), 17);
 }
 
-TEST(RunLoop, SweepsThatLeaveTheTracesAloneMakeTheSameSitesAndDraws) {
+TEST(RunLoop, SweepsWithoutTracesGiveTheSameSitesAndDraws) {
   const auto run = [](Traces traces) {
     processRandomSource = RandomSource();
     auto model = makeModel(3, 20, 20);
@@ -349,7 +349,7 @@ TEST(RunLoop, SweepsThatLeaveTheTracesAloneMakeTheSameSitesAndDraws) {
   EXPECT_EQ(without->varMyState, kStopped);
 }
 
-TEST(RunLoop, SweepsThatLeaveTheTracesAloneObeyAStop) {
+TEST(RunLoop, SweepsWithoutTracesObeyAStop) {
   auto model = makeModel(2, 256, 256);
   std::thread other([&] {
     EXPECT_TRUE(waitUntil([&] { return model->sweepsDone() > 2; }));
@@ -363,7 +363,7 @@ TEST(RunLoop, SweepsThatLeaveTheTracesAloneObeyAStop) {
 }
 
 TEST(RunLoop, RunningSweepsEqualsTheLoopsOwn) {
-  // Both make the same number of draws a sweep, so a loop stopped in its wait stands where runSweeps would.
+  // Both make the same number of draws per sweep, so a loop stopped in its wait has the state of runSweeps.
   auto model = makeModel(2, 30, 30);
   model->setSimulationSpeed(kSlowest);
   Draws draws;

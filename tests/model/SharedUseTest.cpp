@@ -4,14 +4,14 @@
 
 #include "TestModel.h"
 
-// These are run under the thread sanitizer as well, which must report nothing.
+// Also run under the thread sanitizer, which must report nothing.
 namespace quorvane {
 namespace {
 
 constexpr int kAny = kAnyPixelType;
 constexpr int kFastest = 1'000'000'000;
 
-/// One edit that a person could make while a run goes on.
+/// One edit that a user could make during a run.
 void editAtRandom(LatticeModel& model, std::mt19937& random) {
   const auto below = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
   const int numTypes = model.getNumPixelTypes();
@@ -85,7 +85,7 @@ void editAtRandom(LatticeModel& model, std::mt19937& random) {
   }
 }
 
-/// Reads what a frame or a save reads; the sum keeps the reads from being left out.
+/// Reads what a frame or a save reads; the sum keeps the compiler from removing the reads.
 double readEverything(const LatticeModel& model) {
   double sum = model.getWidth() + model.getHeight();
   for (int t = 0; t < model.getNumPixelTypes(); ++t) {
@@ -117,7 +117,7 @@ TEST(SharedUse, EditingPaintingAndReadingWhileTwoLoopsRunKeepsTheModelWhole) {
   std::mt19937 random(1);
   double sum = 0.0;
   int edits = 0;
-  // Edits go on for as long as the loops need for their sweeps, so that both really are at work at once.
+  // Edits continue until the loops have made their sweeps, so that both really work at the same time.
   EXPECT_TRUE(waitUntil([&] {
     for (int k = 0; k < 50; ++k) editAtRandom(*model, random);
     edits += 50;
@@ -133,7 +133,7 @@ TEST(SharedUse, EditingPaintingAndReadingWhileTwoLoopsRunKeepsTheModelWhole) {
   expectTypesBelow(kMaxPixelTypes, *model);
 }
 
-TEST(SharedUse, RemakingAtOtherSizesWhileARunGoesOnKeepsTheModelWhole) {
+TEST(SharedUse, RemakingAtOtherSizesDuringARunKeepsTheModelValid) {
   auto model = makeModel(3, 16, 16);
   model->setSimulationSpeed(kFastest);
   model->makeNewRule("swap", kSwap, kAny, kAny);
@@ -152,7 +152,7 @@ TEST(SharedUse, RemakingAtOtherSizesWhileARunGoesOnKeepsTheModelWhole) {
   expectTypesBelow(3, *model);
 }
 
-TEST(SharedUse, RemakingWithOtherTypesWhileARunGoesOnKeepsTheModelWhole) {
+TEST(SharedUse, RemakingWithOtherTypesDuringARunKeepsTheModelValid) {
   auto model = makeModel(3, 16, 16);
   model->setSimulationSpeed(kFastest);
   model->makeNewRule("flip", kReversibleFlip, kAny, kAny);
@@ -165,7 +165,7 @@ TEST(SharedUse, RemakingWithOtherTypesWhileARunGoesOnKeepsTheModelWhole) {
     EXPECT_EQ(model->varMyState, kStopped);
     EXPECT_EQ(model->getNumPixelTypes(), numTypes);
   }
-  // The last attempt of a sweep that is cut short may still write a type of before.
+  // The last attempt of an interrupted sweep may still write one of the former types.
   model->endRunLoops();
   expectTypesBelow(kMaxPixelTypes, *model);
 }

@@ -11,7 +11,7 @@
 
 namespace quorvane {
 
-/// A model that counts the redraws it is asked for.
+/// A model that counts redraw requests.
 class TestModel : public LatticeModel {
  public:
   TestModel() { awakeFromNib(); }

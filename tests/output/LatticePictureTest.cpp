@@ -13,7 +13,7 @@ namespace {
 using testing::Each;
 using testing::ElementsAre;
 
-/// A lattice of one black type, to which types in other colours can be added.
+/// A lattice of one black type, to which other types can be added.
 std::unique_ptr<LatticeModel> blackLattice(int numTypes, int imax, int jmax) {
   auto model = freshModel();
   model->initializeLatticeModel(numTypes, imax, jmax);
@@ -48,7 +48,7 @@ TEST(LatticePicture, ShowsIFromTheLeftAndJFromTheBottom) {
     EXPECT_THAT(pixelAt(image, x, y), Each(0)) << x << ", " << y;
 }
 
-TEST(LatticePicture, LaterSitesLieOverTheOnePixelThatEarlierOnesReachOver) {
+TEST(LatticePicture, LaterSitesCoverTheOnePixelOverlapOfEarlierOnes) {
   const auto model = blackLattice(2, 3, 3);
   model->setPixelColor(0, 0, 0, 1);
   model->setPixelColor(1, 1, 0, 0);
@@ -103,7 +103,7 @@ TEST(LatticePicture, BlendsTheTypesInOrderByTheirTraces) {
   model->varMobileHistory[1][0][0] = 2.0;
   model->varMobileHistoryMax[1] = 8.0;
   model->varMobileHistory[2][0][0] = 1.0;
-  // Red; a quarter of green over it: 191.25, 63.75; half of blue over that, each step rounded.
+  // Red; a quarter of green over it: 191.25, 63.75; half of blue over that; rounded after each step.
   EXPECT_THAT(pixelAt(drawLattice(*model, 1), 0, 0), ElementsAre(96, 32, 128));
 }
 
@@ -115,11 +115,11 @@ TEST(LatticePicture, RoundsToEightBitsAfterEveryType) {
     model->setPixelAlpha(t, alpha);
     model->varMobileHistory[t][0][0] = 1.0;
   }
-  // Together they would give 1.2, one by one each gives nothing.
+  // Together they would give 1.2; one by one, each rounds to nothing.
   EXPECT_THAT(pixelAt(drawLattice(*model, 1), 0, 0), Each(0));
 }
 
-TEST(LatticePicture, HoldsColoursAndAlphasWithinTheirRange) {
+TEST(LatticePicture, ClampsColoursAndAlphas) {
   const auto model = blackLattice(1, 1, 1);
   model->setPixelColor(0, 7.0, -3.0, std::numeric_limits<double>::quiet_NaN());
   model->setPixelAlpha(0, 9.0);

@@ -7,7 +7,7 @@
 namespace quorvane {
 namespace {
 
-/// True if the rectangle of a column or row lies over the middle of a pixel.
+/// True if the rectangle of a column or row covers the centre of a pixel.
 bool covers(int site, int pixel, int scale) {
   const double middle = pixel + 0.5, corner = static_cast<double>(site) * scale;
   const bool gaps = scale > 8;

@@ -18,7 +18,7 @@ Image gradient(int width, int height) {
   return image;
 }
 
-/// The bytes that the library's interface for whole pictures gives, which knows no text fields.
+/// The bytes from libpng's simplified interface, which has no text fields.
 std::string encodedWhole(const Image& image) {
   png_image png = {};
   png.version = PNG_IMAGE_VERSION;
@@ -48,7 +48,7 @@ TEST(Png, OfTheSameImageHasTheSameBytes) {
   EXPECT_EQ(encodePng(gradient(20, 30)), encodePng(gradient(20, 30)));
 }
 
-TEST(Png, WithoutTextsHasTheBytesOfTheLibrarysInterfaceForWholePictures) {
+TEST(Png, WithoutTextsHasTheBytesOfTheLibrarysSimplifiedInterface) {
   for (const auto& [width, height] : {std::pair(1, 1), {1, 7}, {256, 3}, {61, 97}, {1024, 700}}) {
     const Image image = gradient(width, height);
     EXPECT_EQ(encodePng(image), encodedWhole(image)) << width << " x " << height;

@@ -29,7 +29,7 @@ TEST(PopulationTable, CountsTheSitesOfEachType) {
   EXPECT_EQ(table.csv(), "sweep,\"a\",\"b\",\"c\"\n0,1,0,3\n5000000000,0,1,3\n");
 }
 
-TEST(PopulationTable, TakesCountsThatWereMadeBefore) {
+TEST(PopulationTable, AddsARowOfGivenCounts) {
   const auto model = twoByTwo();
   PopulationTable table(*model);
   const SiteCounts counts = countSites(*model);

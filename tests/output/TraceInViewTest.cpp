@@ -17,7 +17,7 @@ Image imageOf(const QImage& frame) {
   return image;
 }
 
-/// The lattice moves on by a site a sweep, and its traces stay behind.
+/// The pattern moves by one site per sweep and leaves traces behind.
 void runSome(LatticeModel& model) {
   for (int t = 0; t < model.getNumPixelTypes(); ++t) model.setPixelPersistence(t, 0.5 + 0.1 * t);
   for (int shift = 1; shift <= 6; ++shift) {
@@ -38,15 +38,15 @@ TEST(TraceInView, OfEachTypeIsTheFrameWithEveryOtherTypeTransparent) {
       for (int t = 0; t < numTypes; ++t) view->setPixelAlpha(t, t == shown ? 0.8 : 0.0);
       const Image frame = imageOf(gui::frameOf(*view));
       for (int t = 0; t < numTypes; ++t) view->setPixelAlpha(t, 0.8);
-      // Drivers blend in whole numbers of their own kind, so each layer may differ by one; up to four of a
-      // type's rectangles overlap.
+      // Drivers blend with their own integer arithmetic, so each layer may differ by one; up to four
+      // rectangles of a type overlap.
       EXPECT_LE(largestDifference(frame, drawTrace(*view, shown, scale)), 4)
           << "type " << shown << " at " << scale << " pixels a site";
     }
   }
 }
 
-TEST(TraceInView, IsWhatTheLiteralBlendSays) {
+TEST(TraceInView, EqualsTheLiteralBlend) {
   constexpr int imax = 31, jmax = 23, numTypes = 4;
   for (const int scale : {1, 4, 10}) {
     auto view = shownView(imax * scale, jmax * scale);

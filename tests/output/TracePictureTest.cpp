@@ -12,8 +12,8 @@ namespace {
 
 using testing::Each;
 
-/// A lattice with a history: every type with a colour, transparency and persistence of its own, after some
-/// sweeps of sites that change at random.
+/// A lattice with a history: types with different colours, opacities and persistences, after some sweeps in
+/// which sites change at random.
 std::unique_ptr<LatticeModel> latticeWithTraces(int numTypes, int imax, int jmax, unsigned seed) {
   auto model = freshModel();
   model->initializeLatticeModel(numTypes, imax, jmax);
@@ -48,7 +48,7 @@ Image panelOf(const Image& all, int panel, int width) {
 TEST(TracePicture, OfTheLatticeIsTheLiteralBlendOfAllTypes) {
   for (const int scale : {1, 3, 8, 9, 12}) {
     const auto model = latticeWithTraces(6, 17, 11, 3);
-    // Single precision may round a component of a layer the other way.
+    // Single precision may round a component of a layer differently.
     EXPECT_LE(largestDifference(drawLattice(*model, scale), literalBlend(*model, 0, 6, scale)), 1) << scale;
   }
 }
@@ -62,7 +62,7 @@ TEST(TracePicture, OfATypeIsTheLiteralBlendOfThatTypeAlone) {
   }
 }
 
-TEST(TracePicture, OfATypeIsWhatIsSeenWhereTheOthersAreTransparent) {
+TEST(TracePicture, OfATypeIsThePictureWithTheOthersTransparent) {
   const auto model = latticeWithTraces(4, 9, 9, 5);
   const Image trace = drawTrace(*model, 2, 5);
   for (const int t : {0, 1, 3}) model->setPixelAlpha(t, 0.0);
@@ -93,7 +93,7 @@ TEST(TracePicture, FadesByThePersistenceOfItsType) {
   for (int t = 0; t < 2; ++t) model->reinitHistory(t);
   model->setSiteValue(0, 0, 0);
   model->updateHistory();
-  // Left site: 0.5; stayed site: 1.5, the largest.
+  // The left site has 0.5; the site that stayed has 1.5, the largest.
   const Image trace = drawTrace(*model, 1, 1);
   EXPECT_THAT(pixelAt(trace, 0, 0), Each(255));
   EXPECT_THAT(pixelAt(trace, 0, 1), Each(85));

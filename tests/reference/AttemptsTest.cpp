@@ -42,7 +42,7 @@ TEST_P(RandomRuleTables, EqualTheReferenceDrawForDrawAndSiteForSite) {
       for (int j = 0; j < size.jmax; j += 1 + size.jmax / 4) ASSERT_EQ(both.compareQueriesAt(i, j), "");
     if (both.changes() > 0) ++active;
   }
-  // Equality would mean little if the tables did not move anything. On a single site few can.
+  // The comparison would be weak if the tables changed nothing. On a single site few can.
   EXPECT_GE(active, 50);
 }
 

@@ -10,7 +10,7 @@ namespace {
 
 using ::testing::ElementsAre;
 
-/// What a process of its own prints, as numbers.
+/// The numbers that a separate process prints.
 std::vector<double> firstDraws(const std::string& of, int count) {
   const std::string command = "'" FIRST_DRAWS "' " + of + " " + std::to_string(count);
   std::FILE* output = popen(command.c_str(), "r");
@@ -27,19 +27,19 @@ TEST(FreshProcess, DrawsTheSameThreeValuesFirst) {
               ElementsAre(0.32136549381539226, 0.84746248042210937, 0.35341121396049857));
 }
 
-TEST(FreshProcess, DrawsTheSameWhileAnotherThreadDrawsFromTheCLibrary) {
+TEST(FreshProcess, DrawsTheSameNumbersWhileAnotherThreadDrawsFromTheCLibrary) {
   const auto undisturbed = firstDraws("engine", 1000);
   constexpr int starts = 20;
   for (int start = 0; start < starts; ++start) ASSERT_EQ(firstDraws("disturbed", 1000), undisturbed);
 }
 
-TEST(FreshProcess, DrawsWhatAnotherFreshProcessDraws) {
+TEST(FreshProcess, DrawsTheSameNumbersAsAnotherFreshProcess) {
   const auto draws = firstDraws("engine", 10'000);
   ASSERT_EQ(draws.size(), 10'000u);
   EXPECT_EQ(draws, firstDraws("engine", 10'000));
 }
 
-TEST(FreshProcess, DrawsWhatSeedingTheCLibraryGivesThroughTheTable) {
+TEST(FreshProcess, EqualsTheSeededCLibraryThroughTheShuffleTable) {
   const auto draws = firstDraws("engine", 10'000);
   ASSERT_EQ(draws.size(), 10'000u);
   EXPECT_EQ(draws, firstDraws("reference", 10'000));

@@ -85,7 +85,7 @@ TEST(Functions, EnergiesAndCountsEqualTheReferenceAtEverySiteOfAwkwardLattices) 
         for (int j = 0; j < size.jmax; j += step) {
           ASSERT_EQ(both.compareQueriesAt(i, j), "") << size.imax << " by " << size.jmax << ", seed " << seed;
         }
-      // Nothing of what was asked may stay behind in the lattice.
+      // Trial values must not stay in the lattice.
       ASSERT_EQ(both.compareLattices(), "");
     }
 }

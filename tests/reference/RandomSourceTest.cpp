@@ -33,7 +33,7 @@ struct Congruential {
 
 double real(RandomSource& source) { return source.next() / RandomSource::maxran; }
 
-TEST(RandomSource, EqualsTheSeededCLibraryThroughTheTableForTwelveMillionDraws) {
+TEST(RandomSource, EqualsTheSeededCLibraryThroughTheShuffleTableForTwelveMillionDraws) {
   reference::restartSources();
   ASSERT_TRUE(processRandomSource.drawsItself());
   for (int k = 0; k < 12'000'000; ++k) ASSERT_EQ(fRandReal(), reference::fRandReal()) << "draw " << k;
@@ -53,7 +53,7 @@ TEST(RandomSource, KeepsItsSequenceWhenOtherCodeSeedsAndDrawsFromTheCLibrary) {
   }
 }
 
-TEST(RandomSource, StartsTheSameWhateverOtherCodeHasDrawnBefore) {
+TEST(RandomSource, StartsWithTheSameDrawsWhateverOtherCodeHasDrawnBefore) {
   RandomSource first;
   const auto expected = first.next();
   std::srand(4711);
@@ -94,7 +94,7 @@ TEST(RandomSource, SeedsAnotherPlatformsGeneratorWithTenAndNeverAfterTheFirstDra
   EXPECT_EQ(Ours::seedings, seedings);
 }
 
-/// The C library's sequence up to some value, and one that differs by a bit from there on.
+/// The C library's sequence up to some value; from there on one bit differs.
 struct LateDifference {
   static inline int drawn = 0;
   static void srand(unsigned seed) {
@@ -118,7 +118,7 @@ TEST(RandomSource, EveryValueSelectsTheSlotThatRealArithmeticSelects) {
   };
   constexpr std::uint32_t values = 1u << 31;
   for (std::uint32_t y = 0; y < values; y += 1009) expectSame(y);
-  // Around every value where the slot changes.
+  // Around every value at which the slot changes.
   for (std::uint64_t slot = 1; slot < 97; ++slot) {
     const auto edge = static_cast<std::uint32_t>(slot * values / 97);
     for (std::uint32_t y = edge - 2; y <= edge + 2; ++y) expectSame(y);
@@ -145,7 +145,7 @@ TEST(RandomSource, TwoThreadsDrawingAtOnceStayInRange) {
   EXPECT_EQ(outside, 0);
 }
 
-TEST(RandomSource, DrawsAValidSequenceAfterTwoThreadsHaveDisturbedIt) {
+TEST(RandomSource, DrawsAreStillUniformAfterTwoThreadsHaveDrawnAtOnce) {
   fRandReal();
   std::thread other([] {
     for (int k = 0; k < 500'000; ++k) fRandReal();

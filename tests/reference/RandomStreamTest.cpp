@@ -15,10 +15,11 @@ namespace {
 
 using Stream = RandomSource::Stream;
 
-TEST(RandomStream, DrawsWhatSingleDrawsWould) {
+TEST(RandomStream, EqualsSingleDraws) {
   reference::restartSources();
   Stream stream(processRandomSource);
-  // Every number of draws between two makeRooms, so that the words move at every distance from their end.
+  // Every number of draws between two makeRooms, so that the words are moved at every distance from their
+  // end.
   for (int k = 0; k < 1'000'000; ++k) {
     stream.makeRoom();
     for (int draws = k % (static_cast<int>(Stream::kRoom) + 1); draws > 0; --draws)
@@ -37,7 +38,7 @@ TEST(RandomStream, DrawsWholeNumbersAsFRandIntDoes) {
     }
 }
 
-TEST(RandomStream, LeavesTheSourceWhereItsDrawsHaveLed) {
+TEST(RandomStream, StoresItsPositionInTheSourceAtItsEnd) {
   reference::restartSources();
   for (int k = 0; k < 2000; ++k) {
     {
@@ -88,7 +89,7 @@ TEST(RandomStream, TwoAtOnceAndSingleDrawsStayInRange) {
   first.join();
   second.join();
   EXPECT_EQ(outside, 0);
-  // And what is left is still a source of even draws: five standard deviations of the mean.
+  // The source still draws uniformly: within five standard deviations of the mean.
   double sum = 0.0;
   constexpr int draws = 1'000'000;
   for (int k = 0; k < draws; ++k) sum += fRandReal();

@@ -34,7 +34,7 @@ class Swept {
     sweeper_.sweep(state_, kGoing);
   }
 
-  /// Gives both sides what another system holds, as edits would.
+  /// Copies another system into both sides, as edits would.
   void become(const System& other) {
     *plain_ = other;
     reference::copyTo(*engine_, other);
@@ -79,7 +79,7 @@ TEST_P(SweptTables, EqualTheReferenceOnRandomRuleTables) {
                             std::span(&both.plain().lattice[0][0], 65536)))
       ++active;
   }
-  // Equality would mean little if the tables did not move anything. On a single site few can.
+  // The comparison would be weak if the tables changed nothing. On a single site few can.
   EXPECT_GE(active, 10);
 }
 
@@ -88,12 +88,12 @@ INSTANTIATE_TEST_SUITE_P(Sizes, SweptTables, testing::ValuesIn(reference::awkwar
                            return std::to_string(size.param.imax) + "by" + std::to_string(size.param.jmax);
                          });
 
-TEST(Sweeper, FollowsEveryChangeMadeBetweenSweeps) {
+TEST(Sweeper, UsesEveryChangeMadeBetweenSweeps) {
   reference::restartSources();
   Swept both(reference::randomSystem({13, 11}, 1));
   for (std::uint64_t seed = 0; seed < 400; ++seed) {
-    // Rules, energies, flags, types and the size change under one sweeper, over sizes that are wide and
-    // narrow.
+    // Rules, energies, flags, types and the size change between sweeps of one sweeper, over wide and narrow
+    // sizes.
     const auto sizes = reference::awkwardSizes();
     both.become(*reference::randomSystem(sizes[seed * 7 % 22], 9000 + seed));
     both.sweep();
@@ -102,8 +102,8 @@ TEST(Sweeper, FollowsEveryChangeMadeBetweenSweeps) {
   }
 }
 
-TEST(Sweeper, KeepsWhatItRemembersOfOtherEnergies) {
-  // More energy differences than are remembered at once, few in each sweep, many over all of them.
+TEST(Sweeper, EqualsTheReferenceWithMoreEnergyDifferencesThanTheCacheHolds) {
+  // Few differences in each sweep, more over all of them than the cache holds.
   reference::restartSources();
   const auto cases = reference::typicalCases();
   auto system = cases[1].make();
@@ -118,7 +118,7 @@ TEST(Sweeper, KeepsWhatItRemembersOfOtherEnergies) {
   }
 }
 
-TEST(Sweeper, MakesNoAttemptInAnotherState) {
+TEST(Sweeper, MakesNoAttemptUnlessTheStateIsRunning) {
   reference::restartSources();
   Swept both(reference::randomSystem({13, 11}, 1));
   const Relaxed<std::int32_t> stopped = 1;
@@ -126,8 +126,8 @@ TEST(Sweeper, MakesNoAttemptInAnotherState) {
   EXPECT_EQ(both.difference(), "");
 }
 
-TEST(Sweeper, LooksAtTheStateBeforeEveryAttempt) {
-  // A site is the state: the sweep ends with the attempt that turns it over.
+TEST(Sweeper, ReadsTheStateBeforeEveryAttempt) {
+  // A site is the state, so the sweep ends with the attempt that flips it.
   reference::restartSources();
   auto system = std::make_unique<System>();
   system->imax = system->jmax = 10;

@@ -19,7 +19,7 @@ using reference::assign;
 using reference::System;
 using Limits = std::numeric_limits<double>;
 
-/// A model and the plain arrays that are to stay equal to it, with odd traces to start from.
+/// A model, and the plain arrays that must stay equal to it, starting with irregular traces.
 class Both {
  public:
   explicit Both(std::unique_ptr<System> system)
@@ -131,7 +131,7 @@ INSTANTIATE_TEST_SUITE_P(Odd, Persistences,
                          testing::Values(0.0, -0.0, 0.25, 0.5, 0.9, 0.999, 1.0, 1.5, -0.5, 1e-200, 5e-324,
                                          Limits::quiet_NaN(), Limits::infinity()));
 
-/// Long enough for a trace that nothing feeds to fall through all numbers to where it stays.
+/// Long enough for a trace without additions to decay through the denormal numbers to its fixed point.
 TEST(Sweeps, TracesOfVanishedTypesDecayAsTheReferenceDoes) {
   for (const double persistence : {0.5, 0.9, 0.95}) {
     reference::restartSources();

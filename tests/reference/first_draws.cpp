@@ -13,7 +13,7 @@ void print(double (*draw)(), int count) {
   for (int k = 0; k < count; ++k) std::printf("%.17g\n", draw());
 }
 
-/// The engine's draws, while another thread draws from the C library all the time.
+/// The engine's draws while another thread draws from the C library.
 void printDisturbed(int count) {
   std::atomic<bool> draws{false}, ended{false};
   std::thread other([&] {

@@ -22,8 +22,8 @@ std::string seedsGivenBy(const std::string& command) {
   return contentOf(log);
 }
 
-// Other threads, of a graphics driver for example, may use the C library's generator later on. A look at it
-// that waits for the first draw would have to tell their draws from its own. These runs end before any draw.
+// Other threads, such as those of a graphics driver, may use the C library's generator later. Comparing it
+// only at the first draw could mix their draws with its own. These runs end before any draw.
 
 TEST(PlatformLook, IsTheRunnersFirstAct) {
   EXPECT_EQ(seedsGivenBy("'" QUORVANE_BATCH "' --version"), "10\n");

@@ -1,5 +1,5 @@
-// Preloaded into a program, writes each seed that the program gives to srand into the file that SRAND_LOG
-// names.
+// Preloaded into a program, writes each seed that the program passes to srand into the file named by
+// SRAND_LOG.
 
 #include <cstdio>
 #include <cstdlib>

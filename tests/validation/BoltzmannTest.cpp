@@ -33,7 +33,7 @@ class SmallSystemTest : public ValidationTest, public testing::WithParamInterfac
 
 class BoltzmannWeights : public SmallSystemTest {
  protected:
-  /// How often each configuration stands after a sweep.
+  /// The share of sweeps that end in each configuration.
   Blocks frequencies() const {
     constexpr int numBlocks = 100, sweepsPerBlock = 40'000, warmUp = 1000;
     const auto model = modelOf(system);
@@ -52,7 +52,7 @@ class BoltzmannWeights : public SmallSystemTest {
     return std::inner_product(energies.begin(), energies.end(), probabilities.begin(), 0.0);
   }
 
-  /// Of the frequencies' deviations, the one farthest from 0.
+  /// The largest deviation among the frequencies.
   double farthestDeviation(const Blocks& blocks, Blocks::Means exact) const {
     double farthest = 0.0;
     for (int k = 0; k < all.count(); ++k) {
@@ -99,8 +99,8 @@ INSTANTIATE_TEST_SUITE_P(Systems, BoltzmannWeights, testing::ValuesIn(smallSyste
 
 class ChainOfFlips : public BoltzmannWeights {};
 
-/// A type with two rules uses each half as often, so it is held twice as long.
-TEST_P(ChainOfFlips, HoldsTheTypeOfTwoRulesTwiceAsLong) {
+/// A type with two rules uses each half as often, so it occurs twice as often.
+TEST_P(ChainOfFlips, HoldsATypeWithTwoRulesTwiceAsOften) {
   std::vector<double> withoutRows;
   double sum = 0.0;
   for (int k = 0; k < all.count(); ++k) {

@@ -51,7 +51,7 @@ double effectiveEnergy(const System& system, const Configuration& configuration)
       for (int dir = 1; dir <= kNumDirections; ++dir) {
         const Site n = neighbourOf(system, {i, j}, dir);
         const bool itself = n.i == i && n.j == j;
-        // A bond of two sites is met from both.
+        // Each bond of two sites is visited from both.
         energy += system.J[type][at(system, configuration, n)] / (itself ? 2 : 4);
       }
     }

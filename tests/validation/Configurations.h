@@ -6,7 +6,7 @@
 
 namespace quorvane::validation {
 
-/// The pixel type of every site of a small lattice; (i, j) stands at i * jmax + j.
+/// The pixel type of every site of a small lattice; (i, j) is at i * jmax + j.
 using Configuration = std::vector<int>;
 
 struct Site {
@@ -28,13 +28,12 @@ class Configurations {
   int imax_, jmax_, types_, count_;
 };
 
-/// The site that one step in direction dir, 1 to 8, leads to.
+/// The neighbouring site in direction dir, 1 to 8.
 Site neighbourOf(const System& system, Site site, int dir);
 int at(const System& system, const Configuration& configuration, Site site);
 
-/// The energy whose changes flips and swaps weigh where the pair energies of both orders are the same: half
-/// of J for every bond, the whole of it for a bond of a site with itself counted half as often as directions
-/// lead there, and the fields.
+/// The energy H of a configuration, for symmetric pair energies: J/2 for every bond of two sites, the fields,
+/// and for a site that is its own neighbour J/2 for each direction that leads back to it.
 double effectiveEnergy(const System& system, const Configuration& configuration);
 
 }  // namespace quorvane::validation

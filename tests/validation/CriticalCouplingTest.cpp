@@ -12,13 +12,13 @@ namespace {
 /// Luijten, Blöte and Bakker, Phys. Rev. E 54, 4626, 1996.
 constexpr double kPublished = 0.1901926807;
 
-/// Couplings that a run at the middle one is reweighted to (Ferrenberg and Swendsen, Phys. Rev. Lett. 61,
-/// 2635, 1988).
+/// The couplings to which a run at the middle one is reweighted (Ferrenberg and Swendsen, Phys. Rev. Lett.
+/// 61, 2635, 1988).
 constexpr double kSpacing = 0.001;
 constexpr double kCouplings[] = {kPublished - kSpacing, kPublished, kPublished + kSpacing};
 constexpr int kNumCouplings = 3;
 
-/// The means of a weight, of m^2 and of m^4 for one coupling, and after them the mean number of bonds.
+/// The means of the weight, of m^2 and of m^4 for each coupling, followed by the mean number of bonds.
 constexpr int kWeight = 0, kM2 = 1, kM4 = 2, kPerCoupling = 3;
 constexpr int kBonds = kPerCoupling * kNumCouplings, kNumMeans = kBonds + 1;
 
@@ -29,7 +29,7 @@ double cumulant(Blocks::Means means, int coupling) {
   return 1 - mean(kM4) * mean(kWeight) / (3 * mean(kM2) * mean(kM2));
 }
 
-/// Flips of two types that cost 4 K for each bond between unlike ones, half of which counts: 2 K.
+/// Flips between two types with J = 4 K between unlike ones, which counts half: 2 K.
 System isingLattice(int L, double K) {
   System system{L, L, 2, {{kReversibleFlip, 0, 1}}};
   setPairEnergy(system, 0, 1, 4 * K);
@@ -76,7 +76,7 @@ Blocks measure(const Run& run) {
   System system = isingLattice(run.L, kPublished);
   if (run.swapsToo) system.rules.push_back({kSwap, kAnyPixelType, kAnyPixelType});
   const auto model = modelOf(system);
-  const double middle = run.L * run.L * 2.0;  // Near the mean of the bonds, so that weights stay near 1.
+  const double middle = run.L * run.L * 2.0;  // Near the mean of the bonds, to keep weights near 1.
   Blocks blocks(kNumMeans, run.samplesPerBlock);
   const int samples = numBlocks * run.samplesPerBlock, warmUp = samples / 20;
   for (int sample = -warmUp; sample < samples; ++sample) {
@@ -122,7 +122,7 @@ INSTANTIATE_TEST_SUITE_P(Sizes, IsingLattice,
 
 class CriticalCoupling : public ValidationTest {
  protected:
-  /// Where the cumulants of two runs cross, each known at the three couplings.
+  /// The crossing of the cumulants of two runs, each known at the three couplings.
   static double crossing(const std::array<double, kNumCouplings>& small,
                          const std::array<double, kNumCouplings>& large) {
     std::array<double, kNumCouplings> difference{};
@@ -147,7 +147,7 @@ class CriticalCoupling : public ValidationTest {
     return values;
   }
 
-  /// The two runs have nothing in common, so their errors add up as squares.
+  /// The two runs are independent, so their errors add in quadrature.
   static Estimate crossing(const Blocks& small, const Blocks& large) {
     const auto ofSmall = cumulants(small), ofLarge = cumulants(large);
     const Estimate bySmall =

@@ -34,7 +34,7 @@ Vector solve(const Square& m, const Vector& right) {
   return solution;
 }
 
-/// The sum of three powers of L that has the values at the three sizes.
+/// The sum of three powers of L with given values at the three sizes.
 Vector amplitudes(const Vector& exponents, const Vector& values) {
   Square powers{};
   for (std::size_t row = 0; row < 3; ++row)
@@ -80,7 +80,7 @@ double CumulantScaling::curvature(double L) const { return sumOfPowers(kOfCurvat
 double CumulantScaling::crossing(double L1, double L2) const {
   const double difference = cumulant(L2) - cumulant(L1);
   const double slopes = slope(L2) - slope(L1), curvatures = curvature(L2) - curvature(L1);
-  // The root that goes over into -difference / slopes where there is no curvature.
+  // The root that tends to -difference / slopes as the curvature vanishes.
   return criticalCoupling_ -
          2 * difference / (slopes + std::sqrt(slopes * slopes - 2 * curvatures * difference));
 }

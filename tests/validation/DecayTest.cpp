@@ -8,7 +8,7 @@ namespace {
 
 class Decay : public ValidationTest {
  protected:
-  /// The share of a type after some numbers of sweeps from a lattice full of type 0, in runs of their own.
+  /// The share of a type after some numbers of sweeps from a lattice full of type 0, in independent runs.
   static std::vector<Estimate> shareOfType(int type, const System& system, const std::vector<int>& times,
                                            int runs) {
     constexpr int numBlocks = 100;
@@ -28,7 +28,7 @@ class Decay : public ValidationTest {
     return shares;
   }
 
-  /// What is left after some sweeps of a share that each attempt at a site lowers by the rate.
+  /// The share left after some sweeps if each attempt at a site reduces it by the rate.
   static double left(const System& system, double rate, int sweeps) {
     return std::pow(1 - rate / system.sites(), sweeps * system.attemptsPerSweep());
   }
@@ -64,14 +64,14 @@ TEST_F(Decay, OnALargeLatticeIsExponential) {
 TEST_F(Decay, OfTwoRulesIsSharedByTheirParameters) {
   const System system{4, 4, 3, {{kIrreversibleFlip, 0, 1, 0.6}, {kIrreversibleFlip, 0, 2, 0.2}}};
   const auto shares = shareOfType(1, system, {2}, 400'000);
-  // A site uses each of its rules half as often.
+  // A site uses each of its two rules half as often.
   expectAgreement("4 × 4, p = 0.6 and 0.2, product of the first, after 2 sweeps", shares[0],
                   0.75 * (1 - left(system, 0.4, 2)));
   expectRejection("4 × 4, p = 0.6 and 0.2, if each rule were tried in every attempt", shares[0],
                   0.75 * (1 - left(system, 0.8, 2)));
 }
 
-TEST_F(Decay, ToAnyTypeIsSlowedByTheCurrentOne) {
+TEST_F(Decay, ToAnyTypeIsSlowerSinceTheCurrentTypeMayBeDrawn) {
   const System system{4, 4, 3, {{kIrreversibleFlip, 0, kAnyPixelType, 0.3}}};
   const auto shares = shareOfType(0, system, {4}, 400'000);
   expectAgreement("4 × 4, to any of three types, p = 0.3, after 4 sweeps", shares[0],

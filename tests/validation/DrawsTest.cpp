@@ -64,7 +64,7 @@ TEST_F(Draws, FallEquallyOftenIntoTheCellsOfASquareAndACube) {
 }
 
 TEST_F(Draws, ChooseEverySiteEquallyOften) {
-  // Each attempt at a site moves its type on by one, so a lattice shows where the attempts of a sweep were.
+  // Each attempt at a site increases its type by one, so the lattice counts the attempts of a sweep.
   System system{5, 3, 10, {}};
   for (int type = 0; type < 10; ++type) system.rules.push_back({kIrreversibleFlip, type, (type + 1) % 10});
   const auto model = modelOf(system);
@@ -76,7 +76,7 @@ TEST_F(Draws, ChooseEverySiteEquallyOften) {
     for (int site = 0; site < 15; ++site)
       attempts[static_cast<std::size_t>(site)] += model->getSiteValue(site / 3, site % 3);
   }
-  // A site tried ten times shows 0. That is rare, and rarer than an error of these counts.
+  // A site tried ten times shows 0, which is rarer than the error of these counts.
   ChiSquared sites;
   sites.addUniform(attempts);
   expectAgreement("sites of a sweep on 5 × 3", sites);
@@ -105,7 +105,7 @@ TEST_F(Draws, ChooseEveryDirectionEquallyOften) {
   expectAgreement("directions of a swap", chiSquared);
 }
 
-/// How often a site of type 0 becomes each type by one attempt.
+/// How often one attempt turns a site of type 0 into each type.
 std::vector<std::int64_t> outcomesOfAttempts(const System& system, int attempts) {
   const auto model = modelOf(system);
   std::vector<std::int64_t> outcomes(static_cast<std::size_t>(system.types));
@@ -141,23 +141,23 @@ TEST_F(Draws, ChooseEveryEnabledRuleEquallyOften) {
                   chiSquaredOf(outcomesOfAttempts(system, kAttempts), {0, 0, .25, .25, 0, 0, .25, .25}));
 }
 
-TEST_F(Draws, ChooseARuleThatStandsTwiceInARowTwiceAsOften) {
+TEST_F(Draws, ChooseARuleWithTwoEntriesInARowTwiceAsOften) {
   const System system{3, 3, 3, {{kReversibleFlip, 0, kAnyPixelType}, {kIrreversibleFlip, 0, 1}}};
   const auto outcomes = outcomesOfAttempts(system, kAttempts);
-  // The flip between 0 and any type gives each of three types, 0 among them, in two of three attempts.
+  // The flip between 0 and any type gives one of three types, 0 among them, in two of three attempts.
   expectAgreement("a flip with an end of any type beside another rule",
                   chiSquaredOf(outcomes, {2.0 / 9, 2.0 / 9 + 1.0 / 3, 2.0 / 9}));
   expectRejection("a flip with an end of any type, if it stood in the row once",
                   chiSquaredOf(outcomes, {1.0 / 6, 1.0 / 6 + 1.0 / 2, 1.0 / 6}));
 }
 
-TEST_F(Draws, ChooseEveryTypeEquallyOftenTheCurrentOneToo) {
+TEST_F(Draws, ChooseEveryTypeEquallyOftenIncludingTheCurrentOne) {
   const System system{3, 3, 5, {{kIrreversibleFlip, 0, kAnyPixelType}}};
   const auto outcomes = outcomesOfAttempts(system, kAttempts);
   expectAgreement("a flip to any of five types", chiSquaredOf(outcomes, {.2, .2, .2, .2, .2}));
 }
 
-TEST_F(Draws, PassAParameterAsOftenAsItSays) {
+TEST_F(Draws, AcceptWithTheProbabilityOfTheParameter) {
   const System system{3, 3, 2, {{kIrreversibleFlip, 0, 1, 0.3}}};
   const auto outcomes = outcomesOfAttempts(system, kAttempts);
   expectAgreement("a flip of parameter 0.3", share(outcomes[1], kAttempts, 0.3), 0.3);

@@ -8,7 +8,7 @@
 namespace quorvane::validation {
 namespace {
 
-/// What can be said without a draw. Energies here are multiples of 1/8 and their sums are exact, so energies
+/// Exact statements, without draws. Energies here are multiples of 1/8 and their sums are exact, so energies
 /// are compared bit for bit.
 class ExactWeights : public testing::TestWithParam<SmallSystem> {
  protected:
@@ -36,7 +36,7 @@ TEST_P(ExactWeights, EnergyOfASiteIsHalfTheSumOverEightDirections) {
   }
 }
 
-TEST_P(ExactWeights, FlipsWeighTheChangeOfTheEffectiveEnergy) {
+TEST_P(ExactWeights, FlipsUseTheChangeOfTheTotalEnergy) {
   int others = 0;
   for (int number = 0; number < all.count(); ++number) {
     all.write(number, *model);
@@ -59,7 +59,7 @@ TEST_P(ExactWeights, FlipsWeighTheChangeOfTheEffectiveEnergy) {
   EXPECT_EQ(others > 0, GetParam().lopsided) << others;
 }
 
-TEST_P(ExactWeights, SwapsWeighTheChangeOfTheEffectiveEnergy) {
+TEST_P(ExactWeights, SwapsUseTheChangeOfTheTotalEnergy) {
   int others = 0;
   for (int number = 0; number < all.count(); ++number) {
     const Configuration before = all.at(number);
@@ -84,9 +84,9 @@ TEST_P(ExactWeights, SwapsWeighTheChangeOfTheEffectiveEnergy) {
   EXPECT_EQ(others > 0, GetParam().lopsided) << others;
 }
 
-/// The documented rule, as a matrix of exact probabilities, has the derived weights as its stationary
-/// distribution and balances them in detail.
-TEST_P(ExactWeights, AreBalancedInDetailByTheDocumentedRule) {
+/// The transition matrix of the documented rules has the derived weights as its stationary distribution and
+/// satisfies detailed balance with them.
+TEST_P(ExactWeights, SatisfyDetailedBalanceUnderTheDocumentedRules) {
   const TransitionMatrix matrix(system);
   const int start = all.numberOf(GetParam().start);
   const auto reachable = matrix.reachableFrom(start);
@@ -106,7 +106,7 @@ TEST_P(ExactWeights, AreBalancedInDetailByTheDocumentedRule) {
     EXPECT_LT(worst, 1e-12);
 }
 
-TEST_P(ExactWeights, AreWhereTheDocumentedRuleLeads) {
+TEST_P(ExactWeights, AreTheLimitOfTheDocumentedRules) {
   const TransitionMatrix matrix(system);
   const int start = all.numberOf(GetParam().start);
   const auto weights = derivedProbabilities(GetParam(), matrix.reachableFrom(start));
@@ -123,13 +123,13 @@ TEST_P(ExactWeights, AreWhereTheDocumentedRuleLeads) {
 INSTANTIATE_TEST_SUITE_P(Systems, ExactWeights, testing::ValuesIn(smallSystems()),
                          [](const auto& one) { return one.param.name; });
 
-/// How often directions lead from one site to another, as the page has it.
+/// How often directions lead from one site to another, as in the page's table.
 struct BondCount {
   int imax, jmax;
   int alongI, alongJ, diagonal, itself;
 };
 
-TEST(BondsOnNarrowLattices, AreCountedAsOftenAsDirectionsLeadThere) {
+TEST(BondsOnNarrowLattices, AreCountedOncePerDirection) {
   static constexpr BondCount counts[] = {{2, 2, 2, 2, 4, 0}, {3, 2, 1, 2, 2, 0}, {1, 4, 0, 3, 0, 2},
                                          {3, 3, 1, 1, 1, 0}, {1, 1, 0, 0, 0, 8}, {1, 2, 0, 6, 0, 2}};
   for (const BondCount& expected : counts) {
@@ -153,8 +153,8 @@ TEST(BondsOnNarrowLattices, AreCountedAsOftenAsDirectionsLeadThere) {
   }
 }
 
-/// Energies of 2 by 2 and 3 by 2 lattices summed by hand from the page's table of bonds.
-TEST(BondsOnNarrowLattices, AddUpToTheEffectiveEnergy) {
+/// Energies of 2 by 2 and 3 by 2 lattices added up by hand from the page's table of bonds.
+TEST(BondsOnNarrowLattices, AddUpToTheTotalEnergy) {
   for (const SmallSystem& small : smallSystems()) {
     const System& s = small.system;
     if (small.lopsided || s.imax == 1 || s.imax == 4) continue;

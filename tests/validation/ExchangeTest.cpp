@@ -9,10 +9,10 @@ namespace {
 
 constexpr int kImax = 16, kJmax = 8;
 
-/// A wave that fits the lattice.
+/// A wave with a whole number of periods on the lattice.
 struct Mode {
   int i, j;
-  int sweeps;  ///< to follow it for
+  int sweeps;  ///< how long it is followed
 
   double kx() const { return 2 * std::numbers::pi * i / kImax; }
   double ky() const { return 2 * std::numbers::pi * j / kJmax; }
@@ -22,7 +22,7 @@ struct Mode {
   }
   /// The wave at a site, with its nodes between sites.
   double at(int x, int y) const { return std::cos(kx() * (x + 0.5) + ky() * (y + 0.5)); }
-  /// What exchange over bonds in all eight directions takes of it.
+  /// The decay of the wave by exchange over bonds in all eight directions.
   double eigenvalue() const {
     return 8 - 2 * std::cos(kx()) - 2 * std::cos(ky()) - 4 * std::cos(kx()) * std::cos(ky());
   }
@@ -41,7 +41,7 @@ class FreeExchange : public ValidationTest, public testing::WithParamInterface<M
     model_ = modelOf(system);
   }
 
-  /// The ratio of the amplitude after the sweeps to that of the start, in runs of their own.
+  /// The ratio of the amplitude after the sweeps to that at the start, in independent runs.
   Estimate ratioOfAmplitudes(int runs) {
     constexpr int numBlocks = 100;
     Blocks blocks(1, runs / numBlocks);
@@ -76,7 +76,7 @@ TEST_P(FreeExchange, LetsAModeDecayAtItsRate) {
   const Mode mode = GetParam();
   const Estimate ratio = ratioOfAmplitudes(80'000);
   constexpr double sites = kImax * kJmax;
-  // A bond's two sites are exchanged when either is drawn with the direction to the other.
+  // The two sites of a bond are exchanged when either is drawn with the direction to the other.
   constexpr double perAttempt = 2 * kParameter / (8 * sites);
   const auto after = [&](double eigenvalue, double attempts) {
     return std::pow(1 - perAttempt * eigenvalue, attempts * mode.sweeps);

@@ -19,7 +19,7 @@ struct Constraint {
 
 void PrintTo(const Constraint& constraint, std::ostream* out) { *out << constraint.name; }
 
-/// Flips 0–1 in a field on type 1 that need neighbours of type 1.
+/// Flips 0–1 in a field on type 1, facilitated by neighbours of type 1.
 class FacilitatedFlips : public ValidationTest, public testing::WithParamInterface<Constraint> {
  protected:
   enum { kShare, kEdge, kCorner, kNumMeans };
@@ -42,7 +42,7 @@ class FacilitatedFlips : public ValidationTest, public testing::WithParamInterfa
   }
 
  private:
-  /// Leaves type 2 on every so manieth site only, and puts type 1 in its place elsewhere.
+  /// Keeps type 2 only on every n-th site, and puts type 1 elsewhere.
   int placeDisguised(LatticeModel& model) const {
     const int every = GetParam().shareOfDisguised > 0 ? static_cast<int>(1 / GetParam().shareOfDisguised) : 0;
     int site = 0, count = 0;
@@ -58,7 +58,7 @@ class FacilitatedFlips : public ValidationTest, public testing::WithParamInterfa
     return count;
   }
 
-  /// Means over sites and pairs that are free to flip.
+  /// Means over the sites and pairs that can flip.
   static void sample(const LatticeModel& model, int disguised, Blocks& blocks) {
     int ones = 0, edges = 0, bothOnEdge = 0, corners = 0, bothOnCorner = 0;
     const auto countPair = [](int a, int b, int& pairs, int& both) {
@@ -82,7 +82,7 @@ class FacilitatedFlips : public ValidationTest, public testing::WithParamInterfa
   }
 };
 
-TEST_P(FacilitatedFlips, LeaveAProductMeasure) {
+TEST_P(FacilitatedFlips, HaveAProductMeasureAsEquilibrium) {
   const std::string& name = GetParam().description;
   const Blocks blocks = measure();
   for (int mean = 0; mean < kNumMeans; ++mean) expectLongBlocks(blocks, mean);

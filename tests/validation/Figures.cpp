@@ -17,7 +17,7 @@ std::string fixed(double value, int decimals) {
   return text;
 }
 
-/// Decimals that show two digits of an error.
+/// The number of decimals that shows two digits of an error.
 int decimalsFor(double error) { return std::max(0, 1 - static_cast<int>(std::floor(std::log10(error)))); }
 
 std::string signedDeviation(double deviation) {
@@ -50,8 +50,8 @@ std::string nameOfSuite() {
   return name.substr(name.find('/') + 1);
 }
 
-/// Other platforms draw other numbers, so the page has the figures of those that draw as the C library of
-/// GNU/Linux does.
+/// Platforms with another generator draw other numbers, so the page applies only to those that draw like the
+/// C library of GNU/Linux.
 void publish(const std::string& kind, const std::string& line) {
   std::printf("figure %s %s %s\n", nameOfSuite().c_str(), kind.c_str(), line.c_str());
   if (!processRandomSource.drawsItself()) return;
@@ -61,7 +61,7 @@ void publish(const std::string& kind, const std::string& line) {
 }
 
 void expectWithin(const std::string& line, double deviation) {
-  EXPECT_LE(std::abs(deviation), kBound) << line;  // Fails also where it is not a number.
+  EXPECT_LE(std::abs(deviation), kBound) << line;  // Fails for NaN too.
   publish("agrees", line);
 }
 

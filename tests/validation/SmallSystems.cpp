@@ -8,7 +8,7 @@
 namespace quorvane::validation {
 namespace {
 
-// All energies are multiples of 1/8, so that every sum of them is exact.
+// All energies are multiples of 1/8, so that sums of them are exact.
 
 System twoTypes(int imax, int jmax) {
   System system{imax, jmax, 2, {}};
@@ -35,7 +35,7 @@ System with(System system, std::vector<Rule> rules) {
   return system;
 }
 
-/// Swaps keep the numbers of types, which leaves less for energies to decide, so they get larger ones.
+/// Swaps conserve the numbers of types, which leaves fewer configurations, so the energies are larger here.
 System withPairEnergiesTimes(double factor, System system) {
   for (auto& row : system.J)
     for (double& energy : row) energy *= factor;

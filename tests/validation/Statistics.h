@@ -13,20 +13,19 @@ struct Estimate {
   double error;
 };
 
-/// How many standard errors a measured value lies above an exact one.
+/// The deviation of a measured value from an exact one, in standard errors.
 double deviation(const Estimate& measured, double exact);
 
-/// Means of several observables, with errors that count correlations in time: samples are gathered into
-/// consecutive blocks, long against the correlation time, and the scatter of the block means gives the error
-/// (Flyvbjerg and Petersen, J. Chem. Phys. 91, 461, 1989). With runs that have nothing in common a block may
-/// be one run.
+/// Means of several observables, with errors that include correlations in time: samples are gathered into
+/// consecutive blocks, long compared with the correlation time, and the scatter of the block means gives the
+/// error (Flyvbjerg and Petersen, J. Chem. Phys. 91, 461, 1989). For independent runs a block may be one run.
 class Blocks {
  public:
   using Means = std::span<const double>;
 
   Blocks(int numObservables, std::int64_t samplesPerBlock);
 
-  /// Adds to an observable's value in the sample at hand, which next() ends.
+  /// Adds to an observable in the current sample, which next() ends.
   void add(int observable, double value) { open_[static_cast<std::size_t>(observable)] += value; }
   void next();
   /// One whole sample.
@@ -34,11 +33,10 @@ class Blocks {
 
   int numBlocks() const { return static_cast<int>(blocks_.size()); }
   Estimate mean(int observable) const;
-  /// A function of the means, with the error and the correction of bias that the jackknife gives (Efron, Ann.
-  /// Stat. 7, 1, 1979).
+  /// A function of the means, with error and bias correction by the jackknife (Efron, Ann. Stat. 7, 1, 1979).
   Estimate functionOfMeans(const std::function<double(Means)>& function) const;
-  /// The correlation of an observable's block means with the ones that follow. About 0 within
-  /// 1 / sqrt(numBlocks()) where the blocks are long enough.
+  /// The correlation of consecutive block means of an observable. Within about 1 / sqrt(numBlocks()) of 0 if
+  /// the blocks are long enough.
   double correlationOfNeighbours(int observable) const;
 
  private:
@@ -50,10 +48,10 @@ class Blocks {
   std::vector<std::vector<double>> blocks_;
 };
 
-/// A measured share of independent outcomes that have the exact probability; the error is the exact one.
+/// A measured share of independent outcomes with the exact probability; the error is exact.
 Estimate share(std::int64_t count, std::int64_t outcomes, double probability);
 
-/// Pearson's sum over counts of independent outcomes. Cells expected fewer than ten times are put together.
+/// Pearson's sum over counts of independent outcomes. Cells with an expectation below ten are merged.
 class ChiSquared {
  public:
   void add(std::span<const std::int64_t> counts, std::span<const double> probabilities);

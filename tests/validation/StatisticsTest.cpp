@@ -8,7 +8,7 @@
 namespace quorvane::validation {
 namespace {
 
-/// A Gaussian sequence x' = a x + noise of variance 1, whose mean is 0 and whose correlation falls as a^k.
+/// A Gaussian sequence x' = a x + noise of variance 1, with mean 0 and correlation a^k at lag k.
 class CorrelatedNoise {
  public:
   explicit CorrelatedNoise(double a) : a_(a) {}
@@ -36,7 +36,7 @@ TEST(Blocks, GiveTheErrorOfTheBlockMeans) {
   EXPECT_DOUBLE_EQ(blocks.mean(0).error, 1.5);
 }
 
-TEST(Blocks, LeaveAnUnfinishedBlockOut) {
+TEST(Blocks, IgnoreAnUnfinishedBlock) {
   Blocks blocks(1, 3);
   for (const double x : {1.0, 1.0, 1.0, 100.0, 100.0}) blocks.sample({x});
   EXPECT_EQ(blocks.numBlocks(), 1);
@@ -47,11 +47,11 @@ TEST(Blocks, OfIndependentSamplesHaveTheErrorOfIndependentSamples) {
   Blocks blocks(1, 50);
   for (int k = 0; k < 50'000; ++k) blocks.sample({noise.next()});
   const double exact = 1 / std::sqrt(50'000.0);
-  // The error of a thousand blocks is itself known to 1 / sqrt(2000).
+  // The error of a thousand blocks has itself the relative error 1 / sqrt(2000).
   EXPECT_NEAR(blocks.mean(0).error, exact, 5 * exact / std::sqrt(2000.0));
 }
 
-TEST(Blocks, CountCorrelationsInTime) {
+TEST(Blocks, IncludeCorrelationsInTime) {
   constexpr double a = 0.9;
   CorrelatedNoise noise(a);
   Blocks blocks(1, 1000), tooShort(1, 1);
@@ -60,15 +60,15 @@ TEST(Blocks, CountCorrelationsInTime) {
     blocks.sample({x});
     tooShort.sample({x});
   }
-  // The correlations 1 + 2 (a + a^2 + ...) make the variance of the mean larger; the ends of a block of n
-  // samples take 2 a / (1 - a^2) / n of it away.
+  // Correlations increase the variance of the mean by 1 + 2 (a + a^2 + ...); the ends of a block of n samples
+  // reduce this by 2 a / (1 - a^2) / n.
   const double exact = std::sqrt((1 + a) / (1 - a) * (1 - 2 * a / (1 - a * a) / 1000) / 1e6);
   EXPECT_NEAR(blocks.mean(0).error, exact, 5 * exact / std::sqrt(2000.0));
   EXPECT_LT(tooShort.mean(0).error, exact / 4);
   EXPECT_LT(std::abs(deviation(blocks.mean(0), 0.0)), 5.0);
 }
 
-TEST(Blocks, TellWhetherTheyAreLongEnough) {
+TEST(Blocks, ShowWhetherTheyAreLongEnough) {
   CorrelatedNoise noise(0.9);
   Blocks longEnough(1, 1000), tooShort(1, 5);
   for (int k = 0; k < 1'000'000; ++k) {
@@ -90,8 +90,8 @@ TEST(Blocks, FunctionOfOneMeanIsThatMean) {
   EXPECT_NEAR(jackknife.error, direct.error, 1e-12);
 }
 
-TEST(Blocks, FunctionOfMeansHasItsBiasTakenAway) {
-  // The square of a mean of n values is too large by their variance over n.
+TEST(Blocks, FunctionOfMeansIsCorrectedForBias) {
+  // The square of a mean of n values is too large by their variance over n on average.
   double sum = 0.0;
   CorrelatedNoise noise(0.0);
   constexpr int repetitions = 4000, n = 10;
@@ -100,7 +100,7 @@ TEST(Blocks, FunctionOfMeansHasItsBiasTakenAway) {
     for (int s = 0; s < n; ++s) blocks.sample({noise.next()});
     sum += blocks.functionOfMeans([](Blocks::Means means) { return means[0] * means[0]; }).value;
   }
-  // Without the correction the mean would be 1 / n, a hundred times what is let through here.
+  // Without the correction the mean would be 1 / n, a hundred times the tolerance.
   EXPECT_NEAR(sum / repetitions, 0.0, 5 * std::sqrt(2.0 / (n * (n - 1))) / std::sqrt(repetitions));
   EXPECT_LT(5 * std::sqrt(2.0 / (n * (n - 1))) / std::sqrt(repetitions), 1.0 / n / 5);
 }
@@ -133,7 +133,7 @@ TEST(ChiSquared, AddsSquaresOverExpectedCounts) {
   EXPECT_EQ(chiSquared.degrees(), 1);
 }
 
-TEST(ChiSquared, PutsRareCellsTogether) {
+TEST(ChiSquared, MergesRareCells) {
   ChiSquared chiSquared;
   chiSquared.add(std::vector<std::int64_t>{88, 7, 5}, std::vector<double>{0.9, 0.06, 0.04});
   EXPECT_DOUBLE_EQ(chiSquared.sum(), 4.0 / 90 + 4.0 / 10);
@@ -156,10 +156,11 @@ TEST(ChiSquared, HasTheTailOfANormalDeviate) {
   struct Point {
     double sum, deviate;
   };
-  // Upper points of 0.05, 0.01 and 0.001 of one normal variable and of a sum of seven degrees.
+  // Upper points of 0.05, 0.01 and 0.001 of a normal variable and of chi-squared with seven degrees of
+  // freedom.
   for (const Point& point : {Point{14.067, 1.645}, Point{18.475, 2.326}, Point{24.322, 3.090}}) {
     ChiSquared chiSquared;
-    // Eight cells, one of them too full, which makes a sum of excess^2 / expected * (1 + 1 / 7).
+    // Eight cells, one with an excess, which gives the sum excess^2 / expected * (1 + 1 / 7).
     const double expected = 1e6;
     const double excess = std::sqrt(point.sum * expected * 7 / 8);
     std::vector<std::int64_t> counts(8, static_cast<std::int64_t>(expected - excess / 7));

@@ -24,7 +24,7 @@ std::unique_ptr<LatticeModel> modelOf(const System& system) {
     model->setPixelField(a, system.field[a]);
     model->setPixelImmobile(a, system.immobile[a] ? 1 : 0);
     model->setPixelMasqueradeAs(a, system.masquerade[a]);
-    // The accessors write both orders of a pair; some systems here differ in the two.
+    // Not by the accessors, which write both orders of a pair: some systems here have different ones.
     for (int b = 0; b < system.types; ++b) model->varInteractionConstants[a][b] = system.J[a][b];
   }
   model->varMyState = kRunning;

@@ -18,7 +18,8 @@ struct Rule {
   bool disabled = false;
 };
 
-/// A system in the fewest words, from which a test makes the model and, on its own, what the model should do.
+/// A compact description of a system, from which a test makes the model and, independently, its exact
+/// behaviour.
 struct System {
   int imax, jmax, types;
   std::vector<Rule> rules;
@@ -28,7 +29,7 @@ struct System {
   int masquerade[kMaxPixelTypes] = {-1, -1, -1, -1, -1, -1, -1, -1, -1, -1};
 
   int sites() const { return imax * jmax; }
-  /// What a sweep makes: one attempt more than there are sites.
+  /// Attempts of a sweep: one more than there are sites.
   int attemptsPerSweep() const { return sites() + 1; }
 };
 

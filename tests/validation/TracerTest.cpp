@@ -22,7 +22,7 @@ class Tracers {
     }
   }
 
-  /// Calls with the displacement of each tracer over some sweeps, as if there were no wrap.
+  /// Calls the function with the unwrapped displacement of each tracer over some sweeps.
   template <class Use>
   void displacements(int sweeps, Use&& use) {
     std::array<Step, kTracers> moved{};
@@ -50,7 +50,8 @@ class Tracers {
       }
   }
 
-  /// Within a sweep a tracer makes half a move on average, so that six lead the same way does not happen.
+  /// A tracer makes half a move per sweep on average, so six moves in one direction within a sweep do not
+  /// occur.
   static int shortest(int step) {
     if (step >= kSide / 2) return step - kSide;
     return step < -kSide / 2 ? step + kSide : step;

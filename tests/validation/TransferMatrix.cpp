@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::size_t kOrders = 5;
 
-/// A power series in the field up to the fourth order.
+/// A power series in the field up to fourth order.
 using Series = std::array<double, kOrders>;
 
 void addProduct(Series& sum, const Series& a, const Series& b) {
@@ -55,13 +55,13 @@ Matrix power(const Matrix& matrix, int exponent) {
   return exponent % 2 == 0 ? half * half : half * half * matrix;
 }
 
-/// A row of spins, one bit each, moved around by one site.
+/// A row of spins, one bit each, rotated by one site.
 unsigned turned(unsigned row, int L) { return ((row << 1) | (row >> (L - 1))) & ((1u << L) - 1); }
 
 /// The sum over sites of the products of two rows' spins.
 int overlap(unsigned a, unsigned b, int L) { return L - 2 * std::popcount(a ^ b); }
 
-/// From one row to the next, with the bonds inside the first and those between the two.
+/// The weight of two consecutive rows, with the bonds inside the first and those between the two.
 Matrix rowToRow(int L, double K) {
   const unsigned rows = 1u << L;
   Matrix matrix(rows);
@@ -79,10 +79,10 @@ Matrix rowToRow(int L, double K) {
   return matrix;
 }
 
-/// The sum over all configurations of their weights.
+/// The partition function.
 Series partitionFunction(int L, double K) {
   const Matrix once = rowToRow(L, K);
-  // The power L is split in two halves, whose product need not be formed.
+  // The power L is split into two halves, so that the last product need not be formed, only its trace.
   const Matrix half = power(once, L / 2);
   const Matrix otherHalf = L % 2 == 0 ? half : half * once;
   return half.traceOfProductWith(otherHalf);
@@ -97,7 +97,7 @@ IsingMoments exactIsingMoments(int L, double K) {
 }
 
 double exactIsingBonds(int L, double K) {
-  // The derivative of ln Z, by a difference whose error is of the fourth order in the step.
+  // The derivative of ln Z by a difference with an error of fourth order in the step.
   constexpr double step = 1e-4;
   const auto lnZ = [=](int steps) { return std::log(partitionFunction(L, K + steps * step)[0]); };
   return (8 * (lnZ(1) - lnZ(-1)) - (lnZ(2) - lnZ(-2))) / (12 * step) / (L * L);
@@ -107,7 +107,7 @@ double exactCumulantCrossing(int L1, int L2) {
   const auto difference = [=](double K) {
     return exactIsingMoments(L2, K).cumulant() - exactIsingMoments(L1, K).cumulant();
   };
-  // Secants from both sides of the critical coupling.
+  // The secant method, from both sides of the critical coupling.
   double K = 0.189, other = 0.192;
   double atK = difference(K), atOther = difference(other);
   for (int step = 0; step < 20 && std::abs(K - other) > 1e-10; ++step) {

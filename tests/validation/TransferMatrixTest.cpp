@@ -11,7 +11,7 @@ struct Enumerated {
   double m2, m4, bonds;
 };
 
-/// The same by the sum over all configurations.
+/// The same from the sum over all configurations.
 Enumerated enumerated(int L, double K) {
   double Z = 0.0, m2 = 0.0, m4 = 0.0, bondSum = 0.0;
   const auto sites = static_cast<unsigned>(L * L);

@@ -7,12 +7,12 @@
 namespace quorvane::validation {
 namespace {
 
-/// What one attempt may make of a configuration.
+/// The possible outcomes of one attempt at a configuration.
 class Attempt {
  public:
   Attempt(const System& system, const Configuration& before) : system_(system), before_(before) {}
 
-  /// Configurations with their probabilities, apart from what stays as it is.
+  /// The new configurations with their probabilities, without the unchanged one.
   std::map<Configuration, double> outcomes() {
     for (int i = 0; i < system_.imax; ++i)
       for (int j = 0; j < system_.jmax; ++j) attemptAt({i, j}, 1.0 / system_.sites());
@@ -60,7 +60,7 @@ class Attempt {
     }
   }
 
-  /// The types that a flip may lead to, each as likely as the others.
+  /// The types that a flip may lead to, all equally likely.
   std::vector<int> finalTypes(int current, const Rule& rule) const {
     std::vector<int> all;
     for (int type = 0; type < system_.types; ++type) all.push_back(type);

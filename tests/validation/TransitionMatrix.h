@@ -8,10 +8,10 @@
 namespace quorvane::validation {
 
 /// The probability that one attempt at a random site leads from one configuration to another, for every pair
-/// of configurations of a small lattice, worked out from the rules as they are documented.
+/// of configurations of a small lattice, computed from the rules as documented.
 class TransitionMatrix {
  public:
-  /// Probabilities of the configurations that can follow, without repetition.
+  /// The configurations that can follow, each once, with their probabilities.
   using Row = std::vector<std::pair<int, double>>;
 
   explicit TransitionMatrix(const System& system);
@@ -20,16 +20,16 @@ class TransitionMatrix {
   const Row& from(int configuration) const { return rows_[static_cast<std::size_t>(configuration)]; }
   double probability(int from, int to) const;
 
-  /// For each configuration, whether attempts can lead there from the given one.
+  /// For each configuration, whether it can be reached from the given one.
   std::vector<bool> reachableFrom(int configuration) const;
-  /// The distribution that attempts lead to from the given configuration and then leave as it is.
+  /// The stationary distribution that is reached from the given configuration.
   std::vector<double> stationaryFrom(int configuration) const;
 
  private:
   std::vector<Row> rows_;
 };
 
-/// The rules that stand in the row of a type, as makeNewRule enters them.
+/// The rules in the row of a type, as makeNewRule enters them.
 std::vector<Rule> rowOf(const System& system, int type);
 
 }  // namespace quorvane::validation

@@ -10,8 +10,8 @@
 namespace quorvane::validation {
 namespace {
 
-/// All that an attempt can be asked for: three types, six rules of all kinds, one disabled, one that ignores
-/// energies, one facilitated with a type that masquerades.
+/// A system that uses every feature of an attempt: three types, six rules of all kinds, one disabled, one
+/// that ignores energies, one facilitated by a type that another masquerades as.
 System everyKindOfRule() {
   System system{3, 2, 3, {}};
   system.rules = {{kReversibleFlip, 0, 1, 0.75},
@@ -29,12 +29,12 @@ System everyKindOfRule() {
   return system;
 }
 
-/// One attempt at a time, each from a configuration that is written anew, so that outcomes are independent.
+/// Single attempts, each from a restored configuration, so that outcomes are independent.
 class Transitions : public ValidationTest {
  protected:
   static constexpr int kAttemptsFromEach = 120'000;
 
-  /// Counts outcomes in the order of the matrix's rows.
+  /// Counts outcomes in the order of the rows of the matrix.
   void makeAttempts() {
     const Configurations all(system);
     const auto model = modelOf(system);
@@ -64,8 +64,7 @@ class Transitions : public ValidationTest {
     return sum;
   }
 
-  /// The most likely change of a quantity from where the documented rule has it, to first order in the
-  /// change.
+  /// The maximum-likelihood estimate of the change of a quantity from its documented value, to first order.
   template <class Change>
   Estimate change(Change&& by) const {
     constexpr double step = 1e-4;
@@ -90,7 +89,7 @@ class Transitions : public ValidationTest {
   std::vector<std::vector<std::int64_t>> counts;
 };
 
-TEST_F(Transitions, HaveTheProbabilitiesOfTheDocumentedRule) {
+TEST_F(Transitions, HaveTheProbabilitiesOfTheDocumentedRules) {
   makeAttempts();
   expectAgreement("all from each of 729 configurations", chiSquared());
 

@@ -7,7 +7,7 @@
 namespace quorvane {
 namespace {
 
-/// The only site of a lattice that fills the view without gaps around the middle.
+/// A lattice of one site, which covers the view except for the gap along its edges.
 QColor middleOf(GraphicalLatticeModelGL& view) { return colorAt(gui::frameOf(view), 50, 50); }
 
 std::unique_ptr<GraphicalLatticeModelGL> viewOfOneSite(int numTypes) {
@@ -23,7 +23,7 @@ std::unique_ptr<GraphicalLatticeModelGL> viewOfOneSite(int numTypes) {
   return ::testing::AssertionFailure() << color.name().toStdString();
 }
 
-TEST(Blending, WeighsATypeByTraceOverMaximumTimesItsTransparency) {
+TEST(Blending, UsesTraceOverMaximumTimesOpacityAsAlpha) {
   auto view = viewOfOneSite(2);
   view->varMobileHistory[0][0][0] = 0.0;
   view->varMobileHistory[1][0][0] = 1.5;
@@ -32,7 +32,7 @@ TEST(Blending, WeighsATypeByTraceOverMaximumTimesItsTransparency) {
   EXPECT_TRUE(near(middleOf(*view), 0.6, 0.0, 0.0));
 }
 
-TEST(Blending, LaysHigherTypesOverLowerOnes) {
+TEST(Blending, DrawsHigherTypesOverLowerOnes) {
   auto view = viewOfOneSite(4);
   const double alphas[] = {1.0, 0.5, 0.25, 0.75};
   for (int type = 0; type < 4; ++type) {
@@ -49,7 +49,7 @@ TEST(Blending, OfAnOpaqueTypeHidesEveryLowerOne) {
   EXPECT_EQ(middleOf(*view), QColor(Qt::green));
 }
 
-TEST(Blending, LeavesTypesOutsideTheCountUndrawn) {
+TEST(Blending, DrawsNoTypesBeyondTheCount) {
   auto view = viewOfOneSite(2);
   view->varMobileHistory[1][0][0] = 1.0;
   view->varMobileHistory[2][0][0] = 1.0;
@@ -59,7 +59,7 @@ TEST(Blending, LeavesTypesOutsideTheCountUndrawn) {
   EXPECT_EQ(middleOf(*view), QColor(Qt::red));
 }
 
-TEST(Blending, FadesATypeThatHasLeftItsSiteByItsPersistence) {
+TEST(Blending, FadesATypeThatLeftItsSiteByItsPersistence) {
   auto view = viewOfOneSite(2);
   view->setPixelAlpha(0, 0.0);
   view->setPixelPersistence(1, 0.5);
@@ -84,7 +84,7 @@ TEST(Blending, ShowsATypeAtFullStrengthWhereItsTraceIsLargest) {
   EXPECT_EQ(middleOf(*view), QColor(Qt::red));
 }
 
-TEST(Blending, LooksNeitherAtSiteValuesNorAtMasqueradeNorAtTheHoverPosition) {
+TEST(Blending, DoesNotDependOnSiteValuesMasqueradeOrTheHoverPosition) {
   auto view = viewOfOneSite(3);
   const QImage before = gui::frameOf(*view);
   view->setSiteValue(0, 0, 1);

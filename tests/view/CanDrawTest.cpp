@@ -5,7 +5,7 @@
 namespace quorvane {
 namespace {
 
-/// What can_draw answers in a process with one more variable in its environment.
+/// The output of can_draw in a process with one more variable in its environment.
 QByteArray answerWith(const char* variable, const char* value) {
   QProcess process;
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -26,9 +26,7 @@ TEST(CanDraw, SaysNoOnAPlatformThatCannotShowTheView) {
   EXPECT_EQ(answerWith("QT_QPA_PLATFORM", "offscreen"), "no");
 }
 
-TEST(CanDraw, SaysNoWhereTheDisplayOffersNoOpenGL) {
-  EXPECT_EQ(answerWith("QT_XCB_GL_INTEGRATION", "none"), "no");
-}
+TEST(CanDraw, SaysNoOnADisplayWithoutOpenGL) { EXPECT_EQ(answerWith("QT_XCB_GL_INTEGRATION", "none"), "no"); }
 
 }  // namespace
 }  // namespace quorvane

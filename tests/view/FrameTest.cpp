@@ -10,7 +10,7 @@
 namespace quorvane {
 namespace {
 
-/// One red site in a lattice of type 0, of which nothing is drawn.
+/// One red site in a lattice of type 0, which is transparent.
 std::unique_ptr<GraphicalLatticeModelGL> viewOfOneRedSite(int width, int imax, int i, int j) {
   auto view = shownView(width, width);
   fillLattice(*view, 2, imax, imax, [=](int a, int b) { return a == i && b == j ? 1 : 0; });
@@ -18,7 +18,7 @@ std::unique_ptr<GraphicalLatticeModelGL> viewOfOneRedSite(int width, int imax, i
   return view;
 }
 
-/// The rectangle of red pixels counted from the bottom left; empty if they make up none.
+/// The rectangle of the red pixels, counted from the bottom left; empty if they do not form one.
 QRect redRectangle(const QImage& frame) {
   QRect bounds;
   int red = 0;
@@ -31,7 +31,7 @@ QRect redRectangle(const QImage& frame) {
   return red == bounds.width() * bounds.height() ? bounds : QRect();
 }
 
-TEST(Frame, IsBlackBeforeTheModelIsInitialisedWhateverTheArraysHold) {
+TEST(Frame, IsBlackBeforeTheModelIsInitialisedWhateverTheArraysContain) {
   auto view = shownView(200, 200);
   fillLattice(*view, 2, 20, 20, [](int, int) { return 1; });
   ASSERT_EQ(colorAt(gui::frameOf(*view), 5, 5), QColor(Qt::red));
@@ -88,7 +88,7 @@ TEST(Frame, ShowsSitesBelowEightPointsApartOverlappingByOne) {
   EXPECT_EQ(redRectangle(gui::frameOf(*view)), QRect(0, 28, 5, 5));
 }
 
-TEST(Frame, RunsColumnsFromTheLeftAndRowsFromTheBottom) {
+TEST(Frame, DrawsColumnsFromTheLeftAndRowsFromTheBottom) {
   auto view = viewOfOneRedSite(200, 50, 49, 0);
   EXPECT_EQ(redRectangle(gui::frameOf(*view)), QRect(196, 0, 4, 5));
   view = viewOfOneRedSite(200, 50, 0, 49);
@@ -149,7 +149,7 @@ TEST(Frame, FillsTheViewAfterAResize) {
   }
 }
 
-TEST(Frame, IsWhatTheScreenShows) {
+TEST(Frame, IsShownOnTheScreen) {
   auto view = shownView(200, 200);
   fillLattice(*view, 4, 20, 20, scatteredTypes(4));
   scatterTraces(*view, 3);

@@ -41,7 +41,7 @@ class FullScreen : public ::testing::Test {
   }
   bool isBack() const { return !view_->isWindow() && view_->isVisible() && view_->window() == &window_; }
 
-  /// The frame at this size is as a view that had always been there would draw it.
+  /// The frame at this size equals that of a view that always had it.
   ::testing::AssertionResult showsLattice() {
     return gui::samePixels(gui::frameOf(*view_), opaqueFrame(*view_, view_->width(), view_->height()));
   }
@@ -52,7 +52,7 @@ class FullScreen : public ::testing::Test {
   QPushButton* after_ = nullptr;
 };
 
-TEST_F(FullScreen, FillsThePrimaryScreenAndTakesTheKeyboard) {
+TEST_F(FullScreen, FillsThePrimaryScreenAndTakesTheFocus) {
   enter();
   EXPECT_EQ(view_->parentWidget(), &window_);
   EXPECT_EQ(view_->getHeight(), screen().height());
@@ -77,7 +77,7 @@ TEST_F(FullScreen, ShowsTheLatticeInFullSizeAndBackInTheWindow) {
   }
 }
 
-TEST_F(FullScreen, IsNotDisturbedByAResizeOfTheWindowWhichCountsAfterwards) {
+TEST_F(FullScreen, IsNotAffectedByAResizeOfTheWindowWhichAppliesAfterwards) {
   enter();
   window_.resize(900, 700);
   ASSERT_TRUE(gui::waitUntil([&] { return window_.size() == QSize(900, 700); }));
@@ -91,7 +91,7 @@ TEST_F(FullScreen, IsNotDisturbedByAResizeOfTheWindowWhichCountsAfterwards) {
   EXPECT_TRUE(gui::waitUntil([&] { return view_->geometry() == QRect(11, 29, 544, 566); }));
 }
 
-TEST_F(FullScreen, LeavesOnceAndTellsOnce) {
+TEST_F(FullScreen, LeavesOnceAndSignalsOnce) {
   QSignalSpy left(view_, &GraphicalLatticeModelGL::fullScreenLeft);
   view_->exitFullScreenMode();
   EXPECT_EQ(left.count(), 0);
@@ -105,7 +105,7 @@ TEST_F(FullScreen, LeavesOnceAndTellsOnce) {
   EXPECT_EQ(left.count(), 1);
 }
 
-TEST_F(FullScreen, ComesToTheFrontWhenItIsEnteredAgainFromBehindAnotherWindow) {
+TEST_F(FullScreen, IsRaisedWhenItIsEnteredAgainFromBehindAnotherWindow) {
   QSignalSpy entered(view_, &GraphicalLatticeModelGL::fullScreenEntered);
   enter();
   ASSERT_TRUE(gui::switchTo(window_));
@@ -113,14 +113,14 @@ TEST_F(FullScreen, ComesToTheFrontWhenItIsEnteredAgainFromBehindAnotherWindow) {
   EXPECT_TRUE(gui::waitUntil([&] { return view_->isActiveWindow() && view_->hasFocus(); }));
   EXPECT_TRUE(fillsScreen());
   EXPECT_EQ(entered.count(), 1);
-  // On top, too: the screen shows the view where the window stands.
+  // Also visibly: the screen shows the view at the place of the window.
   EXPECT_TRUE(gui::waitUntil([&] {
     const QImage screenshot = view_->screen()->grabWindow(0).toImage().convertToFormat(QImage::Format_RGB32);
     return bool(gui::samePixels(screenshot, gui::frameOf(*view_)));
   }));
 }
 
-TEST_F(FullScreen, KnowsItsPlaceInTheWindowMeanwhile) {
+TEST_F(FullScreen, StillReportsItsPlaceInTheWindow) {
   enter();
   EXPECT_EQ(view_->placeInWindow(), QRect(11, 29, 444, 566));
   window_.resize(900, 700);
@@ -147,7 +147,7 @@ TEST_F(FullScreen, EscapeStopsTheRunAndLeaves) {
   EXPECT_TRUE(isBack());
 }
 
-TEST_F(FullScreen, ClosingItIsEscape) {
+TEST_F(FullScreen, ClosingItActsAsEscape) {
   enter();
   view_->runLatticeModelInBackground();
   view_->windowHandle()->close();
@@ -168,7 +168,7 @@ TEST_F(FullScreen, IsPaintedOnInItsOwnCoordinates) {
   EXPECT_EQ(view_->getSiteValue(40, 20), 1);
 }
 
-TEST_F(FullScreen, LeftInTheMiddleOfAStrokeEndsTheStroke) {
+TEST_F(FullScreen, LeftDuringAStrokeEndsTheStroke) {
   enter();
   view_->setPauseWhilePaint(1);
   gui::press(*view_, QPoint(50, 50));
@@ -188,7 +188,7 @@ TEST_F(FullScreen, KeepsARunGoing) {
   EXPECT_EQ(view_->varMyState, kRunning);
 }
 
-TEST_F(FullScreen, GoesWithItsWindow) {
+TEST_F(FullScreen, ClosesWithItsWindow) {
   auto window = std::make_unique<QWidget>();
   window->resize(1000, 800);
   QPointer<GraphicalLatticeModelGL> view = new GraphicalLatticeModelGL(window.get());

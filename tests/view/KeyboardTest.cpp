@@ -14,7 +14,7 @@ namespace {
 constexpr int kSpaceBar = 49;
 constexpr int kEscape = 53;
 
-/// A small view that takes itself to fill the screen, which is all that the keys ask about.
+/// A small view with the full-screen flag set, which is all that the keys depend on.
 std::unique_ptr<GraphicalLatticeModelGL> viewWithKeys() {
   auto view = shownView(100, 100);
   fillLattice(*view, 2, 10, 10, scatteredTypes(2));
@@ -56,7 +56,7 @@ TEST(Keyboard, EscapeLeavesAnyOtherStateAsItIs) {
   EXPECT_EQ(view->varInFullScreen, 0);
 }
 
-TEST(Keyboard, IsObeyedInFullScreenOnly) {
+TEST(Keyboard, WorksInFullScreenOnly) {
   auto view = viewWithKeys();
   for (const int flag : {0, 2}) {
     view->setFullScreen(flag);
@@ -71,7 +71,7 @@ TEST(Keyboard, IsObeyedInFullScreenOnly) {
   }
 }
 
-TEST(Keyboard, DropsEveryOtherKey) {
+TEST(Keyboard, IgnoresEveryOtherKey) {
   auto view = viewWithKeys();
   for (int code = -1; code < 256; ++code) {
     if (code == kSpaceBar || code == kEscape) continue;
@@ -81,11 +81,11 @@ TEST(Keyboard, DropsEveryOtherKey) {
   }
 }
 
-TEST(Keyboard, TakesTheSpaceBarAndEscapeFromTheWindow) {
+TEST(Keyboard, HandlesTheSpaceBarAndEscapeOfTheWindow) {
   auto view = viewWithKeys();
   QTest::keyClick(view->windowHandle(), Qt::Key_Space);
   EXPECT_EQ(view->varMyState, kRunning);
-  // A press in the millisecond of the last release counts as a repeat, and no finger is that fast.
+  // A press within the millisecond of the last release counts as a repeat; no user is that fast.
   constexpr int milliseconds = 5;
   QTest::qWait(milliseconds);
   QTest::keyClick(view->windowHandle(), Qt::Key_Space);
@@ -96,7 +96,7 @@ TEST(Keyboard, TakesTheSpaceBarAndEscapeFromTheWindow) {
   EXPECT_EQ(view->varInFullScreen, 0);
 }
 
-TEST(Keyboard, TakesAHeldSpaceBarForOnePress) {
+TEST(Keyboard, CountsAHeldSpaceBarAsOnePress) {
   auto view = viewWithKeys();
   QTest::keyPress(view.get(), Qt::Key_Space);
   QKeyEvent repeat(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "), true);
@@ -105,14 +105,14 @@ TEST(Keyboard, TakesAHeldSpaceBarForOnePress) {
   view->stopLatticeModel();
 }
 
-/// A key of the space bar, with the time that the window system gives it.
+/// A key event of the space bar with a time stamp of the window system.
 void sendSpace(QWidget& view, QEvent::Type type, quint64 milliseconds) {
   QKeyEvent event(type, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "));
   event.setTimestamp(milliseconds);
   QApplication::sendEvent(&view, &event);
 }
 
-TEST(Keyboard, TakesAHeldSpaceBarForOnePressWhereRepeatsAreNotMarked) {
+TEST(Keyboard, CountsAHeldSpaceBarAsOnePressIfRepeatsAreNotMarked) {
   auto view = viewWithKeys();
   sendSpace(*view, QEvent::KeyPress, 1000);
   for (const quint64 time : {1660, 1700, 1740}) {
@@ -125,7 +125,7 @@ TEST(Keyboard, TakesAHeldSpaceBarForOnePressWhereRepeatsAreNotMarked) {
   EXPECT_EQ(view->varMyState, kStopped);
 }
 
-TEST(Keyboard, TakesPressesWithoutATimeForPresses) {
+TEST(Keyboard, CountsPressesWithoutATimeStamp) {
   auto view = viewWithKeys();
   for (const int state : {kRunning, kStopped, kRunning, kStopped}) {
     sendSpace(*view, QEvent::KeyPress, 0);
@@ -134,19 +134,19 @@ TEST(Keyboard, TakesPressesWithoutATimeForPresses) {
   }
 }
 
-TEST(Keyboard, TakesAKeyThatIsHeldOnTheWindowSystemForOnePress) {
+TEST(Keyboard, CountsAHeldKeyOfTheWindowSystemAsOnePress) {
   auto view = viewWithKeys();
   const auto tool = [](const QStringList& arguments) { return QProcess::execute("xdotool", arguments); };
   ASSERT_EQ(tool({"keydown", "space"}), 0);
   EXPECT_TRUE(gui::waitUntil([&] { return view->varMyState == kRunning; }));
-  // Repeats begin after two thirds of a second and come 25 times a second.
+  // Repeats start after two thirds of a second and come 25 times per second.
   EXPECT_FALSE(gui::waitUntil([&] { return view->varMyState != kRunning; }, std::chrono::milliseconds(1500)));
   ASSERT_EQ(tool({"keyup", "space"}), 0);
   ASSERT_EQ(tool({"key", "space"}), 0);
   EXPECT_TRUE(gui::waitUntil([&] { return view->varMyState == kStopped; }));
 }
 
-/// Notes the keys that its children pass on.
+/// Records the keys that its children pass on.
 class KeyCatcher : public QWidget {
  public:
   int caught = 0;

@@ -6,7 +6,7 @@
 namespace quorvane {
 namespace {
 
-/// The last of the rectangles along one axis that covers a coordinate, as the index of its site; -1 for none.
+/// The index of the site whose rectangle is the last along one axis to cover a coordinate; -1 if none.
 int coveringSite(double coordinate, double spacing, int sites) {
   const bool gaps = spacing > 8.0;
   int covering = -1;

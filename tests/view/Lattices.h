@@ -17,16 +17,16 @@ using SiteType = std::function<int(int i, int j)>;
 /// Black, red, green, blue, white and five mixtures.
 QColor paletteColor(int type);
 
-/// Gives the view a lattice with the palette's colours and the given site values, and traces to match.
+/// Gives the view a lattice with the palette's colours, the given site values and matching traces.
 void fillLattice(LatticeModel& model, int numTypes, int imax, int jmax, const SiteType& typeOf);
 
-/// Some type below numTypes for every site, the same for the same site in every run.
+/// A pseudo-random type below numTypes for every site, the same in every run.
 SiteType scatteredTypes(int numTypes);
 
-/// Random colours, opacities and traces, a good part of them 0; the same for the same seed.
+/// Random colours, opacities and traces, many of them 0; the same for the same seed.
 void scatterTraces(LatticeModel& model, unsigned seed);
 
-/// A view that is a window itself, on the screen at a size in points.
+/// A view that is a top-level window, shown at a size in points.
 template <class View = GraphicalLatticeModelGL>
 std::unique_ptr<View> shownView(int width, int height) {
   auto view = std::make_unique<View>();
@@ -36,10 +36,11 @@ std::unique_ptr<View> shownView(int width, int height) {
   return view;
 }
 
-/// The colour of a pixel counted from the left and from the bottom.
+/// The colour of a pixel, counted from the left and from the bottom.
 QColor colorAt(const QImage& frame, int x, int y);
 
-/// What a frame shows of opaque sites: for each pixel, the colour of the last rectangle over its middle.
+/// The expected frame of opaque sites: for each pixel, the colour of the last rectangle that covers its
+/// centre.
 QImage opaqueFrame(const LatticeModel& model, int width, int height);
 
 }  // namespace quorvane

@@ -10,7 +10,7 @@ void LiteralView::paintGL() {
   auto* gl = QOpenGLVersionFunctionsFactory::get<QOpenGLFunctions_2_1>(QOpenGLContext::currentContext());
   gl->initializeOpenGLFunctions();
   rectangles_ = 0;
-  // The toolkit's own viewport cuts off the last pixel of a size that is not whole.
+  // Qt's own viewport cuts off the last pixel if the size in device pixels is not whole.
   const QSize pixels = size() * devicePixelRatioF();
   gl->glViewport(0, 0, pixels.width(), pixels.height());
   gl->glClearColor(0, 0, 0, 1);

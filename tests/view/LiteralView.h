@@ -6,11 +6,11 @@ class QOpenGLFunctions_2_1;
 
 namespace quorvane {
 
-/// Draws its lattice in the plainest way: one rectangle for every pixel type of every site, one after the
-/// other, the transparent ones too. What the view's own frames are compared with.
+/// Draws its lattice literally: one rectangle for every pixel type of every site, including transparent ones.
+/// The view's own frames are compared with it.
 class LiteralView : public GraphicalLatticeModelGL {
  public:
-  /// Rectangles of the last frame.
+  /// The number of rectangles of the last frame.
   long rectangles() const { return rectangles_; }
 
  protected:

@@ -22,7 +22,7 @@ int paintedSites(const LatticeModel& model) {
   return painted;
 }
 
-TEST(Mouse, PaintsTheSiteThatIsSeenAtThePixel) {
+TEST(Mouse, PaintsTheSiteShownAtThePixel) {
   auto view = viewToPaintOn(30);
   for (int k = 0; k < 100; ++k)
     for (const QPoint pixel : {QPoint(k, 42), QPoint(57, k)}) {

@@ -25,7 +25,7 @@ std::unique_ptr<GraphicalLatticeModelGL> viewToPaintOn(int numTypes = 3, int ima
   return view;
 }
 
-/// The sites of type 1, in order.
+/// The sites of type 1, in order of i, then j.
 std::vector<std::pair<int, int>> paintedSites(const LatticeModel& model) {
   std::vector<std::pair<int, int>> sites;
   for (int i = 0; i < model.getIMax(); ++i)
@@ -36,7 +36,7 @@ std::vector<std::pair<int, int>> paintedSites(const LatticeModel& model) {
 
 using Sites = std::vector<std::pair<int, int>>;
 
-/// The sites that a single click paints.
+/// The sites painted by a single click.
 Sites clickAt(GraphicalLatticeModelGL& view, double x, double y) {
   view.mouseDown(x, y);
   view.mouseUp();
@@ -68,8 +68,8 @@ TEST(Painting, AClickAtTheRightOrUpperEdgePaintsTheLastColumnOrRow) {
   EXPECT_EQ(clickAt(*view, 1e300, 1e300), (Sites{{9, 9}}));
 }
 
-TEST(Painting, AnEdgeCountsAsOnePointInsideIt) {
-  // 200 sites over 100 points: a point inside the edge is the last site but one.
+TEST(Painting, AClickAtTheEdgeCountsAsOnePointInsideIt) {
+  // 200 sites over 100 points: one point inside the edge is the last site but one.
   auto view = viewToPaintOn(3, 200, 200);
   EXPECT_EQ(clickAt(*view, 100.0, 100.0), (Sites{{198, 198}}));
 }
@@ -81,7 +81,7 @@ TEST(Painting, AClickLeftOfOrBelowTheViewPaintsColumnOrRowZero) {
   EXPECT_EQ(clickAt(*view, 55.0, -1e300), (Sites{{5, 0}}));
 }
 
-TEST(Painting, GivesTheSiteTheBrushsFullTraceAndNoOther) {
+TEST(Painting, GivesTheSiteTheFullTraceOfTheBrushAndClearsTheOthers) {
   auto view = viewToPaintOn();
   view->varMobileHistoryMax[1] = 2.5;
   view->varMobileHistory[2][3][7] = 0.5;
@@ -93,14 +93,14 @@ TEST(Painting, GivesTheSiteTheBrushsFullTraceAndNoOther) {
   EXPECT_EQ(view->varMobileHistory[0][3][6], 1.0);
 }
 
-TEST(Painting, LeavesTheTracesOfTypesOutsideTheCount) {
+TEST(Painting, DoesNotChangeTheTracesOfTypesBeyondTheCount) {
   auto view = viewToPaintOn(2);
   view->varMobileHistory[2][3][7] = 0.5;
   view->mouseDown(35, 75);
   EXPECT_EQ(view->varMobileHistory[2][3][7], 0.5);
 }
 
-TEST(Painting, ShowsTheBrushInFullAtOnce) {
+TEST(Painting, ShowsTheBrushAtFullStrengthAtOnce) {
   auto view = viewToPaintOn();
   QSignalSpy frames(view.get(), &GraphicalLatticeModelGL::frameDrawn);
   gui::processEvents();
@@ -163,7 +163,7 @@ TEST(Painting, SkipsTheHoverPosition) {
 }
 
 TEST(Painting, FoldsARowAboveTheLatticeBackByTheHeightLessOneAndOneMore) {
-  // 8 rows in the room of 20: row j above the lattice is j mod 7, less 1; no row where that is -1.
+  // 8 rows in a view for 20: row j above the lattice is j mod 7, less 1; no row if that is -1.
   for (int j = 8; j < 20; ++j) {
     auto view = viewToPaintOn(3, 10, 8, 100, 200);
     const int folded = j % 7 - 1;
@@ -171,13 +171,13 @@ TEST(Painting, FoldsARowAboveTheLatticeBackByTheHeightLessOneAndOneMore) {
   }
 }
 
-TEST(Painting, FoldsAColumnBehindAShrunkLatticeBack) {
+TEST(Painting, FoldsAColumnBeyondAShrunkLatticeBack) {
   auto view = viewToPaintOn(3, 10, 10);
   fillLattice(*view, 3, 4, 10, [](int, int) { return 0; });
   EXPECT_EQ(clickAt(*view, 55, 15), (Sites{{1, 1}}));
 }
 
-TEST(Painting, PaintsNothingWhereTheFoldGivesNoSite) {
+TEST(Painting, PaintsNothingIfTheFoldGivesNoSite) {
   auto twoWide = viewToPaintOn(3, 10, 10);
   fillLattice(*twoWide, 3, 2, 2, [](int, int) { return 0; });
   EXPECT_TRUE(clickAt(*twoWide, 55, 5).empty());
@@ -201,7 +201,7 @@ TEST(Painting, PaintsNothingBeforeTheFirstFrame) {
   for (const double x : {-5.0, 0.0, 50.0}) EXPECT_TRUE(clickAt(view, x, 5.0).empty()) << x;
 }
 
-TEST(Painting, PaintsNothingAtACoordinateThatIsNoNumberOrInfinite) {
+TEST(Painting, PaintsNothingAtACoordinateThatIsNaNOrInfinite) {
   auto view = viewToPaintOn();
   for (const double odd : {std::nan(""), HUGE_VAL, -HUGE_VAL}) {
     EXPECT_TRUE(clickAt(*view, odd, 5.0).empty()) << odd;
@@ -227,7 +227,7 @@ TEST(Painting, PaintsATypeBeyondTheCount) {
   EXPECT_EQ(view->getSiteValue(5, 5), 9);
 }
 
-TEST(PaintingPause, HoldsAStoppedModelAndStopsItAgainWithoutARun) {
+TEST(PaintingPause, PausesAStoppedModelAndRestoresTheStopWithoutARun) {
   auto view = viewToPaintOn();
   view->setPauseWhilePaint(1);
   view->mouseDown(55, 55);
@@ -268,7 +268,7 @@ TEST(PaintingPause, OffLetsARunGoOnDuringTheStroke) {
   view->stopLatticeModel();
 }
 
-TEST(PaintingPause, IsAskedForAgainAtTheEndOfTheStroke) {
+TEST(PaintingPause, IsReadAgainAtTheEndOfTheStroke) {
   auto view = viewToPaintOn();
   view->setPauseWhilePaint(1);
   view->mouseDown(55, 55);
@@ -278,7 +278,7 @@ TEST(PaintingPause, IsAskedForAgainAtTheEndOfTheStroke) {
   EXPECT_EQ(view->varMyState, kPausedForPainting);
 }
 
-TEST(PaintingPause, SwitchedOnDuringAStrokeGoesBackToTheStateBeforeThePauseBefore) {
+TEST(PaintingPause, SwitchedOnDuringAStrokeRestoresTheStateBeforeThePreviousPause) {
   auto view = viewToPaintOn();
   view->varMyStateBeforePainting = kStopped;
   view->varMyState = kPausedForPainting;

@@ -30,7 +30,7 @@ TEST(Picture, OfTheRunnerIsTheFrameOfAViewThatFitsTheLattice) {
     const QImage frame = gui::frameOf(*view);
     const Image picture = drawLattice(*view, scale);
     ASSERT_EQ(frame.size(), QSize(picture.width, picture.height));
-    // Drivers blend in whole numbers of their own kind, so each of the five layers may differ by one.
+    // Drivers blend with their own integer arithmetic, so each of the five layers may differ by one.
     EXPECT_LE(largestDifference(frame, picture), 5) << "at " << scale << " pixels a site";
   }
 }

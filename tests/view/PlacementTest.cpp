@@ -9,12 +9,12 @@
 namespace quorvane {
 namespace {
 
-/// Where the view stands in its window.
+/// The geometry of the view in its window.
 QRect placeInWindow(const GraphicalLatticeModelGL& view) {
   return {view.mapTo(view.window(), QPoint(0, 0)), view.size()};
 }
 
-TEST(Placement, LeavesElevenLeftTwoHundredAndFiveBelowFiveHundredAndFortyFiveRightAndTwentyNineOnTop) {
+TEST(Placement, LeavesMarginsOf11Left205Below545RightAnd29OnTop) {
   QWidget window;
   auto* view = new GraphicalLatticeModelGL(&window);
   window.resize(1000, 800);
@@ -60,7 +60,7 @@ TEST(Placement, CountsFromTheWindowAlsoInsideAWidgetThatDoesNotFillIt) {
   EXPECT_EQ(placeInWindow(*view), QRect(11, 29, 444, 566));
 }
 
-TEST(Placement, FollowsTheWindowIntoWhichTheViewHasMoved) {
+TEST(Placement, FollowsTheWindowToWhichTheViewHasMoved) {
   QWidget first, second;
   first.resize(1000, 800);
   second.resize(900, 700);
@@ -79,7 +79,7 @@ TEST(Placement, FollowsTheWindowIntoWhichTheViewHasMoved) {
   EXPECT_NE(view->geometry(), QRect(1, 2, 3, 4));
 }
 
-TEST(Placement, FollowsTheWindowIntoWhichAParentOfTheViewHasMoved) {
+TEST(Placement, FollowsTheWindowToWhichAParentOfTheViewHasMoved) {
   QWidget window;
   auto* panel = new QWidget;
   auto* view = new GraphicalLatticeModelGL(panel);
@@ -93,7 +93,7 @@ TEST(Placement, FollowsTheWindowIntoWhichAParentOfTheViewHasMoved) {
   EXPECT_TRUE(gui::waitUntil([&] { return placeInWindow(*view) == QRect(11, 29, 544, 666); }));
 }
 
-TEST(Placement, LeavesAViewAloneThatIsAWindowItself) {
+TEST(Placement, DoesNotMoveAViewThatIsAWindowItself) {
   auto view = shownView(321, 123);
   view->windowResized();
   EXPECT_EQ(view->size(), QSize(321, 123));

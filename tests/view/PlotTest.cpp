@@ -11,7 +11,7 @@ namespace {
 
 QImage pictureOf(GraphicalPlot& plot) { return plot.grab().toImage().convertToFormat(QImage::Format_RGB32); }
 
-/// The pixels of one colour counted from the bottom left, as the smallest rectangle around them.
+/// The bounding rectangle of the pixels of one colour, counted from the bottom left.
 QRect extentOf(const QImage& picture, const QColor& color, QRect within) {
   QRect extent;
   for (int x = within.left(); x <= within.right(); ++x)
@@ -30,7 +30,7 @@ bool isWhite(const QImage& picture) {
   return bool(gui::samePixels(picture, white));
 }
 
-/// A plot 205 wide and 100 high whose green markers lie at the top and whose red ones have one value.
+/// A plot 205 wide and 100 high with the green markers at the top and all red ones at one value.
 std::unique_ptr<GraphicalPlot> plotOf(int points, double red) {
   auto plot = std::make_unique<GraphicalPlot>();
   plot->resize(205, 100);
@@ -49,13 +49,13 @@ TEST(Plot, ShowsOnlyWhiteAtFirst) {
   EXPECT_TRUE(isWhite(pictureOf(plot)));
 }
 
-TEST(Plot, PutsFourPointsInAWidthOf205At5And55And105And155) {
+TEST(Plot, DrawsFourPointsInAWidthOf205At5And55And105And155) {
   auto plot = plotOf(4, 0.5);
   const QImage picture = pictureOf(*plot);
   for (int k = 0; k < 4; ++k) {
     const int centre = 5 + 50 * k;
     const QRect around(centre - 5 < 0 ? 0 : centre - 5, 0, 20, 100);
-    // 2.5 points to each side, from half a pixel to half a pixel.
+    // 2.5 points to each side: both edges are in the middle of a pixel.
     for (const QColor color : {QColor(Qt::red), QColor(Qt::green)}) {
       const QRect marker = extentOf(picture, color, around);
       EXPECT_EQ(marker.width(), 5);
@@ -153,7 +153,7 @@ TEST(Plot, IgnoresValuesOutsideItsSeriesAndPoints) {
 TEST(Plot, DrawsNoMoreThanItsPointsWhenAskedForMore) {
   auto plot = plotOf(256, 0.5);
   plot->setXMax(512);
-  // 512 points are 100 / 256 apart, so the 256th stands at 5 + 99.6.
+  // 512 points are 100 / 256 apart, so the 256th is at 5 + 99.6.
   const QRect red = extentOf(pictureOf(*plot), Qt::red);
   EXPECT_NEAR(red.right(), 107, 1);
 }

@@ -130,7 +130,7 @@ TEST(Redraw, RequestedFromAViewThatIsGoneIsHarmless) {
   EXPECT_EQ(frames.count(), 0);
 }
 
-TEST(Redraw, RightAfterTheStartOfARunAtTheSlowestSpeedTheViewGoesQuickly) {
+TEST(Redraw, RightAfterTheStartOfARunAtTheSlowestSpeedTheViewIsDestroyedQuickly) {
   auto view = settledView();
   view->setSimulationSpeed(kSlowest);
   view->runLatticeModelInBackground();
@@ -140,7 +140,7 @@ TEST(Redraw, RightAfterTheStartOfARunAtTheSlowestSpeedTheViewGoesQuickly) {
   EXPECT_LT(timer.elapsed(), 1000);
 }
 
-TEST(Redraw, DuringTheWaitAtTheSlowestSpeedTheViewGoesQuickly) {
+TEST(Redraw, DuringTheWaitAtTheSlowestSpeedTheViewIsDestroyedQuickly) {
   auto view = settledView();
   view->setSimulationSpeed(kSlowest);
   view->runLatticeModelInBackground();

@@ -13,14 +13,14 @@ namespace {
 
 double expectedRatio() { return qEnvironmentVariable("QT_SCALE_FACTOR").toDouble(); }
 
-/// The site seen in the middle of a device pixel, -1 for a gap; points along one axis.
+/// The site shown at the centre of a device pixel, -1 for a gap; points along one axis.
 int siteAt(int devicePixel, double points, int devicePixels, double spacing) {
   const double coordinate = (devicePixel + 0.5) * points / devicePixels;
   const double within = std::fmod(coordinate, spacing);
   return spacing > 8.0 && within < 2.0 ? -1 : static_cast<int>(coordinate / spacing);
 }
 
-TEST(Scaled, TheFrameHasADevicePixelForEveryOneOfTheScreens) {
+TEST(Scaled, TheFrameHasOnePixelForEveryDevicePixel) {
   ASSERT_GT(expectedRatio(), 1.0);
   auto view = shownView(201, 121);
   EXPECT_EQ(view->devicePixelRatioF(), expectedRatio());
@@ -45,7 +45,7 @@ TEST(Scaled, TheLatticeSpansTheWholeViewAndIsMeasuredInPoints) {
 }
 
 TEST(Scaled, TheFrameEqualsTheOneWithEveryRectangleDrawn) {
-  // A window has whole device pixels, a view inside it need not have.
+  // A window has whole device pixels; a view inside it may not.
   for (const QSize size : {QSize(222, 283), QSize(201, 133)}) {
     QWidget window;
     window.resize(500, 300);

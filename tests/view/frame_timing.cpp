@@ -7,7 +7,7 @@
 #include "Lattices.h"
 #include "LiteralView.h"
 
-// Prints how long a frame takes with every rectangle drawn and with the transparent ones left out.
+// Prints the time of a frame with every rectangle drawn and with the transparent ones left out.
 
 namespace quorvane {
 namespace {
@@ -15,13 +15,13 @@ namespace {
 constexpr int kSites = 254;
 constexpr int kFrames = 15;
 
-/// The fastest of several frames, which other work on the machine disturbs least.
+/// The minimum of several frames, which is least affected by other load.
 double fastestMilliseconds(GraphicalLatticeModelGL& view) {
   std::vector<double> times;
   for (int frame = 0; frame < kFrames; ++frame) {
     QElapsedTimer timer;
     timer.start();
-    // Reading the frame back waits until it has been drawn.
+    // Reading the frame back waits until it is drawn.
     view.grabFramebuffer();
     times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
   }

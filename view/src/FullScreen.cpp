@@ -9,7 +9,7 @@ namespace quorvane {
 void GraphicalLatticeModelGL::enterFullScreenMode() {
   const bool enters = !fillsScreen_;
   if (enters) becomeWindow();
-  // Where no window manager obeys the request for full screen, the geometry alone fills the screen.
+  // Without a window manager that supports full screen, the geometry alone fills the screen.
   setGeometry(QGuiApplication::primaryScreen()->geometry());
   showFullScreen();
   raise();
@@ -22,7 +22,7 @@ void GraphicalLatticeModelGL::becomeWindow() {
   fillsScreen_ = true;
   geometryInWindow_ = geometry();
   predecessorInTabOrder_ = previousInFocusChain();
-  // Keeps the parent, and with it the view's life, while the view is a window of its own.
+  // Unlike setParent(nullptr), this keeps the parent, which owns the view.
   setWindowFlags(Qt::Window);
 }
 
@@ -53,7 +53,7 @@ void GraphicalLatticeModelGL::closeEvent(QCloseEvent* event) {
 }
 
 void GraphicalLatticeModelGL::hideEvent(QHideEvent* event) {
-  // A view that goes while the button is down never hears of its release.
+  // A view that is hidden while the button is down gets no release event.
   mouseUp();
   QOpenGLWidget::hideEvent(event);
 }

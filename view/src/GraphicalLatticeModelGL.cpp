@@ -26,8 +26,7 @@ bool contextCanBeHad(const QSurfaceFormat& format) {
 }
 
 bool platformShowsOpenGLWidgets() {
-  // The platform without a screen offers contexts all the same, and crashes when a widget drawn with one
-  // shows.
+  // The offscreen platform creates contexts, but crashes when a QOpenGLWidget is shown.
   return QGuiApplication::platformName() != QLatin1String("offscreen");
 }
 
@@ -60,7 +59,7 @@ void GraphicalLatticeModelGL::requestRedraw() { update(); }
 void GraphicalLatticeModelGL::latticeReplaced() { emit latticeRenewed(); }
 
 void GraphicalLatticeModelGL::requestRedrawFromRunLoop() {
-  // A loop faster than the screen must not fill the event queue.
+  // A run loop faster than the screen must not fill the event queue.
   if (redrawPending_.exchange(true)) return;
   const auto redraw = [this] {
     redrawPending_ = false;

@@ -44,7 +44,7 @@ void GraphicalPlot::drawRect(const QRectF& rect) {
 }
 
 void GraphicalPlot::drawFocusFrame() {
-  // The style's own frame would tint the whole plot.
+  // The style's focus frame would tint the whole plot.
   QPainter painter(this);
   painter.setPen(palette().color(QPalette::Highlight));
   painter.drawRect(rect().adjusted(0, 0, -1, -1));

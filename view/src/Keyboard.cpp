@@ -10,7 +10,7 @@ namespace {
 enum KeyCode { kNoKey = -1, kSpaceBar = 49, kEscape = 53 };
 
 KeyCode keyCodeOf(const QKeyEvent& event) {
-  // A key that is held down is one press; where repeats are not marked, HeldSpaceBar knows them.
+  // HeldSpaceBar filters repeats that are not marked as such.
   if (event.isAutoRepeat()) return kNoKey;
   if (event.key() == Qt::Key_Space) return kSpaceBar;
   return event.key() == Qt::Key_Escape ? kEscape : kNoKey;
@@ -34,7 +34,7 @@ void GraphicalLatticeModelGL::startRun() {
   try {
     runLatticeModelInBackground();
   } catch (const std::system_error& error) {
-    // The toolkit's event handlers let no exception through.
+    // Qt's event handlers must not throw.
     qWarning("the simulation cannot start: %s", error.what());
   }
 }

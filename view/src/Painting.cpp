@@ -7,7 +7,7 @@
 namespace quorvane {
 namespace {
 
-/// The index of the site at a coordinate in an extent of sites with a spacing, if there is one.
+/// The index of the site at a coordinate, if there is one. Beyond the last site the index folds back.
 std::optional<int> siteAt(double coordinate, double extent, double spacing, int sites) {
   if (!std::isfinite(coordinate)) return std::nullopt;
   if (coordinate >= extent) coordinate = extent - 1.0;
@@ -39,7 +39,7 @@ void GraphicalLatticeModelGL::mouseDragged(double x, double y) {
   const auto i = siteAt(x, varMyWidth, varSiteSpacing, varImax);
   const auto j = siteAt(y, varMyHeight, varSiteSpacing, varJmax);
   if (!i || !j) return;
-  // Painting does not move the hover position, so every event of a stroke repaints.
+  // The hover position is not updated here, so every event of a stroke paints.
   if (*i == varIHoverLast && *j == varJHoverLast) return;
   paintSite(*i, *j);
 }
@@ -63,7 +63,7 @@ void GraphicalLatticeModelGL::mouseUp() {
 }
 
 QPointF GraphicalLatticeModelGL::viewPoint(const QMouseEvent& event) const {
-  // An event names the upper left corner of a device pixel; the site seen there is the one at its middle.
+  // An event has the upper left corner of a device pixel; the site drawn there is the one at its centre.
   const double half = 0.5 / devicePixelRatioF();
   return {event.position().x() + half, height() - (event.position().y() + half)};
 }

@@ -6,7 +6,7 @@
 namespace quorvane {
 namespace {
 
-// The margins belong to the window's layout: the control panel stands on the right and below.
+// The window's layout leaves these margins: the control panels are on the right and below.
 constexpr int kLeft = 11;
 constexpr int kRight = 545;
 constexpr int kTop = 29;
@@ -39,7 +39,7 @@ bool GraphicalLatticeModelGL::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void GraphicalLatticeModelGL::showEvent(QShowEvent* event) {
-  // Whoever put the view, or a parent of it, into another window did so while it was hidden.
+  // The view, or a parent of it, can have been moved to another window only while hidden.
   if (!isWindow() && followedWindow_ != window()) {
     viewDidMoveToWindow();
     windowResized();

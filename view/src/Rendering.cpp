@@ -13,7 +13,7 @@ constexpr double kGap = 2.0;
 constexpr double kOverlap = 1.0;
 constexpr int kColumnsAtATime = 16;
 
-/// The column or the row of sites between two normalised device coordinates.
+/// A column or row of sites and its extent in normalised device coordinates.
 struct Band {
   int site;
   double from, to;
@@ -21,7 +21,7 @@ struct Band {
 
 double normalised(double coordinate, double extent) { return 2.0 * (coordinate / extent) - 1.0; }
 
-/// The bands across an extent in the order of drawing; where the sites end before the extent they start anew.
+/// The bands across an extent in drawing order; if the sites do not fill it, they repeat.
 std::vector<Band> bandsAcross(double extent, double spacing, int sites) {
   const bool gaps = spacing > kLargestSpacingWithoutGaps;
   std::vector<Band> bands;
@@ -65,7 +65,7 @@ void drawSite(QOpenGLFunctions_2_1& gl, const ModelState& model, const std::vect
   }
 }
 
-/// The functions of the current context; null if it is none of desktop OpenGL 2.1.
+/// The functions of the current context; null unless it is desktop OpenGL 2.1.
 QOpenGLFunctions_2_1* currentFunctions() {
   QOpenGLContext* context = QOpenGLContext::currentContext();
   if (context == nullptr || context->isOpenGLES()) return nullptr;
@@ -89,8 +89,7 @@ void GraphicalLatticeModelGL::reshape() {
 }
 
 void GraphicalLatticeModelGL::setViewport(QOpenGLFunctions_2_1& gl) const {
-  // Rounded as the size of the widget's framebuffer is, so that the last pixel is neither missed nor
-  // invented.
+  // Rounded like the size of the widget's framebuffer, so that the viewport matches it exactly.
   const QSize pixels = size() * devicePixelRatioF();
   gl.glViewport(0, 0, pixels.width(), pixels.height());
 }
@@ -100,7 +99,7 @@ void GraphicalLatticeModelGL::drawRect() {
   QOpenGLFunctions_2_1* gl = currentFunctions();
   if (gl == nullptr) return;
 
-  // The toolkit sets a viewport of its own after a resize, so the one of reshape may be gone.
+  // Qt sets its own viewport after a resize, which replaces the one from reshape.
   setViewport(*gl);
   gl->glClearColor(0.0f, 0.0f, 0.0f, 1.0f);
   gl->glClear(GL_COLOR_BUFFER_BIT);
@@ -110,7 +109,7 @@ void GraphicalLatticeModelGL::drawRect() {
   varMyWidth = width();
   varMyHeight = height();
   varSiteSpacing = varMyWidth / varImax;
-  // Without an extent or a site the walk across the view would have no end.
+  // With a site spacing of 0 or infinity the bands would never reach the end of the view.
   const bool hasSites = varImax > 0 && varJmax > 0 && !size().isEmpty();
   if (varMyState > kNotInitialised && hasSites) drawSites(*gl);
 
@@ -127,8 +126,7 @@ void GraphicalLatticeModelGL::drawSites(QOpenGLFunctions_2_1& gl) const {
   int undrawnColumns = 0;
   for (const Band& column : columns) {
     for (const Band& row : rows) drawSite(gl, *this, inks, column, row);
-    // A software renderer keeps rectangles until it is told to draw them, several megabytes for a whole
-    // frame.
+    // A software renderer buffers rectangles until it is flushed, several megabytes for a whole frame.
     if (++undrawnColumns % kColumnsAtATime == 0) gl.glFlush();
   }
 }

@@ -19,7 +19,7 @@ enum ExitStatus : int {
   kExitTerminated = 143,   ///< stopped by SIGTERM; what was asked for is written
 };
 
-/// What the user asked for. A path "-" is standard input or output; at most one result goes there.
+/// A parsed command line. A path "-" is standard input or output; at most one result goes there.
 struct BatchOptions {
   std::filesystem::path document;
   std::int64_t sweeps = 0;                           ///< 0 or more
@@ -28,13 +28,12 @@ struct BatchOptions {
   std::optional<std::filesystem::path> frames;       ///< the folder of numbered PNGs, never "-"
   std::int64_t every = 1;                            ///< sweeps between rows and between frames, 1 or more
   std::optional<std::filesystem::path> picture;      ///< the lattice after the run as PNG
-  int scale = kDefaultScale;                         ///< pixels a site in pictures, 1 to kMaxScale
+  int scale = kDefaultScale;                         ///< pixels per site in pictures, 1 to kMaxScale
   bool trace = false;                                ///< pictures show each type's trace beside the lattice
 };
 
 /// The options of a command line, or the status to exit with if there is nothing to run: kExitDone after
-/// --help and --version, else kExitUsage. Writes these to standard output, and what is wrong as one line to
-/// standard error.
+/// --help and --version, which print to standard output, else kExitUsage after one line on standard error.
 std::variant<BatchOptions, ExitStatus> parseCommandLine(int argc, const char* const* argv);
 
 }  // namespace quorvane

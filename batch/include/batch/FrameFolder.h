@@ -6,19 +6,18 @@
 
 namespace quorvane {
 
-/// A folder of numbered pictures, frame-000000.png, frame-000001.png and so on. All names of one run are
-/// equally long, so that they sort as they are numbered. While it lives no other run takes the folder.
+/// A folder of numbered pictures, frame-000000.png, frame-000001.png and so on. All names of one run have the
+/// same length, so that they sort by number. Locks the folder against other runs during its lifetime.
 class FrameFolder {
  public:
-  /// Makes the folder, and those above it, where there is none. Throws BatchFailure where it cannot, where no
-  /// file can be written there, and where the folder holds or gets frames of another run: those of two runs
-  /// would make one film.
+  /// Makes the folder, and those above it, if they do not exist. Throws BatchFailure if it cannot, if no file
+  /// can be written there, or if the folder has, or is getting, frames of another run: a film would mix them.
   FrameFolder(std::filesystem::path folder, std::int64_t lastNumber);
   ~FrameFolder();
   FrameFolder(const FrameFolder&) = delete;
   FrameFolder& operator=(const FrameFolder&) = delete;
 
-  /// True of the name of a frame.
+  /// True if a file name is that of a frame.
   static bool isFrame(const std::string& name);
 
   /// Writes the next frame, the first with number 0, as writeOutput does.

@@ -6,20 +6,19 @@
 
 namespace quorvane {
 
-/// How far a run is, as the longest text that fits into a number of columns: sweeps made and to make, the
-/// part of them, and the time that the rest takes if it goes on like this. At least the part, however few
-/// columns.
+/// The progress of a run, as the longest text that fits into a number of columns: sweeps done and in all, the
+/// percentage, and the time left at the present speed. The percentage alone is returned even if it does not
+/// fit.
 std::string progressText(std::int64_t done, std::int64_t total, std::chrono::duration<double> elapsed,
                          int columns);
 
-/// Tells a terminal's standard error how far a run is, about three times a second, in one line that fits the
-/// terminal as wide as it is at that moment; says nothing to anything that is no terminal, and nothing to one
-/// that shows results.
+/// Prints progress on standard error about three times a second, in one line that fits the terminal's present
+/// width. Prints nothing unless standard error is a terminal, or if that terminal shows results.
 class Progress {
  public:
-  /// resultsOnOutput: standard output carries results.
+  /// resultsOnOutput: results go to standard output.
   Progress(std::int64_t total, bool resultsOnOutput);
-  /// Leaves an empty line for what comes next.
+  /// Erases the line.
   ~Progress();
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;

@@ -13,27 +13,26 @@
 
 namespace quorvane {
 
-/// The picture that the options ask for, as the bytes of a PNG file.
+/// The picture that the options describe, as the bytes of a PNG file.
 std::string pictureOf(const LatticeModel& model, const BatchOptions& options);
 
-/// What is recorded of a run while it goes on: rows of populations and frames, both of the same sweeps.
-/// Frames are on the disk at once. Rows wait a tenth of a second at most, and never more of them than some
-/// ten kilobytes, so a long run keeps no more in memory than a short one. A file of rows takes the place of
-/// its target only at the end of the run; a run that is killed later than at its start leaves it where it
-/// grew, with the rows so far, and so do rows that fail. What fails is told at once and given up; the other
-/// goes on.
+/// Records rows of populations and frames during a run, both at the same sweeps. Frames are written at once.
+/// Rows are buffered for a tenth of a second and some 64 kB at most, so memory does not grow with the length
+/// of the run. The file of rows replaces its target only at the end of the run; if the run is killed or a row
+/// fails after the start, the partial file stays with the rows so far. A result that fails is reported at
+/// once and dropped; the other continues.
 class Recorder {
  public:
   /// Makes the folder of the frames and the file of the rows.
   Recorder(const LatticeModel& model, const BatchOptions& options, Messages& messages);
 
   void record(std::int64_t sweep);
-  /// To be called every few sweeps: writes the rows that have waited long enough.
+  /// Writes the buffered rows if they are due. Call it every few sweeps.
   void keepUp();
-  /// Writes the rows that are left, and puts their file in its place.
+  /// Writes the remaining rows, and replaces the target with their file.
   void finish();
 
-  /// False once nothing is recorded any more.
+  /// False if no row or frame is recorded, because none was asked for or all failed.
   bool isRecording() const { return frames_ || rows_; }
 
  private:

@@ -9,27 +9,27 @@
 
 namespace quorvane {
 
-/// Where rows go as they come: standard output, a device or pipe, or a GrowingFile that takes the place of
-/// its target at the end. No signal ends the process in the middle of a row of a file.
+/// Writes rows as they are made: to standard output, a device or pipe, or a GrowingFile that replaces its
+/// target at the end. No signal ends the process in the middle of a row of a file.
 class RowWriter {
  public:
   /// Makes the growing file. Throws BatchFailure, as write and finish do.
   explicit RowWriter(std::filesystem::path target);
 
-  /// Hands whole rows to the system.
+  /// Writes whole rows, unbuffered.
   void write(std::string_view rows);
 
-  /// Puts the growing file in the place of its target, and removes what killed runs have left of it. What
-  /// there is to say of it, as writeOutput says it.
+  /// Replaces the target with the growing file, and removes partial files of killed runs. Returns a note like
+  /// writeOutput.
   std::string finish();
 
-  /// From now on the growing file stays, however the run ends.
+  /// Keeps the growing file even if the run fails or is killed.
   void keep() { file_.keep(); }
 
   /// True while there is a growing file.
   bool isGrowing() const { return !file_.partial().empty(); }
 
-  /// The growing file if it stays; else empty.
+  /// The growing file if it is kept; else empty.
   std::filesystem::path kept() const { return file_.isKept() ? file_.partial() : std::filesystem::path(); }
 
  private:

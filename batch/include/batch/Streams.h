@@ -9,36 +9,35 @@
 #include "batch/Messages.h"
 #include "process/StopSignals.h"
 
-/// Where the runner reads and writes: files, and standard input and output, which "-" stands for.
+/// Reading and writing of the runner: files, and standard input and output as "-".
 namespace quorvane {
 
-/// Gives each of the descriptors 0 to 2 that is closed something that can be neither read nor written, so
-/// that no file that is opened later becomes one of them.
+/// Opens /dev/null on each of the descriptors 0 to 2 that is closed, such that its use still fails, so that
+/// no file opened later becomes a standard stream.
 void fillStandardDescriptors();
 
-/// True of "-".
+/// True for "-".
 bool isStandardStream(const std::filesystem::path& path);
 
-/// All of a document's text. Throws BatchFailure.
+/// The whole text of a document. Throws BatchFailure.
 std::string readInput(const std::filesystem::path& document);
 
-/// Throws BatchFailure where writeOutput could not write the target now. Leaves no trace.
+/// Throws BatchFailure if writeOutput could not write the target now. Leaves no file behind.
 void checkOutput(const std::filesystem::path& target);
 
-/// For as long as a file is written. A device or a pipe may never take what is written to it, and leaves no
-/// half file, so signals do not wait for it.
+/// Blocks signals while a regular file is written. None for a device or a pipe, which may block for ever and
+/// cannot be left half written.
 std::optional<SignalsHeld> signalsHeldFor(const std::filesystem::path& target);
 
-/// Whether a reader that has taken nothing for so long is waited for: always, but only five seconds once the
-/// run has been asked to stop.
+/// Whether to wait further for a reader that has read nothing for this long: always before a stop signal,
+/// five seconds at most after it.
 bool mayWaitForReader(std::chrono::milliseconds stalled);
 
 /// Writes to standard output. Throws BatchFailure.
 void writeStandardOutput(std::string_view content);
 
 /// Replaces a file as writeFileAtomically does, or writes to standard output. Throws BatchFailure. No signal
-/// ends the process while a file is only half written. What there is to say of it otherwise, as a line;
-/// mostly empty.
+/// ends the process while a file is half written. Returns a note for the user, as one line; mostly empty.
 std::string writeOutput(const std::filesystem::path& target, std::string_view content);
 
 }  // namespace quorvane

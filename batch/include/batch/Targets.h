@@ -7,9 +7,9 @@
 
 namespace quorvane {
 
-/// Why the files that are asked for cannot all be had, as one line; none if they can: one target named twice
-/// by whatever names, a file where the folder of the frames is to be, one among the frames, or the document
-/// itself as the target of anything but --output.
+/// A conflict between the requested files, as one line; none if there is none: the same target twice, also
+/// under different names, a file in place of the folder of the frames, a file named like a frame in it, or
+/// the document itself as a target other than --output.
 std::optional<std::string> conflictOf(const BatchOptions& options);
 
 }  // namespace quorvane

@@ -1,4 +1,4 @@
-// Allocations of the whole process. What gives memory back is the C library's own.
+// Interposed allocations of the whole process. Memory is freed by the C library itself.
 
 #include <cerrno>
 #include <cstddef>

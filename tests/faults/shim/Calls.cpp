@@ -1,5 +1,5 @@
-// The calls of the system that these tests watch. They stand before the C library's, and go to the system
-// themselves, so that nothing of the C library comes between.
+// Interposed system calls. They take precedence over the C library's and call the system directly, so that no
+// other code of the C library is involved.
 
 #include <dirent.h>
 #include <dlfcn.h>
@@ -20,7 +20,7 @@
 namespace quorvane {
 namespace {
 
-/// What the system answers, or -1 where the call is to fail.
+/// The result of the system call, or -1 if it is to fail.
 template <typename Result, typename Watched, typename... Values>
 Result unlessItFails(Call call, Watched watched, long number, Values... values) {
   if (judge(call, watched) == Verdict::kFail) return -1;
@@ -31,7 +31,7 @@ int openAt(int folder, const char* path, int flags, mode_t mode) {
   if (judge(Call::kOpen, path) == Verdict::kFail) return -1;
   const int file = static_cast<int>(::syscall(SYS_openat, folder, path, flags, mode));
   if (file < 0) return file;
-  // The C library closes folders without this library's notice, so a number may stand for another file now.
+  // The C library closes folders without calling close here, so a number may now be another file.
   note(file, isWatched(path));
   if (!isWatched(path)) return file;
   record({}, "open %d %d %d %s\n", file, flags & O_DIRECTORY ? 1 : 0, flags & O_TRUNC ? 1 : 0, path);
@@ -60,7 +60,7 @@ ssize_t writeTo(int file, const void* bytes, std::size_t size) {
   return written;
 }
 
-/// Says that it is done: no test here takes the power away, and disks are slow.
+/// Reports success without synchronising: no test here turns the power off, and disks are slow.
 int synchronise(int file, long number) {
   if (!isWatched(file)) return static_cast<int>(::syscall(number, file));
   if (judge(Call::kSync, file) == Verdict::kFail) return -1;
@@ -149,7 +149,7 @@ ssize_t pread64(int file, void* bytes, size_t size, off64_t offset) {
 }
 
 ssize_t write(int file, const void* bytes, size_t size) { return quorvane::writeTo(file, bytes, size); }
-/// The first piece alone is a legal answer, and keeps the record simple.
+/// Writing only the first piece is allowed, and keeps the record simple.
 ssize_t writev(int file, const iovec* pieces, int count) {
   if (!quorvane::isWatched(file) || count < 1) return ::syscall(SYS_writev, file, pieces, count);
   return quorvane::writeTo(file, pieces->iov_base, pieces->iov_len);
@@ -158,7 +158,7 @@ ssize_t writev(int file, const iovec* pieces, int count) {
 int fsync(int file) { return quorvane::synchronise(file, SYS_fsync); }
 int fdatasync(int file) { return quorvane::synchronise(file, SYS_fdatasync); }
 
-/// The descriptor is closed also where the call fails, as the system does it.
+/// Closes the descriptor even if the call fails, as Linux does.
 int close(int file) {
   const bool watched = quorvane::isWatched(file);
   const Verdict verdict = quorvane::judge(Call::kClose, file);

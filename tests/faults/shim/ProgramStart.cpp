@@ -8,7 +8,7 @@
 
 #include "FaultPlan.h"
 
-// What comes before main, such as the loading of libraries, is none of the program's doing.
+// Calls before main, such as those that load libraries, are not the program's.
 
 namespace {
 

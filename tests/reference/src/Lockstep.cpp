@@ -17,7 +17,7 @@ std::string at(int i, int j) { return " at (" + std::to_string(i) + ", " + std::
 void restartSources(int draws) {
   processRandomSource = RandomSource();
   source = Ran0<CLibrary>();
-  // The engine's first draw uses the C library's generator, which the reference then seeds again.
+  // The engine's first draw compares the C library's generator, so the reference seeds it again after that.
   for (int k = 0; k < draws; ++k) quorvane::fRandReal();
   for (int k = 0; k < draws; ++k) fRandReal();
 }

@@ -27,8 +27,8 @@ constexpr double kOddReals[] = {0.0,
 constexpr int kFlags[] = {0, 0, 1, 1, 2, -1, 7};
 constexpr int kCapacity = 50;
 
-/// Builds one system out of random choices. Every table has its own temper, so that among thousands there are
-/// many in which most attempts succeed and many in which everything is odd.
+/// Builds one system from random choices. Each table first draws how odd it is, so that among thousands many
+/// have mostly accepted attempts and many have odd values everywhere.
 class Builder {
  public:
   Builder(Size size, std::uint64_t seed) : values_(seed), system_(std::make_unique<System>()) {
@@ -50,8 +50,8 @@ class Builder {
 
  private:
   void fillLattice() {
-    // A few systems hold types that are not in use. Sites outside the corner hold a type of their own, which
-    // shows where one is read.
+    // A few systems hold types that are not in use. Sites outside the used corner hold a special type, which
+    // reveals any read of them.
     const int heldTypes = values_.oneIn(8) ? 10 : system_->numTypes;
     for (auto& row : system_->lattice)
       for (int& site : row) site = 9;
@@ -76,7 +76,7 @@ class Builder {
       const int rule = addRule(*system_, values_.below(4), end(), end());
       if (rule == -1) return;
       system_->ruleParameter[rule] = parameter();
-      // Only -1 stands for any type; a swap with another number below 0 meets nobody.
+      // Only -1 means any type; a swap with another negative end never finds a partner.
       if (system_->ruleType[rule] == 2 && values_.oneIn(10)) system_->ruleEndPoints[rule][1] = -2;
       system_->ruleFac[rule][0] = needed();
       system_->ruleFac[rule][1] = values_.from(-1, 9);
@@ -90,7 +90,7 @@ class Builder {
       deleteRule(*system_, values_.below(system_->numRules));
   }
 
-  /// More entries for some rows: rules a second time, and rules that are not in use.
+  /// Additional entries for some rows: rules twice, and rules that are not in use.
   void addEntries() {
     for (int t = 0; t < 10; ++t) {
       int& count = system_->accessibleCount[t];
@@ -102,7 +102,7 @@ class Builder {
 
   int end() { return values_.oneIn(3) ? -1 : values_.below(values_.oneIn(10) ? 10 : system_->numTypes); }
 
-  /// Of neighbours for facilitation: up to 16 can count, since one may count twice.
+  /// Neighbours needed for facilitation: up to 16 can count, since each may count twice.
   int needed() {
     if (!values_.oneIn(3)) return 0;
     return values_.oneOf({values_.from(-2, 9), values_.from(-2, 9), values_.from(8, 20), 128, 200, 256,

@@ -86,7 +86,7 @@ template <class Int, class Real>
 int addRule(SystemOf<Int, Real>& system, int type, int endA, int endB) {
   constexpr int capacity = 50;
   if (system.numRules >= capacity) return -1;
-  // Two entries more is the most that a rule adds to a row.
+  // A rule adds at most two entries to a row.
   for (const auto& count : system.accessibleCount)
     if (count + 2 > capacity) return -1;
   const int r = system.numRules++;

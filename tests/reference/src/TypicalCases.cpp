@@ -18,7 +18,7 @@ std::unique_ptr<System> mixture(int numTypes) {
 
 std::unique_ptr<System> noRules() { return mixture(2); }
 
-/// Two types that flip into each other, close to where they begin to separate.
+/// Two types that flip into each other, close to criticality.
 std::unique_ptr<System> flips() {
   auto system = mixture(2);
   addRule(*system, 1, 0, 1);
@@ -27,7 +27,7 @@ std::unique_ptr<System> flips() {
   return system;
 }
 
-/// Two types that avoid each other and keep their numbers.
+/// Two types that repel each other and are conserved.
 std::unique_ptr<System> swaps() {
   auto system = mixture(2);
   addRule(*system, 2, -1, -1);
@@ -35,7 +35,7 @@ std::unique_ptr<System> swaps() {
   return system;
 }
 
-/// A type that spreads where it has a neighbour of its own, and dies out at a smaller rate.
+/// A type that spreads next to its own kind, and dies out at a smaller rate.
 std::unique_ptr<System> facilitatedFlips() {
   auto system = mixture(2);
   const int growth = addRule(*system, 0, 0, 1);

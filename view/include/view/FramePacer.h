@@ -16,7 +16,7 @@ class FramePacer {
     begin_ = clock_.elapsed();
     open_ = true;
   }
-  /// The frame is on the screen.
+  /// To be called when the frame is on the screen.
   void frameEnds() {
     if (!open_) return;
     open_ = false;
@@ -24,7 +24,7 @@ class FramePacer {
     cost_ = end_ - begin_;
   }
 
-  /// What is left of the pause, 0 to 250 ms.
+  /// The remaining pause, 0 to 250 ms.
   std::chrono::milliseconds pauseBeforeNextFrame() const {
     constexpr qint64 longest = 250;
     return std::chrono::milliseconds(std::clamp<qint64>(end_ + cost_ - clock_.elapsed(), 0, longest));

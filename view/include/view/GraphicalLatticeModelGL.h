@@ -12,8 +12,8 @@ class QOpenGLFunctions_2_1;
 
 namespace quorvane {
 
-/// The model and its view in one object: shows the display trace, is painted on, and takes the two keys of
-/// full screen. Coordinates are in points (device-independent pixels), x from the left and y from the bottom.
+/// The model and its view in one object: draws the display trace, handles painting and the two keys of full
+/// screen. Coordinates are in points (device-independent pixels), x from the left and y from the bottom.
 /// Main thread only, except where LatticeModel says otherwise.
 class GraphicalLatticeModelGL : public QOpenGLWidget, public LatticeModel {
   Q_OBJECT
@@ -21,47 +21,47 @@ class GraphicalLatticeModelGL : public QOpenGLWidget, public LatticeModel {
  public:
   /// Sets the start values of awakeFromNib.
   explicit GraphicalLatticeModelGL(QWidget* parent = nullptr);
-  /// Ends the run loops before any part of the view goes.
+  /// Ends the run loops, which call the view, before any part of it is destroyed.
   ~GraphicalLatticeModelGL() override;
 
-  /// The surface format that the drawing needs: desktop OpenGL 2.1. To be the default format before the
-  /// application object is made.
+  /// The surface format that drawing needs: desktop OpenGL 2.1. Set it as the default format before the
+  /// application object is created.
   static QSurfaceFormat surfaceFormat();
-  /// True if a context of surfaceFormat can be had on this machine. Needs the application object.
+  /// True if a context of surfaceFormat can be created on this machine. Needs the application object.
   static bool canDraw();
 
   /// True: the view receives key events.
   bool acceptsFirstResponder() const;
-  /// Follows the size of the window that the view stands in from now on. Called when the view shows in
-  /// another window than before; a view that is a window itself follows none.
+  /// Starts to follow the size of the window that contains the view. Called when the view is shown in another
+  /// window than before; a view that is a window itself follows none.
   void viewDidMoveToWindow();
   /// Places the view inside its window: 11 points free on the left, 205 below, 545 on the right, 29 on top.
   /// A window too small for that leaves a view of width or height 0. No effect while the view fills the
   /// screen or is a window itself.
   void windowResized();
-  /// Where windowResized places the view in its parent, also while it fills the screen. Needs a parent.
+  /// The geometry that windowResized gives the view in its parent, also during full screen. Needs a parent.
   QRect placeInWindow() const;
   /// Sets the viewport to the view's bounds in device pixels. Makes the view's context current; no effect
   /// while there is none.
   void reshape();
-  /// Draws a frame into the current context and takes varMyWidth, varMyHeight and varSiteSpacing from the
+  /// Draws a frame into the current context and sets varMyWidth, varMyHeight and varSiteSpacing from the
   /// view's size. Without a lattice, or with an empty view, the frame is black. No effect, and no frameDrawn,
-  /// where no context of desktop OpenGL 2.1 is current.
+  /// unless a context of desktop OpenGL 2.1 is current.
   void drawRect();
 
   /// Starts a paint stroke at a point, unless there is no model yet.
   void mouseDown(double x, double y);
   /// Paints the site at a point during a stroke. Points beyond the right or upper edge count as 1 point
-  /// inside it, points beyond the others as on them. Paints nothing where the point gives no site of the
-  /// lattice, before the first frame, or with a brush that is not 0 to 9.
+  /// inside it, points beyond the others as on them. Paints nothing if the point is not on a site of the
+  /// lattice, before the first frame, or if the brush is not 0 to 9.
   void mouseDragged(double x, double y);
-  /// Ends a stroke, and goes on with the run that it paused.
+  /// Ends a stroke, and resumes the run that it paused.
   void mouseUp();
-  /// Obeys 49 (space: run or stop) and 53 (Escape: stop and leave) in full screen; drops any other key.
+  /// Handles 49 (space: run or stop) and 53 (Escape: stop and leave) in full screen; ignores any other key.
   void keyDown(int keyCode);
 
-  /// Lets the view fill the primary screen and take the keyboard. setFullScreen is the caller's. A view that
-  /// fills it already, perhaps behind another window, comes to the front.
+  /// Makes the view fill the primary screen and gives it the focus. The caller calls setFullScreen. A view
+  /// that fills the screen already, perhaps behind another window, is raised.
   void enterFullScreenMode();
   /// Puts the view back into its window. No effect, and no fullScreenLeft, unless it fills the screen.
   void exitFullScreenMode();
@@ -71,7 +71,7 @@ class GraphicalLatticeModelGL : public QOpenGLWidget, public LatticeModel {
   void frameDrawn();
   /// The view fills the screen.
   void fullScreenEntered();
-  /// The model has another lattice, or its sites were filled anew.
+  /// The lattice was replaced or filled again.
   void latticeRenewed();
   /// The view is back in its window.
   void fullScreenLeft();
@@ -79,8 +79,8 @@ class GraphicalLatticeModelGL : public QOpenGLWidget, public LatticeModel {
  protected:
   void requestRedraw() override;
   void latticeReplaced() override;
-  /// Posts one redraw to the main thread, which takes it up after a pause as long as the last frame took;
-  /// requests made before that are merged into it.
+  /// Posts one redraw to the main thread, where it waits for as long as the last frame took; requests made
+  /// before that are merged into it.
   void requestRedrawFromRunLoop() override;
 
   void paintGL() override;

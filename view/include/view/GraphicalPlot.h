@@ -8,10 +8,9 @@ namespace quorvane {
 
 /// Two series of up to 256 values as square markers 5 points wide on white, the first red, the second green.
 ///
-/// Knows no model; its owner sets everything and asks for the redraw. Coordinates are in points, y upwards.
-/// A plot that has the keyboard, which its owner may allow, also shows a frame for that.
-/// Markers may start and end between two pixels: a pixel takes a marker's colour, unmixed, if the marker's
-/// rounded edges hold it. Main thread only.
+/// Independent of the model: the owner sets the values and requests the redraw. Coordinates are in points, y
+/// upwards. With the focus, if the owner's focus policy allows it, the plot also shows a frame. Marker edges
+/// are rounded to whole pixels, so markers are drawn without blending. Main thread only.
 class GraphicalPlot : public QWidget {
   Q_OBJECT
 
@@ -30,7 +29,7 @@ class GraphicalPlot : public QWidget {
   /// Asks for a redraw.
   void refreshPlot();
 
-  /// Draws the background of a rectangle, and every marker over it. During a paint event only.
+  /// Fills the background of a rectangle and draws all markers. During a paint event only.
   void drawRect(const QRectF& rect);
 
  protected:

@@ -4,16 +4,16 @@
 
 namespace quorvane {
 
-/// Takes a space bar that is held down for one press, in all windows of the application.
+/// Makes holding the space bar down count as one press, in all windows of the application.
 ///
-/// Drops repeated presses, also those that the window system does not mark as such: it sends them in the same
-/// instant as the release before them. Events without a time are taken as they come. A text field that took
-/// the first press takes the repeats too; one that came under the key by that press does not.
+/// Filters repeated presses. Some window systems do not mark these as repeats, but give them the time stamp
+/// of the release before them. Events without a time stamp pass. A text field that got the first press gets
+/// the repeats too; one that got the focus through that press does not.
 class HeldSpaceBar : public QObject {
   Q_OBJECT
 
  public:
-  /// Watches from now on. Needs the application object; once is enough.
+  /// Installs the filter. Needs the application object; further calls have no effect.
   static void watchApplication();
 
   bool eventFilter(QObject* watched, QEvent* event) override;

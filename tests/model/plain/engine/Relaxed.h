@@ -2,7 +2,7 @@
 
 namespace quorvane {
 
-/// The library's header of this name as it must not be: a plain value, which threads may not share.
+/// A wrong version of the library's header: a plain value, which threads must not share.
 template <class T>
 class Relaxed {
  public:

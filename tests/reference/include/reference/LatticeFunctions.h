@@ -1,7 +1,7 @@
 #pragma once
 
-/// The lattice engine in its plainest form, on plain arrays: every step is carried out, trial values are
-/// written into the lattice and taken back. The engine is measured and proved against it.
+/// The literal lattice engine on plain arrays: every step is carried out, trial values are written into the
+/// lattice and taken back. The engine is tested and measured against it.
 namespace quorvane::reference {
 
 int fn_neighbi(int i, int dir);

@@ -6,29 +6,29 @@
 
 namespace quorvane::reference {
 
-/// Puts the engine's random source and the one of this folder back to where a fresh process starts, and makes
-/// the same number of draws from both.
+/// Resets the engine's random source and the reference source to the state of a fresh process, and makes the
+/// same number of draws from both.
 void restartSources(int draws = 1);
 
 /// True if the next draw of both sources is the same.
 bool sourcesAgree();
 
-/// The same value, bit for bit, or two not-a-numbers.
+/// The same value, bit for bit, or two NaNs.
 bool same(double a, double b);
 
-/// The engine and the functions of this folder working on two copies of one system with the same draws.
+/// Runs the engine and the reference functions on two copies of one system with the same draws.
 class Lockstep {
  public:
   explicit Lockstep(std::unique_ptr<System> system);
 
-  /// Makes one attempt on both. Empty, or what came out differently: the next draw, the site, a neighbour.
+  /// Makes one attempt on both. Empty, or what differs: the next draw, the site, a neighbour.
   std::string attempt();
   /// Empty, or the first site of the whole lattice that differs.
   std::string compareLattices() const;
   /// Empty, or the first difference between the energies and neighbour counts of a site.
   std::string compareQueriesAt(int i, int j);
 
-  /// Attempts that left the chosen site with another type.
+  /// Attempts that changed the type of the chosen site.
   int changes() const { return changes_; }
 
   System& plain() { return *plain_; }

@@ -11,7 +11,7 @@ struct CLibrary {
   static int rand() { return std::rand(); }
 };
 
-/// The shuffle table in its plainest form: doubles throughout, and a platform's generator behind it.
+/// The literal shuffle table: doubles throughout, with a given platform generator.
 template <class Platform>
 class Ran0 {
  public:
@@ -34,7 +34,7 @@ class Ran0 {
   /// The slot that a last value selects, 1 to 97.
   static int slot(double last) { return static_cast<int>(1.0 + 97.0 * last / 2147483648.0); }
 
-  /// What next() will give, without drawing. Only after the first draw.
+  /// The value that next() will return, without drawing. Only after the first draw.
   double upcoming() const { return v[slot(y)] / maxran; }
 
  private:
@@ -45,8 +45,8 @@ class Ran0 {
   double y = 0.0;
 };
 
-/// The process-wide source of the reference functions. It draws from the C library, which it shares with
-/// everything else in the process.
+/// The process-wide source of the reference functions. It draws from the C library, which other code of the
+/// process shares.
 extern Ran0<CLibrary> source;
 
 double fn_ran0();

@@ -7,7 +7,7 @@
 
 namespace quorvane::reference {
 
-/// Everything that the functions on a lattice are handed. About 270 kilobytes: make it on the heap.
+/// All arguments of the lattice functions. About 270 kilobytes: allocate it on the heap.
 template <class Int, class Real>
 struct SystemOf {
   Int imax = 1, jmax = 1;
@@ -28,31 +28,31 @@ struct SystemOf {
   Real J[10][10] = {};
 };
 
-/// A system of plain arrays, for the functions of this folder.
+/// A system of plain arrays, for the reference functions.
 using System = SystemOf<int, double>;
-/// A system for the functions of the engine.
+/// A system for the engine.
 using EngineSystem = SystemOf<Relaxed<std::int32_t>, Relaxed<double>>;
 
-/// Gives a system for the engine the values of a plain one.
+/// Copies the values of a plain system into one for the engine.
 void copyTo(EngineSystem& to, const System& from);
 
-/// A system for the engine with the values of a plain one.
+/// A copy of a plain system for the engine.
 std::unique_ptr<EngineSystem> toEngine(const System& system);
 
 /// The arrays of a system for a Sweeper.
 SystemArrays arraysOf(EngineSystem& system);
 
-/// Appends a rule that has the given ends, parameter 1 and nothing else, and enters it into the rows: types 0
-/// and 2 into end A's, type 1 into end A's and end B's, an end of -1 meaning every type in use. Returns its
-/// index, or -1 without effect if it does not fit.
+/// Appends a rule with the given ends, parameter 1 and all else 0, and enters it into the rows: types 0 and 2
+/// into end A's, type 1 into end A's and end B's; an end of -1 means every type in use. Returns its index, or
+/// -1 without effect if it does not fit.
 template <class Int, class Real>
 int addRule(SystemOf<Int, Real>& system, int type, int endA, int endB);
 
-/// Deletes a rule: later rules move down without their two flags, the rows lose one occurrence for each end,
-/// and of each row only the first later entry is renumbered.
+/// Deletes a rule: later rules move down without their two flags, each row loses one occurrence per end, and
+/// only the first later entry of each row is renumbered.
 void deleteRule(System& system, int rule);
 
-/// One attempt at a random site: draws i, then j, then what fModelCycle draws.
+/// One attempt at a random site: draws i, then j, then the draws of fModelCycle.
 struct Attempted {
   int i, j;
 };

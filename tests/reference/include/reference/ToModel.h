@@ -7,7 +7,7 @@
 
 namespace quorvane::reference {
 
-/// A model with the fields of a system, in the run state 2, with its traces at 0.
+/// A model with the fields of a system, in run state 2, with traces of 0.
 std::unique_ptr<LatticeModel> toModel(const System& system);
 
 }  // namespace quorvane::reference

@@ -7,8 +7,7 @@ namespace quorvane::reference {
 /// One sweep: imax * jmax + 1 attempts.
 void sweep(System& system);
 
-/// Lets the trace of a type decay and adds 1 where a site holds the type. Returns the new maximum, at
-/// least 1.
+/// Decays the trace of a type and adds 1 where a site holds the type. Returns the new maximum, at least 1.
 double updateTrace(const System& system, int type, double persistence, double trace[256][256]);
 
 }  // namespace quorvane::reference
