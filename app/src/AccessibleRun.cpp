@@ -8,7 +8,7 @@
 #include "app/FixedDecimals.h"
 #include "app/MainWindow.h"
 #include "app/PopulationPlot.h"
-#include "output/PopulationTable.h"
+#include "model/SiteCounts.h"
 #include "ui_MainWindow.h"
 
 namespace quorvane {
@@ -46,10 +46,9 @@ QString AccessibleRun::aboutLattice() const {
   const LatticeModel& model = *ui_.myGraphicalLatticeModel;
   if (model.getIMax() == 0) return MainWindow::tr("No model yet.");
   const SiteCounts sites = countSites(model);
-  const double all = model.getIMax() * model.getJMax();
   QStringList parts;
   for (int type = 0; type < model.getNumPixelTypes(); ++type)
-    parts += shareOf(type, sites[static_cast<std::size_t>(type)] / all);
+    parts += shareOf(type, shareOfSites(sites, type));
   return MainWindow::tr("%1 × %2 sites: %3.").arg(model.getIMax()).arg(model.getJMax()).arg(parts.join(", "));
 }
 

@@ -30,6 +30,13 @@ void addPixelTypes(QComboBox& list, const LatticeModel& model) {
   for (int type = 0; type < model.getNumPixelTypes(); ++type) list.addItem(pixelTitle(model, type));
 }
 
+void refillPixelTypes(QComboBox& list, const LatticeModel& model) {
+  const int remembered = list.currentIndex();
+  list.clear();
+  addPixelTypes(list, model);
+  restoreSelection(list, remembered);
+}
+
 void restoreSelection(QComboBox& list, int index) {
   list.setCurrentIndex(index >= 0 && index < list.count() ? index : 0);
 }

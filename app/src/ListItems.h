@@ -20,6 +20,8 @@ Rgb pixelColor(const LatticeModel& model, int type);
 QString threeDecimals(double value);
 
 void addPixelTypes(QComboBox& list, const LatticeModel& model);
+/// Fills a list with the pixel types anew and keeps its selection, as restoreSelection does.
+void refillPixelTypes(QComboBox& list, const LatticeModel& model);
 /// Selects an item that was selected before the list was filled again; the first one if it is no longer
 /// there.
 void restoreSelection(QComboBox& list, int index);

@@ -19,8 +19,12 @@ void NameField::showName(int item, const std::string& name) {
 
 void NameField::clearName() { showName(-1, {}); }
 
-void NameField::finishEditing() {
+void NameField::commit() {
   if (isEdited()) emit nameEdited();
+}
+
+void NameField::finishEditing() {
+  commit();
   // A field that is left shows its name from the beginning.
   if (!hasFocus()) home(false);
 }

@@ -1,8 +1,6 @@
 #include "app/PopulationPlot.h"
 
-#include <numeric>
-
-#include "view/GraphicalPlot.h"
+#include "output/PopulationTable.h"
 
 namespace quorvane {
 
@@ -36,12 +34,7 @@ const PopulationPlot::Point& PopulationPlot::at(int point) const {
   return points_[static_cast<std::size_t>((first_ + point) % kMaxPoints)];
 }
 
-double PopulationPlot::share(int type, int point) const {
-  if (type < 0 || type >= kMaxPixelTypes) return 0.0;
-  const SiteCounts& sites = at(point).sites;
-  const int all = std::accumulate(sites.begin(), sites.end(), 0);
-  return all == 0 ? 0.0 : static_cast<double>(sites[static_cast<std::size_t>(type)]) / all;
-}
+double PopulationPlot::share(int type, int point) const { return shareOfSites(at(point).sites, type); }
 
 std::string PopulationPlot::csv() const {
   PopulationTable table(model_);

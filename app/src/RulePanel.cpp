@@ -1,140 +1,103 @@
+#include "RulePanel.h"
+
+#include "EndPointList.h"
 #include "ListItems.h"
-#include "app/MainViewController.h"
 #include "ui_MainWindow.h"
 
 namespace quorvane {
-namespace {
 
-void showEndPoint(const LatticeModel& model, int end, QLabel& text, ColorWell& color) {
-  text.setText(endPointTitle(model, end));
-  color.setVisible(end != kAnyPixelType);
-  if (end != kAnyPixelType) color.setRgb(pixelColor(model, end));
+void RulePanel::show(int rule) {
+  ui_.buttonZeroParam->setEnabled(true);
+  ui_.textSelectedRuleName->setEnabled(true);
+  ui_.textSelectedRuleName->showName(rule, model_.getRuleName(rule));
+  showType(rule);
+  showFlags(rule);
+  showEndPoints(rule);
+  ui_.sliderSelectedRuleParam->setEnabled(true);
+  showParam(model_.getRuleParam(rule));
+  selectValue(*ui_.listSelectedRuleFacNum, model_.getRuleFacNum(rule));
+  showFacPixel(rule);
 }
 
-/// Item 0 of the list stands for any pixel type, item k + 1 for type k.
-void showChosenEndPoint(const LatticeModel& model, const QComboBox& list, ColorWell& color) {
-  const int type = list.currentIndex() - 1;
-  color.setVisible(type >= 0);
-  if (type >= 0) color.setRgb(pixelColor(model, type));
-}
-
-}  // namespace
-
-int MainViewController::selectedRule() const { return ui->listSelectedRule->currentIndex(); }
-
-void MainViewController::refreshRuleList() {
-  const LatticeModel& model = *myGraphicalLatticeModel;
-  const int remembered = selectedRule();
-  ui->listSelectedRule->clear();
-  if (model.getNumRules() < 1) {
-    ui->buttonDelRule->setEnabled(false);
-    ui->listSelectedRule->setEnabled(false);
-    noSelectedRule();
-    return;
-  }
-  ui->listSelectedRule->setEnabled(true);
-  for (int rule = 0; rule < model.getNumRules(); ++rule)
-    ui->listSelectedRule->addItem(ruleTitle(model, rule));
-  restoreSelection(*ui->listSelectedRule, remembered);
-  ui->buttonDelRule->setEnabled(true);
-  refreshSelectedRule();
-}
-
-void MainViewController::noSelectedRule() {
-  ui->textSelectedRuleName->clearName();
-  ui->textSelectedRuleName->setEnabled(false);
-  ui->textSelectedRuleType->setText({});
-  setParamRange(0.0, 1.0);
-  showFacNumControls(false);
-  showFacPixelControls(false);
-  ui->buttonZeroParam->setEnabled(false);
-  for (QCheckBox* check : {ui->checkSelectedRuleDisabled, ui->checkSelectedRuleIgnoreEnergy}) {
-    check->setEnabled(false);
-    check->setChecked(false);
-  }
-  ui->textSelectedRulePixelA->setText({});
-  ui->colorSelectedRulePixelA->setVisible(false);
-  ui->textSelectedRulePixelB->setText({});
-  ui->colorSelectedRulePixelB->setVisible(false);
-  showParam(0.0);
-  ui->sliderSelectedRuleParam->setEnabled(false);
-}
-
-void MainViewController::refreshSelectedRule() {
-  const LatticeModel& model = *myGraphicalLatticeModel;
-  const int r = selectedRule();
-  if (r < 0) return;
-  ui->buttonZeroParam->setEnabled(true);
-  ui->textSelectedRuleName->setEnabled(true);
-  ui->textSelectedRuleName->showName(r, model.getRuleName(r));
-  showRuleType(model.getRuleType(r), model.getRuleFacNum(r));
-
-  // Enabled also while it is hidden, as for an interaction.
-  ui->checkSelectedRuleIgnoreEnergy->setEnabled(true);
-  ui->checkSelectedRuleIgnoreEnergy->setChecked(model.getRuleIgnoreEnergy(r) != 0);
-  ui->checkSelectedRuleDisabled->setEnabled(true);
-  ui->checkSelectedRuleDisabled->setChecked(model.getRuleDisabled(r) != 0);
-
-  showEndPoint(model, model.getRulePixelA(r), *ui->textSelectedRulePixelA, *ui->colorSelectedRulePixelA);
-  showEndPoint(model, model.getRulePixelB(r), *ui->textSelectedRulePixelB, *ui->colorSelectedRulePixelB);
-  ui->sliderSelectedRuleParam->setEnabled(true);
-  showParam(model.getRuleParam(r));
-  selectValue(*ui->listSelectedRuleFacNum, model.getRuleFacNum(r));
-  refreshSelectedFacPixel();
-}
-
-void MainViewController::showRuleType(int type, int facNum) {
+void RulePanel::showType(int rule) {
   static constexpr const char* names[] = {"Irreversible Flip", "Reversible Flip", "Swap",
                                           "Pixel-Pixel Interaction"};
+  const int type = model_.getRuleType(rule);
   if (type < kIrreversibleFlip || type > kPixelPixelInteraction) return;
   const bool flip = type == kIrreversibleFlip || type == kReversibleFlip;
   const bool interaction = type == kPixelPixelInteraction;
-  ui->textSelectedRuleType->setText(names[type]);
+  ui_.textSelectedRuleType->setText(names[type]);
   setParamRange(interaction ? -10.0 : 0.0, interaction ? 10.0 : 1.0);
-  ui->checkSelectedRuleIgnoreEnergy->setVisible(!interaction);
+  ui_.checkSelectedRuleIgnoreEnergy->setVisible(!interaction);
   showFacNumControls(flip);
-  showFacPixelControls(flip && facNum >= 1);
+  showFacPixelControls(flip && model_.getRuleFacNum(rule) >= 1);
 }
 
-void MainViewController::refreshSelectedFacPixel() {
-  const int r = selectedRule();
-  if (r < 0) return;
-  const int type = myGraphicalLatticeModel->getRuleFacPixel(r);
-  selectValue(*ui->listSelectedRuleFacPixel, type);
+void RulePanel::showFlags(int rule) {
+  // Ignore energy is also enabled while it is hidden, as for an interaction.
+  ui_.checkSelectedRuleIgnoreEnergy->setEnabled(true);
+  ui_.checkSelectedRuleIgnoreEnergy->setChecked(model_.getRuleIgnoreEnergy(rule) != 0);
+  ui_.checkSelectedRuleDisabled->setEnabled(true);
+  ui_.checkSelectedRuleDisabled->setChecked(model_.getRuleDisabled(rule) != 0);
+}
+
+void RulePanel::showEndPoints(int rule) {
+  const int endA = model_.getRulePixelA(rule), endB = model_.getRulePixelB(rule);
+  ui_.textSelectedRulePixelA->setText(endPointTitle(model_, endA));
+  showEndPointColor(*ui_.colorSelectedRulePixelA, model_, endA);
+  ui_.textSelectedRulePixelB->setText(endPointTitle(model_, endB));
+  showEndPointColor(*ui_.colorSelectedRulePixelB, model_, endB);
+}
+
+void RulePanel::showNoRule() {
+  ui_.textSelectedRuleName->clearName();
+  ui_.textSelectedRuleName->setEnabled(false);
+  ui_.textSelectedRuleType->setText({});
+  setParamRange(0.0, 1.0);
+  showFacNumControls(false);
+  showFacPixelControls(false);
+  ui_.buttonZeroParam->setEnabled(false);
+  for (QCheckBox* check : {ui_.checkSelectedRuleDisabled, ui_.checkSelectedRuleIgnoreEnergy}) {
+    check->setEnabled(false);
+    check->setChecked(false);
+  }
+  ui_.textSelectedRulePixelA->setText({});
+  ui_.colorSelectedRulePixelA->setVisible(false);
+  ui_.textSelectedRulePixelB->setText({});
+  ui_.colorSelectedRulePixelB->setVisible(false);
+  showParam(0.0);
+  ui_.sliderSelectedRuleParam->setEnabled(false);
+}
+
+void RulePanel::showFacPixel(int rule) {
+  const int type = model_.getRuleFacPixel(rule);
+  selectValue(*ui_.listSelectedRuleFacPixel, type);
   // A document may hold a rule that no single type facilitates.
   if (type == kAnyPixelType)
-    ui->colorSelectedRuleFacPixel->clear();
+    ui_.colorSelectedRuleFacPixel->clear();
   else
-    ui->colorSelectedRuleFacPixel->setRgb(pixelColor(*myGraphicalLatticeModel, type));
+    ui_.colorSelectedRuleFacPixel->setRgb(pixelColor(model_, type));
 }
 
-void MainViewController::refreshNewRulePixelA() {
-  showChosenEndPoint(*myGraphicalLatticeModel, *ui->listNewRulePixelA, *ui->colorNewRulePixelA);
+void RulePanel::showFacNumControls(bool shown) {
+  ui_.listSelectedRuleFacNum->setVisible(shown);
+  ui_.labelSelectedRuleFacNum->setVisible(shown);
 }
 
-void MainViewController::refreshNewRulePixelB() {
-  showChosenEndPoint(*myGraphicalLatticeModel, *ui->listNewRulePixelB, *ui->colorNewRulePixelB);
+void RulePanel::showFacPixelControls(bool shown) {
+  ui_.listSelectedRuleFacPixel->setVisible(shown);
+  ui_.labelSelectedRuleFacPixel->setVisible(shown);
+  ui_.colorSelectedRuleFacPixel->setVisible(shown);
 }
 
-void MainViewController::showFacNumControls(bool shown) {
-  ui->listSelectedRuleFacNum->setVisible(shown);
-  ui->labelSelectedRuleFacNum->setVisible(shown);
+void RulePanel::setParamRange(double minimum, double maximum) {
+  ui_.sliderSelectedRuleParam->setMaximumValue(maximum);
+  ui_.sliderSelectedRuleParam->setMinimumValue(minimum);
 }
 
-void MainViewController::showFacPixelControls(bool shown) {
-  ui->listSelectedRuleFacPixel->setVisible(shown);
-  ui->labelSelectedRuleFacPixel->setVisible(shown);
-  ui->colorSelectedRuleFacPixel->setVisible(shown);
-}
-
-void MainViewController::setParamRange(double minimum, double maximum) {
-  ui->sliderSelectedRuleParam->setMaximumValue(maximum);
-  ui->sliderSelectedRuleParam->setMinimumValue(minimum);
-}
-
-void MainViewController::showParam(double parameter) {
-  ui->sliderSelectedRuleParam->setValue(parameter);
-  ui->textSelectedRuleParam->setText(threeDecimals(parameter));
+void RulePanel::showParam(double parameter) {
+  ui_.sliderSelectedRuleParam->setValue(parameter);
+  ui_.textSelectedRuleParam->setText(threeDecimals(parameter));
 }
 
 }  // namespace quorvane

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <charconv>
 #include <cstdint>
+#include <functional>
 #include <iostream>
 #include <limits>
 #include <sstream>
@@ -11,6 +12,7 @@
 
 #include "batch/CommandWords.h"
 #include "batch/Messages.h"
+#include "batch/Results.h"
 #include "batch/Streams.h"
 #include "batch/Targets.h"
 
@@ -41,15 +43,31 @@ void recogniseStandardOutput(std::optional<std::filesystem::path>& target) {
     if (target && *target == name) target = "-";
 }
 
+/// The options of the results that fulfil a condition, as in "--output, --picture or --frames".
+template <typename Condition>
+std::string oneOf(const Condition& condition) {
+  std::vector<std::string> options;
+  for (const Result& result : allResults())
+    if (std::invoke(condition, result)) options.emplace_back(result.option);
+  std::string text;
+  for (std::size_t k = 0; k < options.size(); ++k)
+    text += (k == 0 ? "" : k + 1 < options.size() ? ", " : " or ") + options[k];
+  return text;
+}
+
 void requireSense(BatchOptions& options) {
   if (options.document.empty()) refuse("DOCUMENT: the name is empty");
-  for (auto* target : {&options.output, &options.populations, &options.picture})
-    recogniseStandardOutput(*target);
-  if (options.frames && isStandardStream(*options.frames))
-    refuse("--frames: needs a folder, not standard output (-)");
-  if (options.trace && !options.picture && !options.frames) refuse("--trace: needs --picture or --frames");
-  if (!options.output && !options.populations && !options.picture && !options.frames)
-    refuse("no result is asked for: --output, --populations, --picture or --frames is needed");
+  for (const Result& result : allResults()) {
+    auto& target = options.*result.target;
+    if (result.kind == Result::kFile)
+      recogniseStandardOutput(target);
+    else if (target && isStandardStream(*target))
+      refuse(std::string(result.option) + ": needs a folder, not standard output (-)");
+  }
+  if (options.trace && !asksFor(options, &Result::showsTraces))
+    refuse("--trace: needs " + oneOf(&Result::showsTraces));
+  const auto any = [](const Result&) { return true; };
+  if (!asksFor(options, any)) refuse("no result is asked for: " + oneOf(any) + " is needed");
   if (const auto conflict = conflictOf(options)) refuse(*conflict);
 }
 
@@ -95,10 +113,23 @@ Examples:
   In a pipe:
     gunzip -c in.gz | quorvane-batch - --sweeps 1000 --output - | gzip > out.gz)";
 
+constexpr const char* kFileName = "FILE";
+constexpr const char* kFolderName = "FOLDER";
+
+/// Those of the end of the run first.
+void addResults(CLI::App& app, BatchOptions& options) {
+  for (const auto written : {Result::kAfterRun, Result::kDuringRun})
+    for (const Result& result : allResults())
+      if (result.written == written)
+        app.add_option(result.option, options.*result.target, result.help)
+            ->type_name(result.kind == Result::kFolder ? kFolderName : kFileName)
+            ->group("What to write");
+}
+
 void addOptions(CLI::App& app, BatchOptions& options) {
   app.add_option("DOCUMENT", options.document, "The document to open, - for standard input")
       ->required()
-      ->type_name("FILE");
+      ->type_name(kFileName);
 
   constexpr const char* run = "The run";
   app.add_option("--sweeps", options.sweeps, "Sweeps to make, 0 or more")
@@ -114,24 +145,7 @@ void addOptions(CLI::App& app, BatchOptions& options) {
       ->type_name("K")
       ->group(run);
 
-  constexpr const char* results = "What to write";
-  app.add_option("--output", options.output, "The document after the run")->type_name("FILE")->group(results);
-  app.add_option("--picture", options.picture,
-                 "The lattice after the run, as the window shows it,\n"
-                 "as PNG")
-      ->type_name("FILE")
-      ->group(results);
-  app.add_option("--populations", options.populations,
-                 "The number of sites of each pixel type, as CSV,\n"
-                 "a row every K sweeps")
-      ->type_name("FILE")
-      ->group(results);
-  app.add_option("--frames", options.frames,
-                 "A picture every K sweeps: frame-000000.png is the\n"
-                 "start. Makes the folder if there is none; refuses\n"
-                 "one that holds frames already")
-      ->type_name("FOLDER")
-      ->group(results);
+  addResults(app, options);
 
   constexpr const char* pictures = "How pictures and frames look";
   app.add_option("--scale", options.scale,
@@ -159,6 +173,21 @@ void addHelp(CLI::App& app) {
   });
 }
 
+/// Every option as it is typed, for the check of single words.
+std::vector<OptionWord> wordsOf(const CLI::App& app) {
+  std::vector<OptionWord> words;
+  for (const CLI::Option* option : app.get_options()) {
+    if (option->get_lnames().empty()) continue;  // DOCUMENT
+    const std::string value = option->get_type_name();
+    const bool isFile = value == kFileName || value == kFolderName;
+    const Takes takes = option->get_items_expected_max() == 0 ? Takes::kNothing
+                        : isFile                              ? Takes::kFile
+                                                              : Takes::kNumber;
+    words.push_back({"--" + option->get_lnames().front(), takes});
+  }
+  return words;
+}
+
 /// What --help or --version print; none of it is lost unnoticed.
 ExitStatus print(const std::string& text) {
   try {
@@ -178,7 +207,7 @@ std::variant<BatchOptions, ExitStatus> parseCommandLine(int argc, const char* co
   addOptions(app, options);
   addHelp(app);
   try {
-    if (const auto wrong = wrongWord({argv + 1, argv + argc})) refuse(*wrong);
+    if (const auto wrong = wrongWord({argv + 1, argv + argc}, wordsOf(app))) refuse(*wrong);
     app.parse(argc, argv);
     requireSense(options);
   } catch (const CLI::ParseError& error) {

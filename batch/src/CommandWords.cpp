@@ -10,18 +10,7 @@
 namespace quorvane {
 namespace {
 
-enum class Takes { kNothing, kNumber, kFile };
-
-struct Option {
-  std::string_view name;
-  Takes takes;
-};
-
-constexpr Option kOptions[] = {{"--sweeps", Takes::kNumber},    {"--every", Takes::kNumber},
-                               {"--output", Takes::kFile},      {"--picture", Takes::kFile},
-                               {"--populations", Takes::kFile}, {"--frames", Takes::kFile},
-                               {"--scale", Takes::kNumber},     {"--trace", Takes::kNothing},
-                               {"--help", Takes::kNothing},     {"--version", Takes::kNothing}};
+using Options = std::vector<OptionWord>;
 
 /// The Levenshtein distance of two words.
 std::size_t distance(std::string_view a, std::string_view b) {
@@ -44,19 +33,19 @@ std::string plainOrQuoted(const std::string& word) {
   return in == '"' + word + '"' ? word : in;
 }
 
-std::string unknown(const std::string& word) {
-  const auto nearer = [&](const Option& one, const Option& other) {
+std::string unknown(const std::string& word, const Options& options) {
+  const auto nearer = [&](const OptionWord& one, const OptionWord& other) {
     return distance(word, one.name) < distance(word, other.name);
   };
-  const Option& nearest = *std::min_element(std::begin(kOptions), std::end(kOptions), nearer);
+  const OptionWord& nearest = *std::min_element(options.begin(), options.end(), nearer);
   std::string line = "unknown option " + plainOrQuoted(word);
   if (distance(word, nearest.name) * 2 > nearest.name.size()) return line;
-  return line + ", did you mean " + std::string(nearest.name);
+  return line + ", did you mean " + nearest.name;
 }
 
 /// An option's value, which may look like another option.
-std::optional<std::string> wrongValue(const Option& option, const std::string* value) {
-  const std::string name(option.name);
+std::optional<std::string> wrongValue(const OptionWord& option, const std::string* value) {
+  const std::string& name = option.name;
   const std::string what = option.takes == Takes::kNumber ? "a number" : "a name";
   if (!value || value->empty()) return name + ": needs " + what;
   if (option.takes == Takes::kFile && value->starts_with("-") && *value != "-")
@@ -67,26 +56,26 @@ std::optional<std::string> wrongValue(const Option& option, const std::string* v
   return std::nullopt;
 }
 
-const Option* findOption(std::string_view name) {
-  const auto* found = std::find_if(std::begin(kOptions), std::end(kOptions),
-                                   [&](const Option& option) { return option.name == name; });
-  return found == std::end(kOptions) ? nullptr : found;
+const OptionWord* findOption(const Options& options, std::string_view name) {
+  const auto found = std::find_if(options.begin(), options.end(),
+                                  [&](const OptionWord& option) { return option.name == name; });
+  return found == options.end() ? nullptr : &*found;
 }
 
 }  // namespace
 
-std::optional<std::string> wrongWord(const std::vector<std::string>& words) {
+std::optional<std::string> wrongWord(const std::vector<std::string>& words, const Options& options) {
   for (std::size_t k = 0; k < words.size(); ++k) {
     const std::string& word = words[k];
     if (word == "--help" || word == "-h" || word == "--version" || word == "--") return std::nullopt;
     if (word == "-" || !word.starts_with('-')) continue;
     const auto equals = word.find('=');
-    const Option* option = findOption(word.substr(0, equals));
-    if (!option) return unknown(word.substr(0, equals));
+    const OptionWord* option = findOption(options, word.substr(0, equals));
+    if (!option) return unknown(word.substr(0, equals), options);
     const bool attached = equals != std::string::npos;
     const std::string after = attached ? word.substr(equals + 1) : "";
     if (option->takes == Takes::kNothing) {
-      if (attached) return std::string(option->name) + ": takes no value";
+      if (attached) return option->name + ": takes no value";
       continue;
     }
     const std::string* next = k + 1 < words.size() ? &words[k + 1] : nullptr;

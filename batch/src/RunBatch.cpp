@@ -1,7 +1,6 @@
 #include "batch/RunBatch.h"
 
 #include <algorithm>
-#include <array>
 #include <memory>
 #include <optional>
 #include <ostream>
@@ -9,6 +8,7 @@
 
 #include "batch/Progress.h"
 #include "batch/Recorder.h"
+#include "batch/Results.h"
 #include "batch/Streams.h"
 #include "document/ModelDocument.h"
 #include "document/PartialFiles.h"
@@ -29,15 +29,13 @@ std::unique_ptr<LatticeModel> openModel(const std::filesystem::path& document) {
   return model;
 }
 
-std::array<std::optional<std::filesystem::path>, 3> targetsOf(const BatchOptions& options) {
-  return {options.output, options.populations, options.picture};
-}
-
-/// Tells all that cannot be written, so that one need not start again for each.
+/// Tells all that cannot be written, so that one need not start again for each. A folder checks itself when
+/// it is made.
 void checkOutputs(const BatchOptions& options, Messages& messages) {
-  for (const auto& target : targetsOf(options)) {
+  for (const Result& result : allResults()) {
+    const auto& target = options.*result.target;
     try {
-      if (target) checkOutput(*target);
+      if (target && result.kind == Result::kFile) checkOutput(*target);
     } catch (const std::exception& error) {
       messages.fail(lineOf(error, nameOf(*target)));
     }
@@ -45,9 +43,7 @@ void checkOutputs(const BatchOptions& options, Messages& messages) {
 }
 
 bool writesToStandardOutput(const BatchOptions& options) {
-  const auto targets = targetsOf(options);
-  return std::any_of(targets.begin(), targets.end(),
-                     [](const auto& target) { return target && isStandardStream(*target); });
+  return asksFor(options, [&](const Result& result) { return isStandardStream(*(options.*result.target)); });
 }
 
 /// Sweeps between two checks of signals and clock: few enough for the largest lattice to respond at once, and
@@ -60,7 +56,8 @@ std::int64_t sweepsAtOnce(const BatchOptions& options, std::int64_t done) {
 
 /// False once every requested result has failed.
 bool canGiveAnything(const BatchOptions& options, const Recorder& recorder) {
-  return options.output || options.picture || recorder.isRecording();
+  const auto isLeft = [](const Result& result) { return result.written == Result::kAfterRun; };
+  return asksFor(options, isLeft) || recorder.isRecording();
 }
 
 /// Makes the sweeps, or fewer if a signal stops the run. Returns the number of sweeps made.
@@ -137,7 +134,7 @@ ExitStatus openAndRun(const BatchOptions& options, Messages& messages) {
 }  // namespace
 
 Traces tracesFor(const BatchOptions& options) {
-  return options.picture || options.frames ? Traces::kUpdated : Traces::kLeftAlone;
+  return asksFor(options, &Result::showsTraces) ? Traces::kUpdated : Traces::kLeftAlone;
 }
 
 ExitStatus runBatch(const BatchOptions& options, std::ostream& err) {

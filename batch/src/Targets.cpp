@@ -9,13 +9,13 @@
 
 #include "batch/FrameFolder.h"
 #include "batch/Messages.h"
+#include "batch/Results.h"
 #include "batch/Streams.h"
 
 namespace quorvane {
 namespace {
 
 namespace fs = std::filesystem;
-using File = std::optional<fs::path>;
 
 /// The identity of a path, independent of its spelling: the inode of the file, or of its nearest existing
 /// ancestor and the names below that.
@@ -82,9 +82,12 @@ std::optional<std::string> conflictWithDocument(const BatchOptions& options) {
   const Place document =
       isStandardStream(options.document) ? placeOfStream(STDIN_FILENO) : placeOf(options.document);
   if (!document.isRegular) return std::nullopt;
-  for (const File& target : {options.populations, options.picture})
-    if (target && placeOfTarget(*target).is(document))
+  for (const Result& result : allResults()) {
+    const auto& target = options.*result.target;
+    if (!target || result.kind != Result::kFile || result.mayReplaceDocument) continue;
+    if (placeOfTarget(*target).is(document))
       return spoken(*target) + ": is the document itself, which only --output may replace";
+  }
   return std::nullopt;
 }
 
@@ -117,8 +120,9 @@ std::optional<std::string> conflictWithFrames(const std::vector<fs::path>& files
 
 std::optional<std::string> conflictOf(const BatchOptions& options) {
   std::vector<fs::path> files;
-  for (const File& file : {options.output, options.populations, options.picture})
-    if (file) files.push_back(*file);
+  for (const Result& result : allResults())
+    if (const auto& target = options.*result.target; target && result.kind == Result::kFile)
+      files.push_back(*target);
   if (auto conflict = conflictWithDocument(options)) return conflict;
   if (auto conflict = conflictOfFiles(files)) return conflict;
   return options.frames ? conflictWithFrames(files, *options.frames) : std::nullopt;

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <vector>
 
+#include "model/DrawnSite.h"
+
 namespace quorvane {
 namespace {
 
@@ -52,25 +54,19 @@ class FrameBuffer {
 };
 
 /// As the view's frame buffer limits them; what is not a number counts as 0.
-float clamped(double value) {
-  const auto single = static_cast<float>(value);
-  return single > 0.0F ? std::min(single, 1.0F) : 0.0F;
-}
+float clamped(float value) { return value > 0.0F ? std::min(value, 1.0F) : 0.0F; }
 
 Layer layerOf(const LatticeModel& model, int type, int i, int j) {
-  const double alpha =
-      model.varMobileHistory[type][i][j] / model.varMobileHistoryMax[type] * model.getPixelAlpha(type);
-  return {{clamped(model.getPixelColorR(type)), clamped(model.getPixelColorG(type)),
-           clamped(model.getPixelColorB(type))},
-          clamped(alpha)};
+  const TypeInk ink = inkOf(model, type);
+  return {{clamped(ink.red), clamped(ink.green), clamped(ink.blue)},
+          clamped(ink.alphaOf(model.varMobileHistory[type][i][j]))};
 }
 
 /// The pixel types from `from` to before `end`.
 Image drawTypes(const LatticeModel& model, int from, int end, int scale) {
   const int imax = model.getIMax(), jmax = model.getJMax();
-  const bool gridLines = scale > 8;
-  const int inset = gridLines ? 2 : 0;
-  const int side = gridLines ? scale - 2 : scale + 1;
+  const SiteSquare square = siteSquare(scale);
+  const int inset = square.inset, side = scale + square.reach;
   FrameBuffer frame(imax * scale, jmax * scale);
   for (int i = 0; i < imax; ++i)
     for (int j = 0; j < jmax; ++j)

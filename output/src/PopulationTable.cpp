@@ -14,14 +14,6 @@ std::string quoted(const std::string& text) {
 
 }  // namespace
 
-SiteCounts countSites(const LatticeModel& model) {
-  SiteCounts counts = {};
-  const int imax = model.getIMax(), jmax = model.getJMax();
-  for (int i = 0; i < imax; ++i)
-    for (int j = 0; j < jmax; ++j) ++counts[static_cast<std::size_t>(model.getSiteValue(i, j))];
-  return counts;
-}
-
 PopulationTable::PopulationTable(const LatticeModel& model)
     : numTypes_(static_cast<std::size_t>(model.getNumPixelTypes())), csv_("sweep") {
   for (int t = 0; t < model.getNumPixelTypes(); ++t) csv_ += ',' + quoted(model.getPixelName(t));

@@ -3,14 +3,12 @@
 #include <QOpenGLVersionFunctionsFactory>
 #include <vector>
 
+#include "model/DrawnSite.h"
 #include "view/GraphicalLatticeModelGL.h"
 
 namespace quorvane {
 namespace {
 
-constexpr double kLargestSpacingWithoutGaps = 8.0;
-constexpr double kGap = 2.0;
-constexpr double kOverlap = 1.0;
 constexpr int kColumnsAtATime = 16;
 
 /// A column or row of sites and its extent in normalised device coordinates.
@@ -23,12 +21,12 @@ double normalised(double coordinate, double extent) { return 2.0 * (coordinate /
 
 /// The bands across an extent in drawing order; if the sites do not fill it, they repeat.
 std::vector<Band> bandsAcross(double extent, double spacing, int sites) {
-  const bool gaps = spacing > kLargestSpacingWithoutGaps;
+  const SiteSquare square = siteSquare(spacing);
   std::vector<Band> bands;
   int site = 0;
-  double start = gaps ? kGap : 0.0;
+  double start = square.inset;
   do {
-    const double end = gaps ? start + spacing - kGap : start + spacing + kOverlap;
+    const double end = start + spacing + square.reach;
     bands.push_back({site, normalised(start, extent), normalised(end, extent)});
     site = site + 1 > sites - 1 ? 0 : site + 1;
     start = start + spacing;
@@ -36,29 +34,18 @@ std::vector<Band> bandsAcross(double extent, double spacing, int sites) {
   return bands;
 }
 
-/// What a pixel type is drawn with.
-struct Ink {
-  float red, green, blue;
-  double maximum, opacity;
-};
-
-std::vector<Ink> inksOf(const ModelState& model) {
-  std::vector<Ink> inks;
-  for (int type = 0; type < model.varNumSiteTypes; ++type) {
-    const auto& color = model.varSiteColor[type];
-    inks.push_back({static_cast<float>(color[0]), static_cast<float>(color[1]), static_cast<float>(color[2]),
-                    model.varMobileHistoryMax[type], model.varSiteAlpha[type]});
-  }
+std::vector<TypeInk> inksOf(const ModelState& model) {
+  std::vector<TypeInk> inks;
+  for (int type = 0; type < model.varNumSiteTypes; ++type) inks.push_back(inkOf(model, type));
   return inks;
 }
 
-void drawSite(QOpenGLFunctions_2_1& gl, const ModelState& model, const std::vector<Ink>& inks,
+void drawSite(QOpenGLFunctions_2_1& gl, const ModelState& model, const std::vector<TypeInk>& inks,
               const Band& column, const Band& row) {
   for (std::size_t type = 0; type < inks.size(); ++type) {
-    const Ink& ink = inks[type];
-    const double trace = model.varMobileHistory[type][column.site][row.site];
-    const auto alpha = static_cast<float>(trace / ink.maximum * ink.opacity);
-    // Blending with alpha 0 leaves every pixel as it was, and most rectangles are such.
+    const TypeInk& ink = inks[type];
+    const float alpha = ink.alphaOf(model.varMobileHistory[type][column.site][row.site]);
+    // Blending with alpha 0 leaves every pixel as it is, and most rectangles have it.
     if (alpha == 0.0f) continue;
     gl.glColor4f(ink.red, ink.green, ink.blue, alpha);
     gl.glRectd(column.from, row.from, column.to, row.to);
@@ -113,7 +100,8 @@ void GraphicalLatticeModelGL::drawRect() {
   const bool hasSites = varImax > 0 && varJmax > 0 && !size().isEmpty();
   if (varMyState > kNotInitialised && hasSites) drawSites(*gl);
 
-  // No primitive is open here; the call is kept all the same.
+  // A frame ends with this call, drawn sites or not. Without an open primitive it only sets an error flag,
+  // which nothing reads.
   gl->glEnd();
   gl->glFlush();
   emit frameDrawn();
@@ -122,7 +110,7 @@ void GraphicalLatticeModelGL::drawRect() {
 void GraphicalLatticeModelGL::drawSites(QOpenGLFunctions_2_1& gl) const {
   const std::vector<Band> columns = bandsAcross(varMyWidth, varSiteSpacing, varImax);
   const std::vector<Band> rows = bandsAcross(varMyHeight, varSiteSpacing, varJmax);
-  const std::vector<Ink> inks = inksOf(*this);
+  const std::vector<TypeInk> inks = inksOf(*this);
   int undrawnColumns = 0;
   for (const Band& column : columns) {
     for (const Band& row : rows) drawSite(gl, *this, inks, column, row);

@@ -5,19 +5,17 @@
 #include <QString>
 #include <string>
 
-#include "view/GraphicalLatticeModelGL.h"
-
-QT_BEGIN_NAMESPACE
-namespace Ui {
-class MainWindow;
-}
-QT_END_NAMESPACE
+#include "app/DocumentController.h"
+#include "app/PixelTypeController.h"
+#include "app/RuleController.h"
+#include "app/RunController.h"
 
 namespace quorvane {
 
-/// The main window's controller: hands every edit of a control to the model, and reads the model back into
-/// the controls. Holds no data of its own but where documents are or were last. Setting a control
-/// from here runs no handler; only a user's action does. Main thread only.
+/// The main window's controller: every operation of the window under one name. Four controllers carry them
+/// out, each with its own controls: it hands every edit to the model, and reads the model back into the
+/// controls. None holds data of its own but where documents are or were last. Setting a control from code
+/// runs no handler; only a user's action does. Main thread only.
 class MainViewController : public QObject {
   Q_OBJECT
 
@@ -26,73 +24,69 @@ class MainViewController : public QObject {
   MainViewController(QMainWindow* myWindow, Ui::MainWindow* ui);
 
   /// The start values of the controls. No model yet: Initialise or Open makes one.
-  void awakeFromNib();
+  void awakeFromNib() { run_.awakeFromNib(); }
   /// Puts the panel into its initialised state; there is a model from now on.
-  void awakenControls();
+  void awakenControls() { run_.awakenControls(); }
 
   // The model's controls.
-  void stepperChanged();
-  void sliderWidthHeightChanged();
-  void buttonInitializeModelAction();
-  void buttonRemakeModelClick();
-  void sliderSimulationSpeedChanged();
-  void buttonRunLatticeModelAction();
-  void buttonStopLatticeModelAction();
-  void checkPauseWhilePaint();
-  void listPaintTypeChanged();
-  void EnterFullScreen();
+  void stepperChanged() { run_.stepperChanged(); }
+  void sliderWidthHeightChanged() { run_.sliderWidthHeightChanged(); }
+  void buttonInitializeModelAction() { run_.buttonInitializeModelAction(); }
+  void buttonRemakeModelClick() { run_.buttonRemakeModelClick(); }
+  void sliderSimulationSpeedChanged() { run_.sliderSimulationSpeedChanged(); }
+  void buttonRunLatticeModelAction() { run_.buttonRunLatticeModelAction(); }
+  void buttonStopLatticeModelAction() { run_.buttonStopLatticeModelAction(); }
+  void checkPauseWhilePaint() { run_.checkPauseWhilePaint(); }
+  void EnterFullScreen() { run_.EnterFullScreen(); }
 
   // Documents.
-  void buttonOpenSystemClicked();
-  void buttonSaveSystemClicked();
-
-  // The pixel type panel.
-  void refreshPixelLists();
-  void refreshSelectedPaintTool();
-  void refreshSelectedPixel();
-  void refreshMasqueradePixelList();
-  void refreshSelectedMasqueradePixel();
-  void textPixelNameChanged();
-  void listSelectedPixelChanged();
-  void colorSelectedPixelColorChanged();
-  void sliderSelectedPixelPersChanged();
-  void sliderSelectedPixelTransChanged();
-  void sliderPixelFieldChanged();
-  void buttonZeroPixelFieldPushed();
-  void buttonAddNewPixelClicked();
-  void checkImmobilePixelChanged();
-  void checkMasqueradePixelChanged();
-  void listMasqueradeTypeChanged();
-
-  // The rule panel.
-  void refreshRuleList();
-  void noSelectedRule();
-  void refreshSelectedRule();
-  void refreshSelectedFacPixel();
-  void refreshNewRulePixelA();
-  void refreshNewRulePixelB();
-  void listSelectedRuleChanged();
-  void textRuleNameChanged();
-  void listSelectedRuleFacNumChanged();
-  void listSelectedRuleFacPixelChanged();
-  void listNewRulePixelAChanged();
-  void listNewRulePixelBChanged();
-  void buttonAddNewRuleClicked();
-  void buttonDelRuleClicked();
-
-  // The parameter and the flags of the selected rule.
-  void sliderSelectedRuleParamChanged();
-  void buttonZeroParamClicked();
-  void checkSelectedRuleDisabledChanged();
-  void checkSelectedRuleIgnoreEnergyChanged();
-
-  /// Hands names over that were typed and not yet handed to the model. A field does so when it loses the
-  /// focus, but on some desktops a click on a button leaves the focus where it is.
-  void commitTypedNames();
-
+  void buttonOpenSystemClicked() { documents_.buttonOpenSystemClicked(); }
+  void buttonSaveSystemClicked() { documents_.buttonSaveSystemClicked(); }
   /// Tells of work that an earlier window has kept in a file, and of others beside it, and lets Open begin
   /// with that file.
-  void offerKeptWork(const QString& path, int others);
+  void offerKeptWork(const QString& path, int others) { documents_.offerKeptWork(path, others); }
+
+  // The paint tool and the pixel type panel.
+  void listPaintTypeChanged() { pixelTypes_.listPaintTypeChanged(); }
+  void refreshPixelLists() { pixelTypes_.refreshPixelLists(); }
+  void refreshSelectedPaintTool() { pixelTypes_.refreshSelectedPaintTool(); }
+  void refreshSelectedPixel() { pixelTypes_.refreshSelectedPixel(); }
+  void refreshMasqueradePixelList() { pixelTypes_.refreshMasqueradePixelList(); }
+  void refreshSelectedMasqueradePixel() { pixelTypes_.refreshSelectedMasqueradePixel(); }
+  void textPixelNameChanged() { pixelTypes_.textPixelNameChanged(); }
+  void listSelectedPixelChanged() { pixelTypes_.listSelectedPixelChanged(); }
+  void colorSelectedPixelColorChanged() { pixelTypes_.colorSelectedPixelColorChanged(); }
+  void sliderSelectedPixelPersChanged() { pixelTypes_.sliderSelectedPixelPersChanged(); }
+  void sliderSelectedPixelTransChanged() { pixelTypes_.sliderSelectedPixelTransChanged(); }
+  void sliderPixelFieldChanged() { pixelTypes_.sliderPixelFieldChanged(); }
+  void buttonZeroPixelFieldPushed() { pixelTypes_.buttonZeroPixelFieldPushed(); }
+  void buttonAddNewPixelClicked() { pixelTypes_.buttonAddNewPixelClicked(); }
+  void checkImmobilePixelChanged() { pixelTypes_.checkImmobilePixelChanged(); }
+  void checkMasqueradePixelChanged() { pixelTypes_.checkMasqueradePixelChanged(); }
+  void listMasqueradeTypeChanged() { pixelTypes_.listMasqueradeTypeChanged(); }
+
+  // The rule panel.
+  void refreshRuleList() { rules_.refreshRuleList(); }
+  void noSelectedRule() { rules_.noSelectedRule(); }
+  void refreshSelectedRule() { rules_.refreshSelectedRule(); }
+  void refreshSelectedFacPixel() { rules_.refreshSelectedFacPixel(); }
+  void refreshNewRulePixelA() { rules_.refreshNewRulePixelA(); }
+  void refreshNewRulePixelB() { rules_.refreshNewRulePixelB(); }
+  void listSelectedRuleChanged() { rules_.listSelectedRuleChanged(); }
+  void textRuleNameChanged() { rules_.textRuleNameChanged(); }
+  void listSelectedRuleFacNumChanged() { rules_.listSelectedRuleFacNumChanged(); }
+  void listSelectedRuleFacPixelChanged() { rules_.listSelectedRuleFacPixelChanged(); }
+  void listNewRulePixelAChanged() { rules_.listNewRulePixelAChanged(); }
+  void listNewRulePixelBChanged() { rules_.listNewRulePixelBChanged(); }
+  void buttonAddNewRuleClicked() { rules_.buttonAddNewRuleClicked(); }
+  void buttonDelRuleClicked() { rules_.buttonDelRuleClicked(); }
+  void sliderSelectedRuleParamChanged() { rules_.sliderSelectedRuleParamChanged(); }
+  void buttonZeroParamClicked() { rules_.buttonZeroParamClicked(); }
+  void checkSelectedRuleDisabledChanged() { rules_.checkSelectedRuleDisabledChanged(); }
+  void checkSelectedRuleIgnoreEnergyChanged() { rules_.checkSelectedRuleIgnoreEnergyChanged(); }
+
+  /// Hands names over that were typed and not yet handed to the model.
+  void commitTypedNames();
 
  signals:
   /// There is a system, by Initialise or Open.
@@ -101,37 +95,11 @@ class MainViewController : public QObject {
   void systemSaved(const std::string& document);
 
  private:
-  void connectModelControls();
-  void connectPixelTypePanel();
-  void connectRulePanel();
-
-  void remake(int numTypes);
-  void showRunningConfiguration();
-  void showStoppedConfiguration();
-  /// Lets the one that is enabled have the focus: it is what the user wants next.
-  void focusRunOrStop();
-
-  void commitTypedRuleName();
-
-  void open(const QString& path);
-  void save(const QString& path);
-  void showDocumentInTitle(const QString& path);
-
-  int selectedPixelType() const;
-  /// -1 if there is no rule.
-  int selectedRule() const;
-  void showMasqueradeControls(bool shown);
-  void showPixelField(double energy);
-  void showFacNumControls(bool shown);
-  void showFacPixelControls(bool shown);
-  void setParamRange(double minimum, double maximum);
-  void showParam(double parameter);
-  void showRuleType(int type, int facNum);
-
-  QMainWindow* myWindow;
-  Ui::MainWindow* ui;
-  GraphicalLatticeModelGL* myGraphicalLatticeModel;
-  QString folder_, keptWork_;
+  Ui::MainWindow& ui_;
+  RuleController rules_;
+  PixelTypeController pixelTypes_;
+  RunController run_;
+  DocumentController documents_;
 };
 
 }  // namespace quorvane

@@ -7,6 +7,7 @@
 #include "app/MainViewController.h"
 #include "app/PlotMenu.h"
 #include "app/PopulationPlot.h"
+#include "view/GraphicalLatticeModelGL.h"
 
 namespace quorvane {
 

@@ -24,6 +24,8 @@ class NameField : public QLineEdit {
   /// True while the text is another than the name shown: an edit that was taken back is none, and assistive
   /// programs edit without a key press.
   bool isEdited() const { return text() != shown_; }
+  /// Reports an edit that is not finished yet as if it were, by nameEdited.
+  void commit();
 
  signals:
   /// The user has edited the name and finished with Return or by leaving the field.

@@ -4,19 +4,18 @@
 #include <cstdint>
 #include <string>
 
-#include "output/PopulationTable.h"
+#include "model/SiteCounts.h"
+#include "view/GraphicalPlot.h"
 
 namespace quorvane {
 
-class GraphicalPlot;
-
 /// Feeds a plot view with the shares of the lattice's sites that two pixel types hold.
 ///
-/// The sites of all types are kept for the last 256 points, so that the types shown can be exchanged at any
-/// time.
+/// The sites of all types are kept for the last kMaxPoints points, so that the types shown can be exchanged
+/// at any time.
 class PopulationPlot {
  public:
-  static constexpr int kMaxPoints = 256;
+  static constexpr int kMaxPoints = GraphicalPlot::kMaxPoints;
 
   /// Both must outlive it.
   PopulationPlot(const LatticeModel& model, GraphicalPlot& plot) : model_(model), plot_(plot) {}

@@ -1,17 +1,11 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
 
-#include "model/LatticeModel.h"
+#include "model/SiteCounts.h"
 
 namespace quorvane {
-
-/// How many sites each pixel type holds; 0 for types that there are not.
-using SiteCounts = std::array<int, kMaxPixelTypes>;
-
-SiteCounts countSites(const LatticeModel& model);
 
 /// How many sites each pixel type holds, as a CSV table that grows with the run. Lines end with a line feed;
 /// the first one is `sweep` and the types' names, quoted as RFC 4180 says.

@@ -15,6 +15,9 @@ class GraphicalPlot : public QWidget {
   Q_OBJECT
 
  public:
+  /// Points per series.
+  static constexpr int kMaxPoints = 256;
+
   /// State 0, no points, all values 0.
   explicit GraphicalPlot(QWidget* parent = nullptr);
 
@@ -39,7 +42,6 @@ class GraphicalPlot : public QWidget {
   void drawFocusFrame();
 
   static constexpr int kSeries = 2;
-  static constexpr int kMaxPoints = 256;
 
   std::int32_t varMyState = 0;
   std::int32_t varXmax = 0;

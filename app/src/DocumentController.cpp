@@ -1,11 +1,15 @@
+#include "app/DocumentController.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <filesystem>
 
+#include "ConnectButton.h"
+#include "TypedNames.h"
 #include "app/DocumentFile.h"
 #include "app/DocumentPanel.h"
 #include "app/ExampleFolder.h"
-#include "app/MainViewController.h"
+#include "app/RunController.h"
 #include "app/SavePanel.h"
 #include "document/ModelDocument.h"
 #include "ui_MainWindow.h"
@@ -22,75 +26,77 @@ QString orCurrent(const QString& folder) { return folder.isEmpty() ? QDir::curre
 
 }  // namespace
 
-void MainViewController::buttonOpenSystemClicked() {
+DocumentController::DocumentController(QMainWindow& window, Ui::MainWindow& ui, RunController& run)
+    : window_(window), ui_(ui), model_(*ui.myGraphicalLatticeModel), run_(run) {
+  connectButton(ui_.buttonOpenSystem, this, &DocumentController::buttonOpenSystemClicked);
+  connectButton(ui_.buttonSaveSystem, this, &DocumentController::buttonSaveSystemClicked);
+}
+
+void DocumentController::buttonOpenSystemClicked() {
   const QString folder = folder_.isEmpty() ? exampleFolder() : folder_;
-  DocumentPanel panel(myWindow, orCurrent(folder), *myGraphicalLatticeModel);
+  DocumentPanel panel(&window_, orCurrent(folder), model_);
   if (folder_.isEmpty() && !keptWork_.isEmpty()) panel.selectFile(keptWork_);
   const QString path = panel.choose();
   if (path.isEmpty()) return log(kLogOpenCancelled);
   open(path);
 }
 
-void MainViewController::buttonSaveSystemClicked() {
-  commitTypedNames();
-  const SuggestedFile suggested = suggestedFile(folderToSaveIn(folder_), myWindow->windowFilePath(), {});
+void DocumentController::buttonSaveSystemClicked() {
+  commitTypedNames(ui_);
+  const SuggestedFile suggested = suggestedFile(folderToSaveIn(folder_), window_.windowFilePath(), {});
   const QString path =
-      SavePanel(myWindow, tr("Save the model"), suggested, tr("Quorvane documents"), kDocumentSuffix)
+      SavePanel(&window_, tr("Save the model"), suggested, tr("Quorvane documents"), kDocumentSuffix)
           .choose();
   if (path.isEmpty()) return log(kLogSaveCancelled);
   save(path);
 }
 
-void MainViewController::open(const QString& path) {
+void DocumentController::open(const QString& path) {
   folder_ = QFileInfo(path).absolutePath();
-  const OpenResult result =
-      openDocument(*myGraphicalLatticeModel, fileOf(path), [this](const DocumentHeader& header) {
-        ui->stepperNumPixelTypes->setValue(header.numTypes);
-        ui->textNumPixelTypes->setText(QString::number(header.numTypes));
-        ui->sliderWidthHeight->setValue(header.imax);
-        ui->textWidthHeight->setText(QString::number(header.imax));
-      });
+  const OpenResult result = openDocument(model_, fileOf(path), [this](const DocumentHeader& header) {
+    run_.showSize(header.numTypes, header.imax);
+  });
   if (result.status == OpenStatus::kOpened || result.status == OpenStatus::kCutShort) emit systemStarted();
   if (result.status != OpenStatus::kOpened) {
     const QString message = openingMessage(path, result);
     log(result.status == OpenStatus::kUnreadable ? kLogNoLines : message);
-    return ui->statusLine->showMessage(message);
+    return ui_.statusLine->showMessage(message);
   }
-  awakenControls();
-  focusRunOrStop();
-  myGraphicalLatticeModel->update();
+  run_.awakenControls();
+  run_.focusRunOrStop();
+  model_.update();
   showDocumentInTitle(path);
 }
 
-void MainViewController::save(const QString& path) {
+void DocumentController::save(const QString& path) {
   folder_ = QFileInfo(path).absolutePath();
-  // Of a run the next text would be another.
-  const std::string document = writeDocument(*myGraphicalLatticeModel);
+  // Written once: during a run a second text would differ from the one that is saved.
+  const std::string document = writeDocument(model_);
   const SaveResult result = saveDocument(document, fileOf(path));
   if (result.saved) {
     emit systemSaved(document);
     showDocumentInTitle(path);
     const QString note = QString::fromStdString(result.note);
-    if (!note.isEmpty()) ui->statusLine->showMessage(QFileInfo(path).fileName() + ": " + note);
+    if (!note.isEmpty()) ui_.statusLine->showMessage(QFileInfo(path).fileName() + ": " + note);
     return;
   }
   log(kLogSaveFailed);
-  ui->statusLine->showMessage(notSaved(path, QString::fromStdString(result.reason)));
+  ui_.statusLine->showMessage(notSaved(path, QString::fromStdString(result.reason)));
 }
 
-void MainViewController::offerKeptWork(const QString& path, int others) {
+void DocumentController::offerKeptWork(const QString& path, int others) {
   keptWork_ = path;
   const QString file = QFileInfo(path).fileName();
-  ui->statusLine->showNotice(
+  ui_.statusLine->showNotice(
       others == 0
           ? tr("Unsaved work was kept: Open... begins with %1").arg(file)
           : tr("Unsaved work was kept: Open... begins with %1, and has %2 more").arg(file).arg(others));
 }
 
-void MainViewController::showDocumentInTitle(const QString& path) {
-  myWindow->setWindowFilePath(path);
-  myWindow->setWindowTitle(QFileInfo(path).fileName() + " - Quorvane");
-  ui->statusLine->refresh();
+void DocumentController::showDocumentInTitle(const QString& path) {
+  window_.setWindowFilePath(path);
+  window_.setWindowTitle(QFileInfo(path).fileName() + " - Quorvane");
+  ui_.statusLine->refresh();
 }
 
 }  // namespace quorvane

@@ -1,0 +1,40 @@
+#include "batch/Results.h"
+
+namespace quorvane {
+namespace {
+
+constexpr Result kResults[] = {
+    {.target = &BatchOptions::output,
+     .option = "--output",
+     .help = "The document after the run",
+     .kind = Result::kFile,
+     .written = Result::kAfterRun,
+     .mayReplaceDocument = true},
+    {.target = &BatchOptions::populations,
+     .option = "--populations",
+     .help = "The number of sites of each pixel type, as CSV,\n"
+             "a row every K sweeps",
+     .kind = Result::kFile,
+     .written = Result::kDuringRun},
+    {.target = &BatchOptions::picture,
+     .option = "--picture",
+     .help = "The lattice after the run, as the window shows it,\n"
+             "as PNG",
+     .kind = Result::kFile,
+     .written = Result::kAfterRun,
+     .showsTraces = true},
+    {.target = &BatchOptions::frames,
+     .option = "--frames",
+     .help = "A picture every K sweeps: frame-000000.png is the\n"
+             "start. Makes the folder if there is none; refuses\n"
+             "one that holds frames already",
+     .kind = Result::kFolder,
+     .written = Result::kDuringRun,
+     .showsTraces = true},
+};
+
+}  // namespace
+
+std::span<const Result> allResults() { return kResults; }
+
+}  // namespace quorvane
