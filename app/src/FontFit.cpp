@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "ScrollingPanels.h"
+#include "engine/RuleKinds.h"
 #include "ui_MainWindow.h"
 
 namespace quorvane {
@@ -20,6 +21,13 @@ constexpr double kSmallestPointSize = 9.0;
 constexpr QSize kLargestSmallestWindow{1170, 740};
 constexpr int kButtonPadding = 16;
 constexpr int kFieldPadding = 12;
+
+QString longestRuleLabel() {
+  QString longest;
+  for (const RuleKind& kind : kRuleKinds)
+    if (const QString label = kind.label; label.size() > longest.size()) longest = label;
+  return longest;
+}
 
 }  // namespace
 
@@ -37,7 +45,7 @@ FontFit::FontFit(QMainWindow& window, Ui::MainWindow& ui, const ScrollingPanels&
   for (QLabel* value : {ui.textSelectedPixelPersistence, ui.textSelectedPixelTrans, ui.textPixelField,
                         ui.textSelectedRuleParam})
     keepRoom(value, "-10.000");
-  keepRoom(ui.textSelectedRuleType, "Pixel-Pixel Interaction");
+  keepRoom(ui.textSelectedRuleType, longestRuleLabel());
   keepRoom(ui.textNewRuleName, ui.textNewRuleName->prompt(), kFieldPadding);
 }
 

@@ -8,14 +8,6 @@
 #include "ui_MainWindow.h"
 
 namespace quorvane {
-namespace {
-
-bool isInteraction(const LatticeModel& model, int rule) {
-  return model.getRuleType(rule) == kPixelPixelInteraction;
-}
-
-}  // namespace
-
 RuleController::RuleController(Ui::MainWindow& ui)
     : ui_(ui), model_(*ui.myGraphicalLatticeModel), panel_(std::make_unique<RulePanel>(ui, model_)) {
   connectControls();
@@ -162,7 +154,7 @@ void RuleController::setParam(double parameter) {
   const int r = selectedRule();
   panel_->showParam(parameter);
   model_.setRuleParam(r, parameter);
-  if (isInteraction(model_, r)) model_.setInteractionParams(r, parameter);
+  if (setsPairEnergy(model_.getRuleType(r))) model_.setInteractionParams(r, parameter);
 }
 
 void RuleController::checkSelectedRuleIgnoreEnergyChanged() {
@@ -173,7 +165,7 @@ void RuleController::checkSelectedRuleDisabledChanged() {
   const int r = selectedRule();
   const bool disabled = ui_.checkSelectedRuleDisabled->isChecked();
   model_.setRuleDisabled(r, disabled ? 1 : 0);
-  if (!isInteraction(model_, r)) return;
+  if (!setsPairEnergy(model_.getRuleType(r))) return;
   if (disabled)
     model_.disableInteraction(r);
   else

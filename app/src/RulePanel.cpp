@@ -20,17 +20,13 @@ void RulePanel::show(int rule) {
 }
 
 void RulePanel::showType(int rule) {
-  static constexpr const char* names[] = {"Irreversible Flip", "Reversible Flip", "Swap",
-                                          "Pixel-Pixel Interaction"};
-  const int type = model_.getRuleType(rule);
-  if (type < kIrreversibleFlip || type > kPixelPixelInteraction) return;
-  const bool flip = type == kIrreversibleFlip || type == kReversibleFlip;
-  const bool interaction = type == kPixelPixelInteraction;
-  ui_.textSelectedRuleType->setText(names[type]);
-  setParamRange(interaction ? -10.0 : 0.0, interaction ? 10.0 : 1.0);
-  ui_.checkSelectedRuleIgnoreEnergy->setVisible(!interaction);
-  showFacNumControls(flip);
-  showFacPixelControls(flip && model_.getRuleFacNum(rule) >= 1);
+  const RuleKind* kind = ruleKind(model_.getRuleType(rule));
+  if (!kind) return;
+  ui_.textSelectedRuleType->setText(kind->label);
+  setParamRange(kind->minParameter, kind->maxParameter);
+  ui_.checkSelectedRuleIgnoreEnergy->setVisible(!kind->setsPairEnergy());
+  showFacNumControls(kind->flips());
+  showFacPixelControls(kind->flips() && model_.getRuleFacNum(rule) >= 1);
 }
 
 void RulePanel::showFlags(int rule) {

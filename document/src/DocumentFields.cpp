@@ -47,8 +47,7 @@ void applyRule(LatticeModel& model, int r, const RuleBlock& rule) {
   model.setRuleParam(r, rule.param);
   model.setRuleFacNum(r, rule.facNum);
   model.setRuleFacPixel(r, rule.facPixel);
-  const RuleKind* kind = ruleKind(rule.type);
-  if (kind && kind->setsPairEnergy()) model.setInteractionParams(r, rule.param);
+  if (setsPairEnergy(rule.type)) model.setInteractionParams(r, rule.param);
 }
 
 }  // namespace quorvane

@@ -27,6 +27,22 @@ TEST_F(RulePanel, TheParameterIsRoundedAsByPrintf) {
   EXPECT_EQ(text("textSelectedRuleParam"), "0.062");
 }
 
+TEST_F(RulePanel, MakesAndShowsEveryKindOfRule) {
+  QStringList labels;
+  for (const RuleKind& kind : kRuleKinds) {
+    SCOPED_TRACE(kind.label);
+    labels << kind.label;
+    addRule("rule", kind.label, kAny, kAny);
+    EXPECT_EQ(model().getRuleType(kind.type), kind.type);
+    EXPECT_EQ(text("textSelectedRuleType"), kind.label);
+    EXPECT_EQ(slider("sliderSelectedRuleParam").minimumValue(), kind.minParameter);
+    EXPECT_EQ(slider("sliderSelectedRuleParam").maximumValue(), kind.maxParameter);
+    EXPECT_EQ(facNumShown(), kind.flips());
+    EXPECT_EQ(visible("checkSelectedRuleIgnoreEnergy"), !kind.setsPairEnergy());
+  }
+  EXPECT_EQ(items("listNewRuleType"), labels);
+}
+
 TEST_F(RulePanel, RenamingRetitlesTheRuleAndKeepsItSelected) {
   addRule("grow", "Irreversible Flip", kAny, kAny);
   addRule("swap", "Swap", kAny, kAny);

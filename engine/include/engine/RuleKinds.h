@@ -75,6 +75,12 @@ constexpr const RuleKind* ruleKind(std::int32_t type) {
   return type >= 0 && type < kNumRuleTypes ? &kRuleKinds[type] : nullptr;
 }
 
+/// False also for a type that is no kind.
+constexpr bool setsPairEnergy(std::int32_t type) {
+  const RuleKind* kind = ruleKind(type);
+  return kind && kind->setsPairEnergy();
+}
+
 static_assert(std::size(kRuleKinds) == kNumRuleTypes);
 static_assert([] {
   for (int type = 0; type < kNumRuleTypes; ++type)
