@@ -3,6 +3,7 @@
 #include <random>
 
 #include "TestModel.h"
+#include "Waiting.h"
 
 // These are run under the thread sanitizer as well, which must report nothing.
 namespace quorvane {
