@@ -2,10 +2,19 @@
 # no suppression could name them.
 set(QUORVANE_GUI_ENVIRONMENT "ASAN_OPTIONS=detect_leaks=0")
 
+# Takes a screen for the command behind it; waits for one while other tests have them all.
+set(QUORVANE_ON_A_SCREEN "${PROJECT_SOURCE_DIR}/tests/support/gui/on_a_screen")
+
+# quorvane_on_a_screen(TARGET): tests run the program on a screen of its own.
+function(quorvane_on_a_screen target)
+  # An emulator is what ctest puts in front of a program.
+  set_target_properties(${target} PROPERTIES CROSSCOMPILING_EMULATOR "${QUORVANE_ON_A_SCREEN}")
+endfunction()
+
 # quorvane_tests(NAME LABEL SOURCES... LINK libraries...)
 # A GoogleTest program of one folder, and a test of ctest for each of its cases.
-# LABEL: unit, reference, validation, speed or gui. Cases of a gui program need a display, those of a speed
-# program the whole machine.
+# LABEL: unit, reference, validation, speed or gui. Each case of a gui program has a screen to itself while it runs,
+# each of a speed program the whole machine.
 function(quorvane_tests name label)
   cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
@@ -20,10 +29,10 @@ function(quorvane_tests name label)
   if(label MATCHES "^(unit|gui)$")
     target_compile_options(${name} PRIVATE -O0)
   endif()
-  # Windows on one screen take each other's focus, so only one program has it at a time.
   set(properties LABELS "${label}" TIMEOUT 300)
   if(label STREQUAL "gui")
-    list(APPEND properties RESOURCE_LOCK display ENVIRONMENT "${QUORVANE_GUI_ENVIRONMENT}")
+    quorvane_on_a_screen(${name})
+    list(APPEND properties ENVIRONMENT "${QUORVANE_GUI_ENVIRONMENT}")
   elseif(label STREQUAL "speed")
     list(APPEND properties RUN_SERIAL TRUE)
   elseif(label STREQUAL "validation")

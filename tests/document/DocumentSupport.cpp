@@ -1,16 +1,10 @@
 #include "DocumentSupport.h"
 
-#include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <sstream>
-#include <stdexcept>
 
 #include "engine/f_ran0.h"
 
 namespace quorvane {
-
-namespace fs = std::filesystem;
 
 std::unique_ptr<LatticeModel> freshModel() {
   auto model = std::make_unique<LatticeModel>();
@@ -132,35 +126,6 @@ std::string stateOf(const LatticeModel& model) {
     out << '\n';
   }
   return out.str();
-}
-
-void put(const fs::path& file, const std::string& content) {
-  std::ofstream(file, std::ios::binary) << content;
-}
-
-mode_t permissionsOf(const fs::path& file) { return static_cast<mode_t>(fs::status(file).permissions()); }
-
-std::string contentOf(const fs::path& file) {
-  std::ifstream in(file, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
-std::vector<std::string> namesIn(const fs::path& folder) {
-  std::vector<std::string> names;
-  for (const auto& entry : fs::directory_iterator(folder)) names.push_back(entry.path().filename().string());
-  std::sort(names.begin(), names.end());
-  return names;
-}
-
-TemporaryFolder::TemporaryFolder() {
-  std::string name = (fs::temp_directory_path() / "quorvane-test-XXXXXX").string();
-  if (!mkdtemp(name.data())) throw std::runtime_error("no temporary folder");
-  path_ = name;
-}
-
-TemporaryFolder::~TemporaryFolder() {
-  std::error_code ignored;
-  fs::remove_all(path_, ignored);
 }
 
 GermanLocale::GermanLocale() {

@@ -1,15 +1,13 @@
 #pragma once
 
-#include <sys/types.h>
-
 #include <clocale>
-#include <filesystem>
 #include <locale>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "Files.h"
 #include "document/ModelDocument.h"
 
 namespace quorvane {
@@ -35,27 +33,6 @@ Lines sampleWith(std::size_t line, const std::string& text);
 
 /// Everything that a document can change in a model, and what follows from it, as text for comparison.
 std::string stateOf(const LatticeModel& model);
-
-std::string contentOf(const std::filesystem::path& file);
-void put(const std::filesystem::path& file, const std::string& content);
-/// With the set-id and sticky bits.
-mode_t permissionsOf(const std::filesystem::path& file);
-std::vector<std::string> namesIn(const std::filesystem::path& folder);
-
-/// An empty folder that goes with its contents.
-class TemporaryFolder {
- public:
-  TemporaryFolder();
-  ~TemporaryFolder();
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-
-  const std::filesystem::path& path() const { return path_; }
-  std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
-
- private:
-  std::filesystem::path path_;
-};
 
 /// A decimal comma and a full stop between thousands, in C and C++ alike, while it lives.
 class GermanLocale {

@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-
-#include <cstdlib>
 
 #include "Examples.h"
+#include "Process.h"
 
 namespace quorvane {
 namespace {
@@ -47,8 +45,7 @@ INSTANTIATE_TEST_SUITE_P(Examples, Example, testing::ValuesIn(exampleNames()), e
 
 TEST(Examples, EqualTheOutputOfMakeExamples) {
   const TemporaryFolder folder;
-  const std::string command = std::string(QUORVANE_MAKE_EXAMPLES) + " '" + folder.path().string() + "'";
-  ASSERT_EQ(std::system(command.c_str()), 0);
+  ASSERT_EQ(run(QUORVANE_MAKE_EXAMPLES, {folder.path()}).status, 0);
   EXPECT_EQ(namesIn(folder.path()), exampleNames());
   ASSERT_GE(exampleNames().size(), 14u);
   for (const std::string& name : exampleNames())
@@ -56,11 +53,9 @@ TEST(Examples, EqualTheOutputOfMakeExamples) {
 }
 
 TEST(Examples, ProgramSaysWhatItNeedsAndFailsWhereItCannotWrite) {
-  const std::string program = QUORVANE_MAKE_EXAMPLES;
-  EXPECT_EQ(WEXITSTATUS(std::system((program + " 2>/dev/null").c_str())), 2);
+  EXPECT_EQ(run(QUORVANE_MAKE_EXAMPLES, {}).status, 2);
   const TemporaryFolder folder;
-  const std::string missing = (folder / "missing").string();
-  EXPECT_EQ(WEXITSTATUS(std::system((program + " '" + missing + "' 2>/dev/null").c_str())), 1);
+  EXPECT_EQ(run(QUORVANE_MAKE_EXAMPLES, {folder / "missing"}).status, 1);
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "Draws.h"
+#include "ForeseenDraws.h"
 #include "reference/System.h"
 
 namespace quorvane {

@@ -38,7 +38,7 @@ TEST_F(ExchangeMove, DrawsForTheAcceptanceAndThenTheDirection) {
   int seen[9] = {};
   for (int k = 0; k < 500; ++k) {
     putBack();
-    Foresight next;
+    ForeseenDraws next;
     next.real();
     const int dir = next.whole(8);
     EXPECT_EQ(drawsMadeBy([this] { move(2, 2); }), 2);
@@ -104,7 +104,7 @@ TEST_F(ExchangeMove, IsAcceptedWithTheExponentialOfTheEnergyChange) {
     putBack();
     lattice[1][2] = 1;
     setPairEnergy(1, 1, -2.0);
-    Foresight next;
+    ForeseenDraws next;
     const double u = next.real();
     const bool away = next.whole(8) == 1;
     move(2, 2);
@@ -122,7 +122,7 @@ TEST_F(ExchangeMove, CountsTheEnergiesOfBothSites) {
     putBack();
     lattice[3][2] = lattice[4][2] = 2;
     setPairEnergy(2, 2, -1.0);
-    Foresight next;
+    ForeseenDraws next;
     const double u = next.real();
     const bool towards = next.whole(8) == 1;
     move(2, 2);
@@ -143,7 +143,7 @@ TEST_F(ExchangeMove, UsesTheEnergiesAfterTheExchangeInEveryDirectionAndOnNarrowL
     for (int k = 0; k < 2000; ++k) {
       fModelInit(4, imax, jmax, lattice);
       const int i = k % imax, j = k % jmax;
-      Foresight next;
+      ForeseenDraws next;
       const double u = next.real();
       const int dir = next.whole(8);
       const int ni = fn_pbc(fn_neighbi(i, dir), imax), nj = fn_pbc(fn_neighbj(j, dir), jmax);
@@ -170,7 +170,7 @@ TEST_F(ExchangeMove, ThatLowersTheEnergyIsAlwaysMade) {
     putBack();
     lattice[1][2] = 1;
     setPairEnergy(1, 1, 2.0);
-    Foresight next;
+    ForeseenDraws next;
     next.real();
     const bool leaves = next.whole(8) == 1;
     move(2, 2);
@@ -228,7 +228,7 @@ TEST_F(ExchangeMove, OnAWidthOfOneExchangesTheSiteWithItself) {
   lattice[0][2] = 1;
   int itself = 0;
   for (int k = 0; k < 200; ++k) {
-    Foresight next;
+    ForeseenDraws next;
     next.real();
     const int dir = next.whole(8);
     if (dir != 1 && dir != 3) {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "Draws.h"
+#include "ForeseenDraws.h"
 #include "engine/f_LMlattice.h"
 
 namespace quorvane {
@@ -11,7 +11,7 @@ constexpr int kAny = -1;
 void expectRandom(int current, int endA, int endB) {
   int seen[5] = {};
   for (int k = 0; k < 200; ++k) {
-    const int next = Foresight().whole(5) - 1;
+    const int next = ForeseenDraws().whole(5) - 1;
     int final = -1;
     ASSERT_EQ(drawsMadeBy([&] { final = fFigureOutFinalSiteType(current, endA, endB, 5); }), 1);
     ASSERT_EQ(final, next);

@@ -29,7 +29,7 @@ class FlipAcceptance : public EngineTest {
 
   /// The draw that decides the next flip.
   static double comingDraw() {
-    Foresight next;
+    ForeseenDraws next;
     next.whole(1);
     return next.real();
   }
@@ -136,7 +136,7 @@ TEST_F(FlipAcceptance, UsesTheEnergyOfARandomFinalType) {
   int made = 0, refused = 0;
   while (made < 100 || refused < 100) {
     lattice[2][2] = 0;
-    Foresight next;
+    ForeseenDraws next;
     next.whole(1);
     const int final = next.whole(3) - 1;
     const double u = next.real();

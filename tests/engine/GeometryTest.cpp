@@ -152,7 +152,7 @@ TEST_F(NeighbourCount, DrawsNothing) {
 class ModelInit : public EngineTest {};
 
 TEST_F(ModelInit, DrawsATypeForEachSiteRowByRow) {
-  Foresight next;
+  ForeseenDraws next;
   fModelInit(4, 3, 7, lattice);
   for (int i = 0; i < 3; ++i)
     for (int j = 0; j < 7; ++j) ASSERT_EQ(lattice[i][j], next.whole(4) - 1) << i << ", " << j;

@@ -40,7 +40,7 @@ TEST_F(ModelCycle, AnIrreversibleFlipToAnyTypeDrawsItBeforeTheAcceptance) {
   int unchanged = 0;
   for (int k = 0; k < 500; ++k) {
     lattice[2][2] = 0;
-    Foresight next;
+    ForeseenDraws next;
     next.whole(1);
     const int final = next.whole(5) - 1;
     const bool accepted = 0.5 > next.real();
@@ -71,7 +71,7 @@ TEST_F(ModelCycle, AReversibleFlipBetweenAnyTypesDrawsTheTypeBeforeTheAcceptance
   system.ruleParameter[rule] = 0.5;
   for (int k = 0; k < 200; ++k) {
     const int before = lattice[2][2];
-    Foresight next;
+    ForeseenDraws next;
     next.whole(2);
     const int final = next.whole(5) - 1;
     const bool accepted = 0.5 > next.real();
@@ -90,7 +90,7 @@ TEST_F(ModelCycle, AFlipActsOnImmobileTypesToo) {
 TEST_F(ModelCycle, ASwapDrawsItsOwnAcceptanceAndThenThatOfTheMove) {
   addRule(kSwapping, 1, kAny);
   lattice[2][2] = 1;
-  Foresight next;
+  ForeseenDraws next;
   next.whole(1);
   next.real();
   next.real();
@@ -104,7 +104,7 @@ TEST_F(ModelCycle, ASwapWithAParameterAtOrBelowItsDrawMakesNoMoveAndNoMoreDraws)
   const int rule = addRule(kSwapping, 1, kAny);
   lattice[2][2] = 1;
   for (int k = 0; k < 50; ++k) {
-    Foresight next;
+    ForeseenDraws next;
     next.whole(1);
     system.ruleParameter[rule] = next.real();
     ASSERT_EQ(attemptDraws(), 2);
@@ -117,7 +117,7 @@ TEST_F(ModelCycle, ASwapWithAParameterBarelyAboveItsDrawIsMade) {
   for (int k = 0; k < 50; ++k) {
     fill(0);
     lattice[2][2] = 1;
-    Foresight next;
+    ForeseenDraws next;
     next.whole(1);
     system.ruleParameter[rule] = std::nextafter(next.real(), 2.0);
     ASSERT_EQ(attemptDraws(), 4);

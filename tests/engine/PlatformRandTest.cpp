@@ -7,6 +7,7 @@
 #include <thread>
 #include <utility>
 
+#include "OtherPlatform.h"
 #include "engine/RandomSource.h"
 
 namespace quorvane {
@@ -118,13 +119,8 @@ TEST(PlatformRand, IsNotRecognisedIfValuesAreLeftOut) {
 }
 
 /// A generator that no seed governs, as that of some systems: it never yields a stretch again.
-struct Unseeded {
-  static inline std::uint64_t state = 1;
+struct Unseeded : OtherPlatform<31> {
   static void srand(unsigned) {}
-  static int rand() {
-    state = state * 6364136223846793005u + 1442695040888963407u;
-    return static_cast<int>(state >> 33);
-  }
 };
 
 TEST(PlatformRand, IsNotRecognisedIfItIgnoresSeedsWhichTakesBoundedTime) {

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <limits>
 
-#include "Draws.h"
+#include "ForeseenDraws.h"
 #include "engine/RandomSource.h"
 #include "engine/f_ran0.h"
 
@@ -77,7 +77,7 @@ TEST(RandReal, IsAMultipleOfTwoToTheMinusThirtyOneInRange) {
 
 TEST(RandReal, ReturnsTheDrawUnchanged) {
   for (int k = 0; k < 100; ++k) {
-    const double next = Foresight().real();
+    const double next = ForeseenDraws().real();
     ASSERT_EQ(k % 2 == 0 ? fRandReal() : fn_ran0(), next);
   }
 }
@@ -119,7 +119,7 @@ TEST(RandInt, IsTheFloorOfTheScaledDrawPlusOne) {
   for (const int n : {1, 2, 3, 10, 97, 256, 65536, 4194303, 4194304, 4194305, 1'000'000'007,
                       std::numeric_limits<int>::max()})
     for (int k = 0; k < 1000; ++k) {
-      const double u = Foresight().real();
+      const double u = ForeseenDraws().real();
       const int value = fRandInt(n);
       ASSERT_EQ(value, static_cast<int>(std::floor(u * n) + 1.0)) << "n = " << n;
       ASSERT_GE(value, 1);
@@ -130,7 +130,7 @@ TEST(RandInt, IsTheFloorOfTheScaledDrawPlusOne) {
 TEST(RandInt, OfANegativeNumberIsTheFloorOfTheScaledDrawPlusOne) {
   for (const int n : {-1, -2, -10, -4194305, std::numeric_limits<int>::min()})
     for (int k = 0; k < 1000; ++k) {
-      const double u = Foresight().real();
+      const double u = ForeseenDraws().real();
       ASSERT_EQ(fRandInt(n), static_cast<int>(std::floor(u * n) + 1.0)) << "n = " << n;
     }
 }

@@ -26,7 +26,7 @@ class RuleChoice : public EngineTest {
 
   /// The number of draws until each of n positions has been drawn.
   static int drawsToSeeAll(int n) {
-    Foresight next;
+    ForeseenDraws next;
     std::set<int> seen;
     int draws = 0;
     for (; static_cast<int>(seen.size()) < n; ++draws) seen.insert(next.whole(n));
@@ -50,7 +50,7 @@ TEST_F(RuleChoice, OfARowOfNegativeLengthDrawsNothing) {
 TEST_F(RuleChoice, UsesTheRuleAtTheDrawnPosition) {
   addFlips(5);
   for (int k = 0; k < 200; ++k) {
-    const int position = Foresight().whole(5) - 1;
+    const int position = ForeseenDraws().whole(5) - 1;
     ASSERT_EQ(chosen(), position);
   }
 }
@@ -73,7 +73,7 @@ TEST_F(RuleChoice, DrawsAgainUntilAnEnabledRuleComesUp) {
   disable(0);
   disable(2);
   for (int k = 0; k < 200; ++k) {
-    Foresight next;
+    ForeseenDraws next;
     int draws = 0, rule = 0;
     do {
       rule = next.whole(4) - 1;

@@ -4,12 +4,12 @@
 #include <algorithm>
 #include <array>
 #include <csignal>
-#include <fstream>
 #include <random>
 
 #include "DocumentSupport.h"
 #include "Faults.h"
-#include "Program.h"
+#include "Process.h"
+#include "SharedPlan.h"
 
 namespace quorvane {
 namespace {
@@ -24,14 +24,14 @@ class SameTargets : public testing::Test {
   SameTargets() {
     set(*plan_, folder_, {Call::kAny, 0}, 0);
     for (std::size_t k = 0; k < inputs_.size(); ++k) {
-      std::ofstream(inputs_[k]) << contentOf(kDocuments[k]);
-      EXPECT_EQ(run(k).wait(), 0);
+      put(inputs_[k], contentOf(kDocuments[k]));
+      EXPECT_EQ(run(k).wait().status, 0);
       results_[k] = filesIn(folder_);
     }
     EXPECT_NE(results_[0], results_[1]);
   }
 
-  Program run(std::size_t k) const {
+  Process run(std::size_t k) const {
     return {QUORVANE_BATCH,
             {inputs_[k], "--sweeps", "1", "--output", folder_ / "out.quorvane", "--populations",
              folder_ / "out.csv", "--picture", folder_ / "out.png"}};
@@ -44,7 +44,7 @@ class SameTargets : public testing::Test {
       EXPECT_TRUE(content == results_[0].at(name) || content == results_[1].at(name)) << name;
   }
   void expectTheNextRunToTidyUp() const {
-    EXPECT_EQ(run(0).wait(), 0);
+    EXPECT_EQ(run(0).wait().status, 0);
     EXPECT_EQ(filesIn(folder_), results_[0]);
     EXPECT_THAT(partialFilesIn(folder_), IsEmpty());
   }
@@ -53,7 +53,7 @@ class SameTargets : public testing::Test {
     std::array<microseconds, 5> times;
     for (auto& time : times) {
       const auto start = std::chrono::steady_clock::now();
-      EXPECT_EQ(run(0).wait(), 0);
+      EXPECT_EQ(run(0).wait().status, 0);
       time = std::chrono::duration_cast<microseconds>(std::chrono::steady_clock::now() - start);
     }
     std::sort(times.begin(), times.end());
@@ -77,10 +77,10 @@ TEST_F(SameTargets, AreOldOrNewWhenARunIsKilledAtAnyMoment) {
   for (int round = 0; round < rounds; ++round) {
     SCOPED_TRACE(round);
     const auto before = partialFilesIn(folder_);
-    Program program = run(static_cast<std::size_t>(round % 2));
+    Process program = run(static_cast<std::size_t>(round % 2));
     program.waitFor(microseconds(moment(random)));
     program.kill();
-    if (program.wait() == -SIGKILL) ++numKilled;
+    if (program.wait().status == -SIGKILL) ++numKilled;
     if (partialFilesIn(folder_) != before) ++numInTheMiddle;
     expectEachFileOfOneRun();
   }
@@ -94,7 +94,7 @@ TEST_F(SameTargets, AreOldOrNewWhenARunIsKilledInPlaceOfAnyCall) {
   for (int status = -SIGKILL; status == -SIGKILL; ++numKilled) {
     SCOPED_TRACE(numKilled + 1);
     set(*plan_, folder_, {Call::kAny, kKill}, numKilled + 1);
-    status = run(1).wait();
+    status = run(1).wait().status;
     EXPECT_TRUE(status == -SIGKILL || status == 0) << status;
     expectEachFileOfOneRun();
     set(*plan_, folder_, {Call::kAny, 0}, 0);
@@ -108,9 +108,9 @@ TEST_F(SameTargets, AreEachThatOfOneRunWhenTwoRunsEndAtOnce) {
   constexpr int rounds = 100;
   for (int round = 0; round < rounds; ++round) {
     SCOPED_TRACE(round);
-    Program first = run(0), second = run(1);
-    EXPECT_EQ(first.wait(), 0);
-    EXPECT_EQ(second.wait(), 0);
+    Process first = run(0), second = run(1);
+    EXPECT_EQ(first.wait().status, 0);
+    EXPECT_EQ(second.wait().status, 0);
     EXPECT_EQ(first.errors() + second.errors(), "");
     expectEachFileOfOneRun();
     EXPECT_THAT(partialFilesIn(folder_), IsEmpty());

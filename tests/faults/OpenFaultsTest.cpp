@@ -1,7 +1,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <memory>
 
 #include "DocumentSupport.h"
@@ -20,8 +19,8 @@ class OpenUnderFaults : public testing::Test {
  protected:
   OpenUnderFaults() {
     const std::string longName(40, 'n');
-    std::ofstream(folder_ / "file") << joined(sampleWith(kFirstType, longName));
-    std::ofstream(folder_ / "neighbour") << "of others";
+    put(folder_ / "file", joined(sampleWith(kFirstType, longName)));
+    put(folder_ / "neighbour", "of others");
     before_ = stateOf(*modelBefore());
     const auto model = modelBefore();
     openDocument(*model, folder_ / "file");

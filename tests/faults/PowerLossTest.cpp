@@ -4,14 +4,14 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <fstream>
 #include <memory>
 #include <optional>
 
 #include "DocumentSupport.h"
 #include "Faults.h"
 #include "FileSystemModel.h"
-#include "Program.h"
+#include "Process.h"
+#include "SharedPlan.h"
 #include "document/ModelDocument.h"
 
 namespace quorvane {
@@ -88,12 +88,12 @@ class PowerLoss : public testing::Test {
   }
 
   void runAndLoseThePower(const std::vector<std::string>& options, const std::vector<std::string>& names) {
-    std::ofstream(folder_ / "in.quorvane") << contentOf(kExample);
+    put(folder_ / "in.quorvane", contentOf(kExample));
     const Disk before = disk();
     set(*plan_, folder_, {Call::kAny, 0}, 0);
     std::vector<std::string> arguments = {folder_ / "in.quorvane", "--sweeps", "1"};
     arguments.insert(arguments.end(), options.begin(), options.end());
-    ASSERT_EQ(Program(QUORVANE_BATCH, arguments).wait(), 0);
+    ASSERT_EQ(run(QUORVANE_BATCH, arguments).status, 0);
     Calls recorded = calls();
     recorded.push_back({RecordedCall::Kind::kSaid});
     const FileSystemModel model(before, recorded);
@@ -117,7 +117,7 @@ class PowerLoss : public testing::Test {
 };
 
 TEST_F(PowerLoss, LeavesTheOldFileOrTheNewOneAndTheNewOneOnceASaveHasReturned) {
-  std::ofstream(saved_) << "old";
+  put(saved_, "old");
   const Disk before = disk();
   const Calls calls = save();
   expectSafe(loseThePowerAnywhere({before, calls}, targetOf(before, "system.quorvane")));
@@ -129,7 +129,7 @@ TEST_F(PowerLoss, LeavesANewFileWholeOrNotAtAll) {
 }
 
 TEST_F(PowerLoss, IsSeenToLoseASaveThatIsNotSynchronised) {
-  std::ofstream(saved_) << "old";
+  put(saved_, "old");
   const Disk before = disk();
   const Calls calls = save();
   const Target target = targetOf(before, "system.quorvane");
@@ -143,7 +143,7 @@ TEST_F(PowerLoss, IsSeenToLoseASaveThatIsNotSynchronised) {
 /// Only the superuser can create a file of another user, whose owner a new file could not have.
 TEST_F(PowerLoss, DuringASaveInPlaceLeavesTheTextInOneOfTwoFiles) {
   if (::geteuid() != 0) GTEST_SKIP() << "needs a file of another user";
-  std::ofstream(saved_) << "old";
+  put(saved_, "old");
   ASSERT_EQ(::chown(saved_.c_str(), 12345, 12345), 0);
   const Disk before = disk();
   const Calls calls = save({Call::kOwner, EPERM, true}, 1);
@@ -164,7 +164,7 @@ TEST_F(PowerLoss, DuringASaveInPlaceLeavesTheTextInOneOfTwoFiles) {
 }
 
 TEST_F(PowerLoss, LeavesAllResultsOfARunOldOrNewAndNewOnceItHasEnded) {
-  for (const char* name : {"out.quorvane", "out.csv", "out.png"}) std::ofstream(folder_ / name) << "old";
+  for (const char* name : {"out.quorvane", "out.csv", "out.png"}) put(folder_ / name, "old");
   runAndLoseThePower({"--output", folder_ / "out.quorvane", "--populations", folder_ / "out.csv", "--picture",
                       folder_ / "out.png"},
                      {"out.quorvane", "out.csv", "out.png"});

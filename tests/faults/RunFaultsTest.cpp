@@ -2,12 +2,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
 #include <sstream>
 
 #include "DocumentSupport.h"
 #include "Faults.h"
-#include "Program.h"
+#include "Process.h"
+#include "SharedPlan.h"
 
 namespace quorvane {
 namespace {
@@ -36,13 +36,13 @@ class RunUnderFaults : public testing::Test {
   RunUnderFaults() {
     const TemporaryFolder folder;
     prepare(folder.path());
-    EXPECT_EQ(Program(QUORVANE_BATCH, argumentsFor(folder.path())).wait(), 0);
+    EXPECT_EQ(quorvane::run(QUORVANE_BATCH, argumentsFor(folder.path())).status, 0);
     new_ = filesIn(folder.path());
     EXPECT_EQ(new_.size(), 9u);
   }
 
   void prepare(const fs::path& folder) const {
-    for (const auto& [name, content] : old_) std::ofstream(folder / name, std::ios::binary) << content;
+    for (const auto& [name, content] : old_) put(folder / name, content);
   }
   static std::vector<std::string> argumentsFor(const fs::path& folder) {
     return {
@@ -57,10 +57,9 @@ class RunUnderFaults : public testing::Test {
     prepare(folder);
     ++numRuns_;
     set(*plan_, folder, fault, number);
-    Program program(QUORVANE_BATCH, argumentsFor(folder));
-    const int status = program.wait();
-    const std::vector<std::string> lines = linesOf(program.errors());
-    SCOPED_TRACE(program.errors());
+    const auto [status, out, errors] = quorvane::run(QUORVANE_BATCH, argumentsFor(folder));
+    const std::vector<std::string> lines = linesOf(errors);
+    SCOPED_TRACE(errors);
     const Files after = filesIn(folder);
 
     ASSERT_TRUE(status == 0 || (status == 1 && plan_->failed > 0)) << status;

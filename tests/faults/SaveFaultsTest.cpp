@@ -3,7 +3,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <fstream>
 #include <memory>
 #include <utility>
 
@@ -36,7 +35,7 @@ void put(const fs::path& folder, const Files& files) {
     if (content.starts_with(link))
       fs::create_symlink(content.substr(link.size()), folder / name);
     else
-      std::ofstream(folder / name, std::ios::binary) << content;
+      quorvane::put(folder / name, content);
   }
 }
 

@@ -7,7 +7,8 @@
 
 #include "DocumentSupport.h"
 #include "Faults.h"
-#include "Program.h"
+#include "Process.h"
+#include "SharedPlan.h"
 #include "document/ModelDocument.h"
 
 namespace quorvane {
@@ -31,7 +32,7 @@ TEST(WindowKilled, WhileItSavesLeavesAWholeDocumentAndTheNextSaveRemovesPartialF
   for (int round = 0; round < rounds; ++round) {
     SCOPED_TRACE(round);
     const std::string before = contentOf(saved);
-    Program window(SAVING_WINDOW, {EXAMPLE, saved});
+    Process window(SAVING_WINDOW, {EXAMPLE, saved});
     // Its first save shows that it is at it.
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
     while (contentOf(saved) == before) {
@@ -40,7 +41,7 @@ TEST(WindowKilled, WhileItSavesLeavesAWholeDocumentAndTheNextSaveRemovesPartialF
     }
     EXPECT_FALSE(window.waitFor(std::chrono::microseconds(moment(random)))) << window.errors();
     window.kill();
-    EXPECT_EQ(window.wait(), -SIGKILL);
+    EXPECT_EQ(window.wait().status, -SIGKILL);
     EXPECT_TRUE(isADocument(contentOf(saved)));
     EXPECT_LE(partialFilesIn(folder.path()).size(), 1u) << "the last window's own, at most";
     numInTheMiddle += partialFilesIn(folder.path()).empty() ? 0 : 1;

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "Draws.h"
+#include "ForeseenDraws.h"
 #include "TestModel.h"
 
 namespace quorvane {
@@ -67,7 +67,7 @@ TEST(Lifecycle, InitialisingGivesSizesTypesAndTheStoppedState) {
 }
 
 TEST(Lifecycle, InitialisingDrawsTheSitesRowByRowAndThenTheColoursFromTypeOneUp) {
-  Draws draws;
+  ForeseenDraws draws;
   auto model = makeModel(3, 6, 4);
   for (int i = 0; i < 6; ++i)
     for (int j = 0; j < 4; ++j) ASSERT_EQ(model->getSiteValue(i, j), draws.whole(3) - 1) << i << ' ' << j;
@@ -126,7 +126,7 @@ TEST(Lifecycle, RemakingKeepsTypesRulesAndConstantsButRefillsTheLatticeAndTheTra
   fillLattice(*model, 9);
   for (int t = 0; t < 3; ++t) model->varMobileHistoryMax[t] = 5.0;
 
-  Draws draws;
+  ForeseenDraws draws;
   model->redraws = 0;
   model->initializeLatticeModel(-1, 8, 3);
   for (int i = 0; i < 8; ++i)
@@ -173,7 +173,7 @@ TEST(Lifecycle, AnAddedTypeHasItsDefaultsARandomColourAndAnEmptyTrace) {
   model->varMobileHistory[2][4][4] = 0.5;
   model->varMobileHistoryMax[2] = 8.0;
   model->setPixelImmobile(2, 1);
-  Draws draws;
+  ForeseenDraws draws;
   model->addPixelType();
   EXPECT_EQ(model->getNumPixelTypes(), 3);
   EXPECT_EQ(model->getPixelName(2), "New Pixel");

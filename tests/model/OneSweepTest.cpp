@@ -3,8 +3,9 @@
 #include <atomic>
 #include <thread>
 
-#include "Draws.h"
+#include "ForeseenDraws.h"
 #include "TestModel.h"
+#include "Waiting.h"
 
 namespace quorvane {
 namespace {
@@ -40,7 +41,7 @@ void expectSameLattice(const LatticeModel& a, const LatticeModel& b) {
 TEST(OneSweep, MakesOneAttemptMoreThanThereAreSitesAndAsksForOneRedraw) {
   auto model = makeModel(2, 9, 7);
   model->redraws = 0;
-  Draws draws;
+  ForeseenDraws draws;
   EXPECT_TRUE(model->sweepOnce());
   EXPECT_EQ(draws.sinceLast(), 2 * (9 * 7 + 1));
   EXPECT_EQ(model->sweepsDone(), 1);
@@ -68,7 +69,7 @@ TEST(OneSweep, IsMadeOnlyWhileTheModelIsStopped) {
     auto model = makeModel(2, 5, 5);
     model->varMyState = state;
     model->redraws = 0;
-    Draws draws;
+    ForeseenDraws draws;
     EXPECT_FALSE(model->sweepOnce());
     EXPECT_EQ(draws.sinceLast(), 0);
     EXPECT_EQ(model->sweepsDone(), 0);

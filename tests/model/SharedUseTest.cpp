@@ -3,6 +3,7 @@
 #include <random>
 
 #include "TestModel.h"
+#include "Waiting.h"
 
 // Also run under the thread sanitizer, which must report nothing.
 namespace quorvane {

@@ -1,10 +1,8 @@
 #pragma once
 
 #include <atomic>
-#include <chrono>
 #include <initializer_list>
 #include <memory>
-#include <thread>
 #include <vector>
 
 #include "model/LatticeModel.h"
@@ -42,17 +40,6 @@ inline std::vector<int> rowOf(const LatticeModel& model, int type) {
 inline void fillLattice(LatticeModel& model, int type) {
   for (int i = 0; i < model.getIMax(); ++i)
     for (int j = 0; j < model.getJMax(); ++j) model.setSiteValue(i, j, type);
-}
-
-/// Waits until a condition holds; false if it does not within the deadline.
-template <class Condition>
-bool waitUntil(Condition&& holds, std::chrono::seconds deadline = std::chrono::seconds(30)) {
-  const auto end = std::chrono::steady_clock::now() + deadline;
-  while (!holds()) {
-    if (std::chrono::steady_clock::now() > end) return false;
-    std::this_thread::yield();
-  }
-  return true;
 }
 
 }  // namespace quorvane

@@ -1,9 +1,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdio>
+#include <iterator>
+#include <sstream>
 #include <string>
 #include <vector>
+
+#include "Process.h"
 
 namespace quorvane {
 namespace {
@@ -12,14 +15,10 @@ using ::testing::ElementsAre;
 
 /// The numbers that a separate process prints.
 std::vector<double> firstDraws(const std::string& of, int count) {
-  const std::string command = "'" FIRST_DRAWS "' " + of + " " + std::to_string(count);
-  std::FILE* output = popen(command.c_str(), "r");
-  std::vector<double> draws;
-  if (output == nullptr) return draws;
-  double draw = 0.0;
-  while (std::fscanf(output, "%lf", &draw) == 1) draws.push_back(draw);
-  EXPECT_EQ(pclose(output), 0);
-  return draws;
+  const Finished finished = run(FIRST_DRAWS, {of, std::to_string(count)});
+  EXPECT_EQ(finished.status, 0);
+  std::istringstream numbers(finished.out);
+  return {std::istream_iterator<double>(numbers), std::istream_iterator<double>()};
 }
 
 TEST(FreshProcess, DrawsTheSameThreeValuesFirst) {

@@ -6,6 +6,7 @@
 #include <thread>
 #include <vector>
 
+#include "OtherPlatform.h"
 #include "engine/RandomSource.h"
 #include "engine/f_ran0.h"
 #include "reference/Lockstep.h"
@@ -13,23 +14,6 @@
 
 namespace quorvane {
 namespace {
-
-/// A generator unlike the C library's, with values up to 2^bits - 1 and a state for each user.
-template <int bits, int user>
-struct Congruential {
-  static inline std::uint64_t state = 0;
-  static inline int seedings = 0;
-  static inline unsigned lastSeed = 0;
-  static void srand(unsigned seed) {
-    state = seed;
-    lastSeed = seed;
-    ++seedings;
-  }
-  static int rand() {
-    state = state * 6364136223846793005u + 1442695040888963407u;
-    return static_cast<int>(state >> (64 - bits));
-  }
-};
 
 double real(RandomSource& source) { return source.next() / RandomSource::maxran; }
 
@@ -63,8 +47,8 @@ TEST(RandomSource, StartsWithTheSameDrawsWhateverOtherCodeHasDrawnBefore) {
 }
 
 TEST(RandomSource, DrawsFromAnotherPlatformsGeneratorThroughTheTable) {
-  using Ours = Congruential<31, 0>;
-  using Theirs = Congruential<31, 1>;
+  using Ours = OtherPlatform<31, 0>;
+  using Theirs = OtherPlatform<31, 1>;
   RandomSource source(PlatformRand{&Ours::srand, &Ours::rand});
   reference::Ran0<Theirs> expected;
   for (int k = 0; k < 100'000; ++k) ASSERT_EQ(real(source), expected.next()) << "draw " << k;
@@ -72,8 +56,8 @@ TEST(RandomSource, DrawsFromAnotherPlatformsGeneratorThroughTheTable) {
 }
 
 TEST(RandomSource, DrawsFromAGeneratorOfASmallerRange) {
-  using Ours = Congruential<15, 2>;
-  using Theirs = Congruential<15, 3>;
+  using Ours = OtherPlatform<15, 2>;
+  using Theirs = OtherPlatform<15, 3>;
   RandomSource source(PlatformRand{&Ours::srand, &Ours::rand});
   reference::Ran0<Theirs> expected;
   for (int k = 0; k < 100'000; ++k) {
@@ -84,7 +68,7 @@ TEST(RandomSource, DrawsFromAGeneratorOfASmallerRange) {
 }
 
 TEST(RandomSource, SeedsAnotherPlatformsGeneratorWithTenAndNeverAfterTheFirstDraw) {
-  using Ours = Congruential<31, 4>;
+  using Ours = OtherPlatform<31, 4>;
   RandomSource source(PlatformRand{&Ours::srand, &Ours::rand});
   EXPECT_EQ(Ours::seedings, 0);
   source.next();

@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "OtherPlatform.h"
 #include "engine/Sweeper.h"
 #include "engine/f_ran0.h"
 #include "reference/Cases.h"
@@ -156,19 +157,10 @@ TEST(Sweeper, WithoutALatticeDrawsTheSiteOfOneAttempt) {
   EXPECT_EQ(processRandomSource.next(), expected.next());
 }
 
-/// A platform whose generator is not the one that is computed here.
-struct OtherRand {
-  static inline std::uint64_t state = 0;
-  static void srand(unsigned seed) { state = seed; }
-  static int rand() {
-    state = state * 6364136223846793005u + 1442695040888963407u;
-    return static_cast<int>(state >> 33);
-  }
-};
-
 TEST(Sweeper, DrawsFromAnotherPlatformsGeneratorAsSingleAttemptsDo) {
   const auto startFromOther = [] {
-    processRandomSource = RandomSource({&OtherRand::srand, &OtherRand::rand});
+    using Other = OtherPlatform<31>;
+    processRandomSource = RandomSource({&Other::srand, &Other::rand});
   };
   const auto plain = reference::randomSystem({13, 11}, 12);
   const auto swept = reference::toEngine(*plain);

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <type_traits>
+
 #include "view/FramePacer.h"
 
 namespace quorvane {
@@ -7,45 +9,56 @@ namespace {
 
 using std::chrono::milliseconds;
 
-void letPass(milliseconds time) {
-  QElapsedTimer timer;
-  timer.start();
-  while (!timer.hasExpired(time.count())) {
-  }
-}
+/// A clock that goes only where a test lets time pass.
+struct SetClock {
+  using duration = std::chrono::nanoseconds;
+  using time_point = std::chrono::time_point<SetClock, duration>;
+  static inline time_point time{std::chrono::hours(1)};
+  static time_point now() { return time; }
+};
+using Pacer = BasicFramePacer<SetClock>;
 
-void frameOf(FramePacer& pacer, milliseconds cost) {
+void letPass(milliseconds time) { SetClock::time += time; }
+
+void frameOf(Pacer& pacer, milliseconds cost) {
   pacer.frameBegins();
   letPass(cost);
   pacer.frameEnds();
 }
 
 TEST(FramePacer, AsksForNoPauseBeforeTheFirstFrame) {
-  EXPECT_EQ(FramePacer().pauseBeforeNextFrame(), milliseconds(0));
+  EXPECT_EQ(Pacer().pauseBeforeNextFrame(), milliseconds(0));
 }
 
 TEST(FramePacer, AsksForAPauseAsLongAsTheFrameTook) {
-  FramePacer pacer;
+  Pacer pacer;
   frameOf(pacer, milliseconds(60));
-  const milliseconds pause = pacer.pauseBeforeNextFrame();
-  EXPECT_GT(pause, milliseconds(30));
-  letPass(pause);
+  EXPECT_EQ(pacer.pauseBeforeNextFrame(), milliseconds(60));
+  letPass(milliseconds(25));
+  EXPECT_EQ(pacer.pauseBeforeNextFrame(), milliseconds(35));
+  letPass(milliseconds(35));
   EXPECT_EQ(pacer.pauseBeforeNextFrame(), milliseconds(0));
 }
 
 TEST(FramePacer, NeverPausesLongerThanAQuarterOfASecond) {
-  FramePacer pacer;
+  Pacer pacer;
   frameOf(pacer, milliseconds(400));
-  EXPECT_LE(pacer.pauseBeforeNextFrame(), milliseconds(250));
-  EXPECT_GT(pacer.pauseBeforeNextFrame(), milliseconds(150));
+  EXPECT_EQ(pacer.pauseBeforeNextFrame(), milliseconds(250));
+  letPass(milliseconds(200));
+  EXPECT_EQ(pacer.pauseBeforeNextFrame(), milliseconds(200));
 }
 
 TEST(FramePacer, TakesAScreenUpdateWithoutAFrameForNone) {
-  FramePacer pacer;
+  Pacer pacer;
   frameOf(pacer, milliseconds(2));
   letPass(milliseconds(50));
   pacer.frameEnds();
   EXPECT_EQ(pacer.pauseBeforeNextFrame(), milliseconds(0));
+}
+
+TEST(FramePacer, MeasuresByAClockThatIsNeverSetBack) {
+  EXPECT_TRUE((std::is_same_v<FramePacer, BasicFramePacer<std::chrono::steady_clock>>));
+  EXPECT_EQ(FramePacer().pauseBeforeNextFrame(), milliseconds(0));
 }
 
 }  // namespace

@@ -178,7 +178,8 @@ INSTANTIATE_TEST_SUITE_P(Spacings, FrameOfTraces,
                                            std::tuple(171, 300, 20, 2), std::tuple(301, 207, 256, 5),
                                            std::tuple(64, 64, 1, 10), std::tuple(97, 203, 2, 6)));
 
-/// Counts the rectangles that a frame submits, seen or not.
+/// Counts the rectangles that a frame submits, seen or not. What lies beyond the edge, and what is wholly
+/// transparent, changes no pixel, so nothing but the count tells whether it is drawn.
 class CountingView : public GraphicalLatticeModelGL {
  public:
   GLuint rectangles() {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QElapsedTimer>
 #include <algorithm>
 #include <chrono>
 
@@ -8,32 +7,36 @@ namespace quorvane {
 
 /// Keeps drawing from taking up the main thread: after a frame as much time goes by as the frame took before
 /// the next one begins, so a click never waits for more than one frame. Main thread only.
-class FramePacer {
+/// Clock: the time, as std::chrono has it.
+template <class Clock>
+class BasicFramePacer {
  public:
-  FramePacer() { clock_.start(); }
-
   void frameBegins() {
-    begin_ = clock_.elapsed();
+    begin_ = Clock::now();
     open_ = true;
   }
   /// To be called when the frame is on the screen.
   void frameEnds() {
     if (!open_) return;
     open_ = false;
-    end_ = clock_.elapsed();
+    end_ = Clock::now();
     cost_ = end_ - begin_;
   }
 
   /// The remaining pause, 0 to 250 ms.
   std::chrono::milliseconds pauseBeforeNextFrame() const {
-    constexpr qint64 longest = 250;
-    return std::chrono::milliseconds(std::clamp<qint64>(end_ + cost_ - clock_.elapsed(), 0, longest));
+    using std::chrono::milliseconds;
+    constexpr milliseconds none{0}, longest{250};
+    const auto left = std::chrono::duration_cast<milliseconds>(end_ + cost_ - Clock::now());
+    return std::clamp(left, none, longest);
   }
 
  private:
-  QElapsedTimer clock_;
-  qint64 begin_ = 0, end_ = 0, cost_ = 0;
+  typename Clock::time_point begin_{}, end_{};
+  typename Clock::duration cost_{};
   bool open_ = false;
 };
+
+using FramePacer = BasicFramePacer<std::chrono::steady_clock>;
 
 }  // namespace quorvane

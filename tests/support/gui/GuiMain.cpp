@@ -11,9 +11,11 @@ int main(int argc, char** argv) {
   // The cases can be listed on a machine without a display.
   if (GTEST_FLAG_GET(list_tests)) return RUN_ALL_TESTS();
 
-  // What tests do not save is no work that their user wants to keep.
-  const QTemporaryDir state;
-  qputenv("XDG_STATE_HOME", state.path().toLocal8Bit());
+  // What tests do not save is no work that their user wants to keep, and what a panel remembers for the next
+  // time is not for tests that run beside this one.
+  const QTemporaryDir home;
+  for (const char* variable : {"XDG_STATE_HOME", "XDG_CONFIG_HOME"})
+    qputenv(variable, home.path().toLocal8Bit());
   // Frames are compared pixel by pixel, so every machine draws them in software.
   qputenv("LIBGL_ALWAYS_SOFTWARE", "1");
   QSurfaceFormat::setDefaultFormat(quorvane::GraphicalLatticeModelGL::surfaceFormat());

@@ -1,37 +1,40 @@
 #pragma once
 
 #include <cmath>
-#include <cstdint>
 
 #include "engine/f_ran0.h"
 
 namespace quorvane {
 
 /// The draws that come next from the process-wide source, without making them.
-class Foresight {
+class ForeseenDraws {
  public:
   double real() { return ahead_.next() / RandomSource::maxran; }
   int whole(int n) { return static_cast<int>(std::floor(real() * n) + 1.0); }
+
+  /// How many draws the process has made beyond those foreseen here, which are then foreseen too; -1 if more
+  /// than ten million.
+  int sinceLast() {
+    constexpr int most = 10'000'000;
+    const double next = RandomSource(processRandomSource).next();
+    // A value of 31 bits comes again by chance once in a billion draws.
+    int draws = 0;
+    while (ahead_.next() != next)
+      if (++draws > most) return -1;
+    ahead_ = processRandomSource;
+    return draws;
+  }
 
  private:
   RandomSource ahead_ = processRandomSource;
 };
 
-/// How many draws the function makes from the process-wide source; -1 if more than 20,000.
+/// How many draws the function makes from the process-wide source; -1 if more than ten million.
 template <class Function>
 int drawsMadeBy(Function&& function) {
-  RandomSource before = processRandomSource;
+  ForeseenDraws draws;
   function();
-  const auto standsAt = [](RandomSource a, RandomSource b) {
-    for (int k = 0; k < 4; ++k)
-      if (a.next() != b.next()) return false;
-    return true;
-  };
-  for (int draws = 0; draws <= 20'000; ++draws) {
-    if (standsAt(before, processRandomSource)) return draws;
-    before.next();
-  }
-  return -1;
+  return draws.sinceLast();
 }
 
 /// While it lives, every draw of the process-wide source is the same: value / 2^31.

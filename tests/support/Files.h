@@ -1,0 +1,33 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace quorvane {
+
+std::string contentOf(const std::filesystem::path& file);
+void put(const std::filesystem::path& file, const std::string& content);
+/// With the set-id and sticky bits.
+mode_t permissionsOf(const std::filesystem::path& file);
+/// In alphabetical order.
+std::vector<std::string> namesIn(const std::filesystem::path& folder);
+
+/// An empty folder that goes with its contents.
+class TemporaryFolder {
+ public:
+  TemporaryFolder();
+  ~TemporaryFolder();
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+  const std::filesystem::path& path() const { return path_; }
+  std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
+
+ private:
+  std::filesystem::path path_;
+};
+
+}  // namespace quorvane

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <chrono>
+#include <ctime>
+#include <thread>
+
+namespace quorvane {
+
+/// Waits until a condition holds; false if it does not within the deadline.
+template <class Condition>
+bool waitUntil(Condition&& holds, std::chrono::seconds deadline = std::chrono::seconds(30)) {
+  const auto end = std::chrono::steady_clock::now() + deadline;
+  while (!holds()) {
+    if (std::chrono::steady_clock::now() > end) return false;
+    std::this_thread::sleep_for(std::chrono::microseconds(100));
+  }
+  return true;
+}
+
+/// Measures the processor time that all threads of this process use, which nothing else on the machine adds
+/// to.
+class ProcessorTime {
+ public:
+  double seconds() const {
+    return static_cast<double>(std::clock() - start_) / static_cast<double>(CLOCKS_PER_SEC);
+  }
+
+ private:
+  std::clock_t start_ = std::clock();
+};
+
+}  // namespace quorvane
