@@ -8,7 +8,7 @@
 namespace quorvane {
 namespace {
 
-/// The share of a component that can be shown, as it is read.
+/// A colour component as it is read, with two decimals.
 QString share(double component) { return fixedDecimals(std::clamp(component, 0.0, 1.0), 2); }
 
 }  // namespace

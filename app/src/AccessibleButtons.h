@@ -7,7 +7,7 @@ namespace quorvane {
 
 class ColorWell;
 
-/// A check box as assistive technology meets it. Toggling it is a user's click, which the handlers hear of.
+/// The accessible interface of a check box. Toggling it acts as a click, which calls the handlers.
 class AccessibleCheckBox : public QAccessibleWidget {
  public:
   explicit AccessibleCheckBox(QCheckBox& box);
@@ -21,8 +21,8 @@ class AccessibleCheckBox : public QAccessibleWidget {
   QCheckBox& box() const;
 };
 
-/// A colour well as assistive technology meets it: a button if it can be edited, else a picture, named with
-/// the colour that it shows.
+/// The accessible interface of a colour well: a button if it is editable, else an image; its name includes
+/// the colour.
 class AccessibleColorWell : public QAccessibleWidget {
  public:
   explicit AccessibleColorWell(ColorWell& well);

@@ -16,7 +16,7 @@
 namespace quorvane {
 namespace {
 
-/// Qt asks for the class of an object first and then for its base classes.
+/// Qt asks for an object's class first and then for its base classes.
 bool is(const QString& name, const QMetaObject& type) { return name == QLatin1String(type.className()); }
 
 QAccessibleInterface* make(const QString& className, QObject* object) {

@@ -2,9 +2,8 @@
 
 namespace quorvane {
 
-/// From now on assistive technology meets the window's controls as they are: sliders with their real values,
-/// labels and lists with what they show, colour wells with their colours. Once is enough; to be called before
-/// the first control is made.
+/// Installs the accessible interfaces of the window's controls: sliders with real values, labels and lists
+/// with their content, colour wells with their colours. Call it once, before the first control is created.
 void installAccessibleFactory();
 
 }  // namespace quorvane

@@ -57,7 +57,7 @@ QString AccessibleRun::aboutPlot() const {
   const int last = plot_.numPoints() - 1;
   if (last < 0) return MainWindow::tr("%1 No points yet.").arg(help);
   const auto latest = [&](const QComboBox& list) {
-    // After a document that was cut short there are points and no lists yet.
+    // After an incomplete document there are points but no lists yet.
     if (list.currentIndex() < 0) return MainWindow::tr("no type");
     return shareOf(list.currentIndex(), plot_.share(list.currentIndex(), last));
   };

@@ -13,8 +13,8 @@ namespace quorvane {
 
 class PopulationPlot;
 
-/// Tells assistive technology what a run changes all the time: the status line, and the shares of the types
-/// as the descriptions of the lattice and of the plot. At most once a second, so that nobody is flooded.
+/// Announces to assistive technology what changes during a run: the status line, and the shares of the types
+/// as descriptions of the lattice and the plot. At most once a second, to avoid a flood of events.
 class AccessibleRun : public QObject {
  public:
   /// Both must outlive its last event.

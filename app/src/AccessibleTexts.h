@@ -7,7 +7,7 @@ namespace quorvane {
 
 class CaptionedLabel;
 
-/// A label as assistive technology meets it: its name is "caption: text".
+/// The accessible interface of a label; its name is "caption: text".
 class AccessibleLabel : public QAccessibleWidget {
  public:
   AccessibleLabel(CaptionedLabel& label, QAccessible::Role role);
@@ -15,15 +15,15 @@ class AccessibleLabel : public QAccessibleWidget {
   QString text(QAccessible::Text kind) const override;
 };
 
-/// A pop-up list as assistive technology meets it: its name is "accessible name: chosen item". The items are
-/// children while the list is open; before that the list that pops up does not know what is chosen.
+/// The accessible interface of a combo box; its name is "accessible name: chosen item". The items are
+/// children only while the list is open, because the closed popup does not know the chosen item.
 class AccessibleList : public QAccessibleWidget {
  public:
   explicit AccessibleList(QComboBox& list);
 
   QString text(QAccessible::Text kind) const override;
   QAccessible::State state() const override;
-  /// Without the label of a named list, which would be read in place of the name.
+  /// Without the buddy label, which would be read instead of the name.
   QList<QPair<QAccessibleInterface*, QAccessible::Relation>> relations(
       QAccessible::Relation match) const override;
 

@@ -9,7 +9,7 @@
 namespace quorvane {
 namespace {
 
-/// The number that assistive technology hands over, or one that is none.
+/// The number passed by assistive technology; NaN if there is none.
 double numberOf(const QVariant& value) {
   bool isNumber = false;
   const double number = value.toDouble(&isNumber);

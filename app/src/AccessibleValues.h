@@ -7,15 +7,15 @@ namespace quorvane {
 class DoubleSlider;
 class Stepper;
 
-/// A slider as assistive technology meets it: its real value and range, not the positions of its knob.
-/// Setting a value is a user's move.
+/// The accessible interface of a slider: its real value and range, not the positions of its knob. Setting a
+/// value acts as a move by the user.
 class AccessibleSlider : public QAccessibleWidget, public QAccessibleValueInterface {
  public:
   explicit AccessibleSlider(DoubleSlider& slider);
 
   void* interface_cast(QAccessible::InterfaceType type) override;
   QVariant currentValue() const override;
-  /// No effect while the slider is disabled, or with what is no number.
+  /// No effect while the slider is disabled, or for NaN.
   void setCurrentValue(const QVariant& value) override;
   QVariant minimumValue() const override;
   QVariant maximumValue() const override;
@@ -26,8 +26,8 @@ class AccessibleSlider : public QAccessibleWidget, public QAccessibleValueInterf
   DoubleSlider& slider() const;
 };
 
-/// A stepper as assistive technology meets it: a number with a range, without the text field that nobody
-/// sees. Setting a value is a user's step. The number can be read as a text too, whose cursor Qt tells of.
+/// The accessible interface of a stepper: a number with a range, without the hidden text field. Setting a
+/// value acts as a step by the user. Qt's cursor events require the text interface.
 class AccessibleStepper : public QAccessibleWidget,
                           public QAccessibleValueInterface,
                           public QAccessibleTextInterface {
@@ -39,7 +39,7 @@ class AccessibleStepper : public QAccessibleWidget,
   int indexOfChild(const QAccessibleInterface*) const override { return -1; }
   QAccessibleInterface* child(int) const override { return nullptr; }
   QVariant currentValue() const override;
-  /// No effect while the stepper is disabled, or with what is no number.
+  /// No effect while the stepper is disabled, or for NaN.
   void setCurrentValue(const QVariant& value) override;
   QVariant minimumValue() const override;
   QVariant maximumValue() const override;
@@ -52,7 +52,7 @@ class AccessibleStepper : public QAccessibleWidget,
   QRect characterRect(int) const override { return rect(); }
   int offsetAtPoint(const QPoint&) const override { return -1; }
   QString attributes(int offset, int* start, int* end) const override;
-  // Nothing of it can be selected, edited or scrolled.
+  // The text cannot be selected, edited or scrolled.
   int selectionCount() const override { return 0; }
   void selection(int selection, int* start, int* end) const override;
   void addSelection(int, int) override {}

@@ -10,7 +10,8 @@
 namespace quorvane {
 namespace {
 
-/// The components as exact shares of the colour's 16 bits; those that QColor gives are of single precision.
+/// The components as fractions of the colour's 16 bits in double precision; those of QColor have single
+/// precision.
 Rgb componentsOf(const QColor& color) {
   const QRgba64 bits = color.toRgb().rgba64();
   constexpr double full = 65535.0;

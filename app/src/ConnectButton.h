@@ -5,8 +5,8 @@
 
 namespace quorvane {
 
-/// Calls a controller's handler when the button is pressed. A press by its mnemonic arrives a tenth of a
-/// second late, and the button may be disabled by then.
+/// Connects a button to a handler. A press by mnemonic arrives a tenth of a second late, so the handler is
+/// skipped if the button is disabled by then.
 template <class Controller>
 void connectButton(const QPushButton* button, Controller* controller, void (Controller::*handler)()) {
   QObject::connect(button, &QPushButton::clicked, controller, [button, controller, handler] {

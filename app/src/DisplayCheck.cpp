@@ -19,7 +19,7 @@ namespace {
 
 constexpr const char* kNoAnswer = "Quorvane needs a display: the X server of DISPLAY does not answer\n";
 
-/// A variable of the environment, empty where it is not set.
+/// An environment variable, empty if it is not set.
 std::string variable(const char* name) {
   const char* value = std::getenv(name);
   return value ? value : "";
@@ -27,7 +27,7 @@ std::string variable(const char* name) {
 
 bool begins(const std::string& text, const char* with) { return text.rfind(with, 0) == 0; }
 
-/// Ends the process if it still lives when the seconds are over.
+/// Ends the process if it still runs after the seconds.
 class Deadline {
  public:
   explicit Deadline(unsigned seconds) {
@@ -62,12 +62,12 @@ std::optional<std::string> whyNoWindowOnX(bool elseWayland) {
     if (elseWayland) return std::nullopt;
     return display + " cannot be reached";
   }
-  // Without it the toolkit may wait for ever; whoever asks for the other way to OpenGL gets it.
+  // Without this Qt may wait for ever; a user who sets the variable overrides it.
   if (variable("QT_XCB_GL_INTEGRATION") == "xcb_egl" || offersGlx(*server)) return std::nullopt;
   return display + " offers no OpenGL (no GLX; QT_XCB_GL_INTEGRATION=xcb_egl tries to do without)";
 }
 
-/// The toolkit's own threads speak, too.
+/// Qt's own threads write messages too.
 QMutex withholding;
 QStringList withheld;
 
@@ -90,7 +90,7 @@ std::optional<std::string> whyNoWindow() {
   const bool windowSystem = platform.empty() || begins(platform, "xcb") || begins(platform, "wayland");
   if (!windowSystem) return std::nullopt;
   if (!x && !wayland) return "neither DISPLAY nor WAYLAND_DISPLAY is set";
-  // A session of Wayland also has an X server, for programs that know nothing else.
+  // A Wayland session also has an X server for older programs.
   const bool prefersX = x && variable("XDG_SESSION_TYPE") != "wayland";
   const bool usesX = begins(platform, "xcb") || (platform.empty() && prefersX);
   return usesX ? whyNoWindowOnX(platform.empty() && wayland) : std::nullopt;

@@ -17,7 +17,7 @@
 namespace quorvane {
 namespace {
 
-/// One plain line to the platform's log.
+/// Writes one plain line to the platform's log.
 void log(const QString& line) { qInfo().noquote() << line; }
 
 std::filesystem::path fileOf(const QString& path) { return path.toStdU16String(); }
@@ -70,7 +70,7 @@ void DocumentController::open(const QString& path) {
 
 void DocumentController::save(const QString& path) {
   folder_ = QFileInfo(path).absolutePath();
-  // Written once: during a run a second text would differ from the one that is saved.
+  // Written only once: during a run a second text could differ from the saved one.
   const std::string document = writeDocument(model_);
   const SaveResult result = saveDocument(document, fileOf(path));
   if (result.saved) {

@@ -26,7 +26,7 @@ DocumentPanel::DocumentPanel(QWidget* parent, const QString& folder, const Latti
 
 void DocumentPanel::accept() {
   const QString path = pathMeant();
-  // Qt enters a folder, and says that a document is not there.
+  // Qt itself enters a folder and reports a missing file.
   const bool entersFolder = QFileInfo(path).isDir() && !isDocumentName(path);
   if (path.isEmpty() || entersFolder) return QFileDialog::accept();
   if (const QString reason = whyNoDocument(path); !reason.isEmpty())
@@ -51,7 +51,7 @@ void DocumentPanel::addPreview(const LatticeModel& model) {
 
 void DocumentPanel::followChoice() {
   const auto* list = findChild<QListView*>("listView");
-  // The name of a document stays in the field when a folder is chosen after it.
+  // The name field keeps the document's name when a folder is selected after it.
   const QModelIndexList rows = list->selectionModel()->selectedRows();
   const bool onFolder =
       !rows.isEmpty() && QFileInfo(rows.constFirst().data(QFileSystemModel::FilePathRole).toString()).isDir();

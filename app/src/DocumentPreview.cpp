@@ -18,10 +18,10 @@
 namespace quorvane {
 namespace {
 
-/// In points, of the square that a picture has room in; the largest lattice fits.
+/// The side of the square for the picture, in points; the largest lattice fits.
 constexpr int kPictureSide = kMaxSide;
 
-/// At the largest whole number of pixels a site that leaves the picture within the square.
+/// Rendered at the largest whole scale that fits into the square.
 QImage drawWithin(const LatticeModel& model, int side) {
   const int scale = std::max(side / std::max(model.getIMax(), model.getJMax()), 1);
   return toQImage(drawLattice(model, scale));
@@ -90,7 +90,7 @@ void DocumentPreview::showDocument(const std::string& text) {
 }
 
 void DocumentPreview::showPicture(const ParsedDocument& document) {
-  // Six megabytes, of which only what the lattice needs is touched.
+  // Six megabytes, but only the pages of the lattice are touched.
   const auto scratch = std::make_unique<LatticeModel>();
   layOutLattice(*scratch, document);
   const qreal ratio = devicePixelRatioF();

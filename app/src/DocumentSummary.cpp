@@ -11,14 +11,14 @@ namespace {
 
 QString tr(const char* text) { return QCoreApplication::translate("quorvane::DocumentSummary", text); }
 
-/// A name as the lists of the window title it.
+/// A name as in the lists of the window.
 QString titled(std::size_t index, const std::string& name) {
   return (QString::number(index) + " - " + printableText(name)).toHtmlEscaped();
 }
 
 QString heading(const QString& text) { return "<p style='margin:6px 0 2px 0'><b>" + text + "</b></p>"; }
 
-/// No colour where the document ends before it.
+/// None if the document ends before the colour.
 QString swatch(const PixelTypeBlock& type) {
   if (type.numLines < PixelTypeBlock::kLinesToColor) return {};
   const auto component = [](double value) { return static_cast<float>(std::clamp(value, 0.0, 1.0)); };
@@ -50,7 +50,7 @@ QString summaryOf(const ParsedDocument& document, const QString& message) {
   const auto [imax, jmax, numTypes] = *document.header;
   summary += heading(tr("%1 × %2 sites").arg(imax).arg(jmax));
   summary += heading(tr("Pixel types: %1").arg(numTypes)) + rowsOfTypes(document.types);
-  // How many there are is not known of a document that ends before them.
+  // Unknown if the document ends before the number.
   if (!document.cutShort || !document.rules.empty())
     summary += heading(tr("Rules: %1").arg(document.rules.size())) + linesOfRules(document.rules);
   return summary;

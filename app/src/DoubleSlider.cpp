@@ -19,7 +19,7 @@ double roundToTwoDigits(double value) {
   return std::round(value / unit) * unit;
 }
 
-/// The largest power of ten that is at most a hundredth of the knob's way.
+/// The largest power of ten that is at most a hundredth of the knob's range.
 int keyStep(int knobPositions) {
   int step = 1;
   while (step * 10 <= knobPositions / 100) step *= 10;
@@ -48,7 +48,7 @@ void DoubleSlider::moveTo(double value) {
 }
 
 void DoubleSlider::tellValue() {
-  // The base class tells of the knob's position, and only where that changes.
+  // The base class only announces changes of the knob's position.
   QAccessibleValueChangeEvent event(this, value_);
   QAccessible::updateAccessibility(&event);
 }

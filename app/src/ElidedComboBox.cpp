@@ -11,7 +11,7 @@ void ElidedComboBox::paintEvent(QPaintEvent*) {
   QStyleOptionComboBox option;
   initStyleOption(&option);
   painter.drawComplexControl(QStyle::CC_ComboBox, option);
-  // Styles keep a point free on either side of the text.
+  // Styles leave one point on either side of the text.
   const int room =
       style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this).width() - 2;
   option.currentText = fontMetrics().elidedText(option.currentText, Qt::ElideRight, room);

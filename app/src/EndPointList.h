@@ -5,13 +5,13 @@
 #include "app/ColorWell.h"
 #include "model/LatticeModel.h"
 
-/// The lists that choose the ends of the next rule: item 0 is any pixel type, item k + 1 is type k.
+/// The combo boxes for the ends of the next rule: item 0 is any pixel type, item k + 1 is type k.
 namespace quorvane {
 
-/// Fills the list anew and keeps its selection where that is still there, else selects item 0.
+/// Refills the list and keeps its selection if it still exists, else selects item 0.
 void refillEndPoints(QComboBox& list, const LatticeModel& model);
 
-/// The pixel type that is chosen, or kAnyPixelType; the latter also of an empty list.
+/// The selected pixel type, or kAnyPixelType, also for an empty list.
 int chosenEndPoint(const QComboBox& list);
 
 /// Shows the colour of an end point, or hides the well for kAnyPixelType, which has none.

@@ -6,7 +6,7 @@ namespace quorvane {
 
 EndSignals::EndSignals(QObject* parent)
     : QObject(parent), notifier_(stopSignalDescriptor(), QSocketNotifier::Read) {
-  // Without a descriptor nobody would notice a signal that is caught.
+  // Without a descriptor a caught signal would go unnoticed.
   if (stopSignalDescriptor() < 0) return;
   connect(&notifier_, &QSocketNotifier::activated, this, [this] {
     notifier_.setEnabled(false);

@@ -18,7 +18,7 @@ QString exampleFolder(const QString& programFolder) {
   const QDir installed(programFolder + "/../share/quorvane/examples");
   if (holdsDocuments(installed)) return QDir::cleanPath(installed.path());
 
-  // A build stands some folders deep in its source tree.
+  // A build folder is some levels below the source tree.
   constexpr int deepest = 5;
   QDir parent(programFolder);
   for (int depth = 0; depth < deepest && parent.cdUp(); ++depth) {

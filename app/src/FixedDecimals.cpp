@@ -7,7 +7,7 @@
 namespace quorvane {
 
 QString fixedDecimals(double value, int decimals) {
-  // The toolkit's own conversion rounds the shortest decimal form, which turns 0.0625 into 0.063.
+  // QString::number rounds the shortest decimal form, which turns 0.0625 into 0.063.
   constexpr int signPointAndDecimals = 20;
   char text[std::numeric_limits<double>::max_exponent10 + signPointAndDecimals];
   const auto [end, error] =

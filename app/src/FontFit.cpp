@@ -15,9 +15,9 @@ namespace quorvane {
 namespace {
 
 constexpr double kStep = 0.5;
-/// Smaller text is hard to read; a desktop that asks for a smaller font gets it.
+/// Smaller text is hard to read; a desktop font that is smaller still is kept.
 constexpr double kSmallestPointSize = 9.0;
-/// Inside a window frame it still fits a screen of 1280 by 800, and the window starts larger than that.
+/// With a window frame this fits a screen of 1280 by 800; the window starts larger.
 constexpr QSize kLargestSmallestWindow{1170, 740};
 constexpr int kButtonPadding = 16;
 constexpr int kFieldPadding = 12;
@@ -54,7 +54,7 @@ void FontFit::keepRoom(QWidget* widget, const QString& longestText, int padding)
 }
 
 void FontFit::fit() {
-  // A font may be given in pixels, and has no size in points then.
+  // A font may be given in pixels and then has no point size.
   double pointSize = window_.font().pointSizeF();
   if (pointSize <= 0.0) pointSize = QFontInfo(window_.font()).pointSizeF();
   use(pointSize);
@@ -70,12 +70,12 @@ void FontFit::use(double pointSize) {
     const int width = widget->fontMetrics().size(Qt::TextShowMnemonic, longestText).width();
     widget->setMinimumWidth(std::max(least, width + padding));
   }
-  // A list goes on asking for the smallest size of its former font until it hears of another style.
+  // A combo box caches its minimum size until the style changes.
   for (QComboBox* list : ui_.centralwidget->findChildren<QComboBox*>()) {
     QEvent restyle(QEvent::StyleChange);
     QCoreApplication::sendEvent(list, &restyle);
   }
-  // The layouts would take note of the new font only when the event loop runs.
+  // Otherwise the layouts would use the new font only in the event loop.
   for (QWidget* widget : ui_.centralwidget->findChildren<QWidget*>()) widget->updateGeometry();
   for (QLayout* layout : ui_.centralwidget->findChildren<QLayout*>()) layout->invalidate();
 }

@@ -13,18 +13,18 @@ namespace quorvane {
 
 class ScrollingPanels;
 
-/// Keeps every text of the controls whole in the room that the lattice view's fixed margins leave, whatever
-/// font the desktop asks for, as long as the text is still easy to read: what does not fit then scrolls.
+/// Keeps the text of all controls within the space that the lattice view's fixed margins leave, by reducing
+/// the desktop's font as long as it stays easy to read; what still does not fit scrolls.
 class FontFit {
  public:
   /// All must outlive it.
   FontFit(QMainWindow& window, Ui::MainWindow& ui, const ScrollingPanels& panels);
 
-  /// Gives the controls the window's font, or the nearest smaller size of it that fits, down to 9 points.
+  /// Gives the controls the window's font, or the next smaller size that fits, down to 9 points.
   void fit();
 
  private:
-  /// The room of a text in a widget that does not ask for it by itself.
+  /// Reserves space for a text in a widget whose size hint does not.
   struct Room {
     QWidget* widget;
     QString longestText;

@@ -9,7 +9,7 @@ FullScreenNote::FullScreenNote(GraphicalLatticeModelGL& view) : QLabel(view.pare
   setText(tr("The lattice fills the screen. Full Screen takes you there, Escape brings it back."));
   setAlignment(Qt::AlignCenter);
   setWordWrap(true);
-  // The colours of the view, so that it is seen to be its place.
+  // In the colours of the view, to mark its place.
   QPalette colors = palette();
   colors.setColor(QPalette::Window, Qt::black);
   colors.setColor(QPalette::WindowText, Qt::lightGray);

@@ -14,7 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// True while a path leads to the file that is open.
+/// True while the path leads to the open file.
 bool isAt(const fs::path& path, int file) {
   struct stat opened, there;
   return file >= 0 && ::fstat(file, &opened) == 0 && ::lstat(path.c_str(), &there) == 0 &&
@@ -34,7 +34,7 @@ KeptCopy::~KeptCopy() { leave(); }
 
 SaveResult KeptCopy::write(std::string_view document) {
   if (folder_.empty()) return {false, "neither XDG_STATE_HOME nor HOME names a folder"};
-  // Before it is marked another window may take it for an old one, if there are many.
+  // Until it is marked, another window may take it for an old copy and remove it.
   constexpr int attempts = 3;
   fs::path path;
   int file = -1;
@@ -53,7 +53,7 @@ SaveResult KeptCopy::write(std::string_view document) {
 }
 
 void KeptCopy::discard() {
-  // The user may have saved another document in its place.
+  // The user may have saved another document over it.
   if (isThere()) ::unlink(path_.c_str());
   leave();
 }

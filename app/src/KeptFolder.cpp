@@ -47,7 +47,7 @@ std::string copyName(std::time_t when) {
   return {name, std::strftime(name, sizeof name, "%Y-%m-%d %H.%M.%S.quorvane", &local)};
 }
 
-/// The folders that hold state are private, so those that are missing are made so.
+/// Folders for state are private, so missing ones are created private.
 std::error_code makeFolder(const fs::path& folder) {
   std::error_code error;
   if (fs::is_directory(folder, error)) return {};
@@ -67,7 +67,7 @@ void forEachName(const fs::path& folder, const std::function<void(const fs::dire
     call(*entry);
 }
 
-/// The last one first, which the names do not tell: a clock is set back now and then, each autumn for one.
+/// Newest first by modification time, since names go back when clocks are set back, as each autumn.
 struct LastFirst {
   std::vector<std::pair<fs::file_time_type, fs::path>> files;
 
@@ -88,7 +88,7 @@ bool isCopy(const fs::directory_entry& entry) {
   return isCopyName(entry.path().filename().native()) && fs::is_regular_file(entry.symlink_status(error));
 }
 
-/// A name that was claimed and not written to. It may be in use until some time has passed.
+/// A name that was claimed but not written to. It may be in use until some time has passed.
 bool isForsaken(const fs::directory_entry& entry) {
   constexpr std::chrono::minutes longEnough{10};
   std::error_code error;
@@ -129,7 +129,7 @@ void noteTold(const fs::path& folder, const std::vector<fs::path>& copies) {
   std::string names;
   for (const fs::path& copy : copies) names += copy.filename().string() + '\n';
   makePrivateFile(folder / kTold);
-  // Where this cannot be written the user is told once more.
+  // If this cannot be written, the user is told once more.
   static_cast<void>(writeFileAtomically(folder / kTold, names, waitNever));
 }
 
@@ -156,7 +156,7 @@ std::error_code claimCopy(const fs::path& folder, fs::path& copy) {
 }
 
 void markInUse(int copy) {
-  // Where the file system has no locks, a copy counts as one of a window that is gone.
+  // If the file system has no locks, a copy counts as that of a closed window.
   struct flock lock = wholeFile(F_WRLCK);
   static_cast<void>(::fcntl(copy, F_OFD_SETLK, &lock));
 }

@@ -13,7 +13,7 @@ LatticeMenu::LatticeMenu(QMainWindow& window, GraphicalLatticeModelGL& view)
     : window_(window), view_(view), pictures_(window, view), menu_(new QMenu(tr("Lattice"), &view)) {
   menu_->setObjectName("menuLattice");
   menu_->setAccessibleName(tr("Lattice"));
-  // The click that closes the menu paints nothing.
+  // The click that closes the menu must not paint.
   menu_->setAttribute(Qt::WA_NoMouseReplay);
   oneSweep_ = add(tr("One &Sweep"), "actionOneSweep", Qt::CTRL | Qt::Key_Right);
   menu_->addSeparator();
@@ -25,7 +25,7 @@ LatticeMenu::LatticeMenu(QMainWindow& window, GraphicalLatticeModelGL& view)
   connect(oneSweep_, &QAction::triggered, this, &LatticeMenu::makeOneSweep);
   connect(copyPicture_, &QAction::triggered, this, &LatticeMenu::copyPicture);
   connect(savePicture_, &QAction::triggered, this, &LatticeMenu::savePicture);
-  // Nobody tells when the model's state changes, so the entries follow it only while they are seen.
+  // The model does not signal its state, so the entries are updated only while they are visible.
   connect(menu_, &QMenu::aboutToShow, this, &LatticeMenu::enableWhatMakesSense);
   connect(menu_, &QMenu::aboutToHide, this, &LatticeMenu::enableAll);
 
@@ -40,7 +40,7 @@ QAction* LatticeMenu::add(const QString& text, const char* objectName, const QKe
   action->setObjectName(objectName);
   action->setShortcut(shortcut);
   action->setShortcutVisibleInContextMenu(true);
-  // The view is a window of its own while it fills the screen.
+  // In full screen the view is a window of its own.
   window_.addAction(action);
   view_.addAction(action);
   return action;
@@ -58,7 +58,7 @@ bool LatticeMenu::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void LatticeMenu::open(QPoint position) {
-  // A menu takes the mouse, and the stroke would never end.
+  // A menu grabs the mouse, so the stroke would never end.
   if (!isPainting()) menu_->popup(view_.mapToGlobal(position));
 }
 
@@ -81,10 +81,10 @@ void LatticeMenu::copyPicture() {
 }
 
 void LatticeMenu::savePicture() {
-  // A panel takes the mouse as a menu does.
+  // A panel grabs the mouse like a menu.
   if (!hasLattice() || isPainting()) return;
   const auto [saved, line] = pictures_.savePicture();
-  // The window that says so is behind the view.
+  // The window with the status line is behind the view.
   if (!saved && !line.isEmpty() && view_.isWindow()) warn(&view_, tr("Save the picture"), line);
   if (!line.isEmpty()) emit told(line);
 }

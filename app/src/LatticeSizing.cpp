@@ -14,7 +14,7 @@ LatticeSize latticeSize(double width, double height, int density) {
   const double spacing = kPointsOfDensity / density;
   int imax = static_cast<int>(width / spacing);
   int jmax = static_cast<int>(height / spacing);
-  // In this order: the second check sees what the first has made of the height.
+  // In this order: the second limit uses the height that the first one gives.
   if (imax >= kMostSites) {
     imax = kMostSites;
     jmax = static_cast<int>(kMostSites * (height / width));

@@ -20,12 +20,11 @@ Rgb pixelColor(const LatticeModel& model, int type);
 QString threeDecimals(double value);
 
 void addPixelTypes(QComboBox& list, const LatticeModel& model);
-/// Fills a list with the pixel types anew and keeps its selection, as restoreSelection does.
+/// Refills a list with the pixel types and keeps its selection, as restoreSelection does.
 void refillPixelTypes(QComboBox& list, const LatticeModel& model);
-/// Selects an item that was selected before the list was filled again; the first one if it is no longer
-/// there.
+/// Restores the selection of a refilled list; selects the first item if the former one no longer exists.
 void restoreSelection(QComboBox& list, int index);
-/// Selects the item that stands for a value of the model, or none if the list does not offer the value.
+/// Selects the item for a value of the model, or none if the list does not have it.
 void selectValue(QComboBox& list, int index);
 
 }  // namespace quorvane

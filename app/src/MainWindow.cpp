@@ -37,7 +37,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent), ui_(std::make_uni
 }
 
 MainWindow::~MainWindow() {
-  // The view draws and the lists change while they go; nobody who is gone may hear of it.
+  // The view draws and the lists change during destruction; receivers that are destroyed must not be called.
   model().disconnect(this);
   ui_->listSelectPixelType->disconnect(this);
   ui_->listPaintType->disconnect(this);
@@ -55,7 +55,7 @@ void MainWindow::changeEvent(QEvent* event) {
 void MainWindow::keepSmallestSize() { screenFit_->setSmallestSize(panels_->smallestSize()); }
 
 void MainWindow::keepRoomOfHiddenControls() {
-  // Not of the wells beside the ends of a rule: the name of an end takes the room of its well.
+  // Except for the wells of a rule's ends, whose names use the space of a hidden well.
   for (QWidget* widget : std::initializer_list<QWidget*>{
            ui_->labelMasqueradeType, ui_->listMasqueradeType, ui_->colorMasqueradeType,
            ui_->checkSelectedRuleIgnoreEnergy, ui_->labelSelectedRuleFacNum, ui_->listSelectedRuleFacNum,
@@ -68,14 +68,14 @@ void MainWindow::keepRoomOfHiddenControls() {
 
 void MainWindow::followRun() {
   ui_->statusLine->follow(model());
-  // An assistive program presses a button without an event of a mouse or a key.
+  // Assistive technology presses a button without mouse or key events.
   for (const QAbstractButton* button : findChildren<QAbstractButton*>())
     connect(button, &QAbstractButton::pressed, ui_->statusLine, &StatusLine::clearMessage);
   connect(&model(), &GraphicalLatticeModelGL::frameDrawn, this, [this] { plot_->record(); });
-  // Points of another lattice are not of this one.
+  // Points of the former lattice do not belong to this one.
   connect(&model(), &GraphicalLatticeModelGL::latticeRenewed, this, [this] { plot_->startAnew(); });
   connect(&model(), &GraphicalLatticeModelGL::fullScreenLeft, ui_->statusLine, &StatusLine::refresh);
-  // Lists are filled anew when a name changes, so the index goes through -1.
+  // Lists are refilled when a name changes, so the index passes through -1.
   for (const QComboBox* list : {ui_->listSelectPixelType, ui_->listPaintType})
     connect(list, &QComboBox::currentIndexChanged, this, &MainWindow::showPlottedTypes);
 }
@@ -94,7 +94,7 @@ void MainWindow::addContextMenus() {
 void MainWindow::showPlottedTypes() {
   const int red = ui_->listSelectPixelType->currentIndex(), green = ui_->listPaintType->currentIndex();
   plot_->showTypes(red, green);
-  // Equal squares cover each other, and a second legend of the same name would hide that.
+  // Markers of equal value hide each other, and a second legend of the same name would not say so.
   ui_->labelPlotGreen->setText(red == green ? tr("the same type") : ui_->listPaintType->currentText());
 }
 

@@ -5,8 +5,8 @@
 
 namespace quorvane {
 
-/// Lets Shift+F10 ask for a widget's context menu as the menu key does, which the toolkit knows on some
-/// desktops only. Of use while the widget has the keyboard.
+/// Makes Shift+F10 ask for a widget's context menu like the menu key, which Qt supports only on some
+/// desktops. Works while the widget has the focus.
 inline void openMenuByShiftF10(QWidget& widget) {
   auto* shortcut = new QShortcut(Qt::SHIFT | Qt::Key_F10, &widget);
   shortcut->setContext(Qt::WidgetShortcut);

@@ -25,7 +25,7 @@ void NameField::commit() {
 
 void NameField::finishEditing() {
   commit();
-  // A field that is left shows its name from the beginning.
+  // After the focus leaves, the field shows the beginning of the name.
   if (!hasFocus()) home(false);
 }
 

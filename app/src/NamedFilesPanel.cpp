@@ -9,19 +9,19 @@
 
 namespace quorvane {
 
-// Qt lists the first folder with icons of its own, for which it reads files, before others can be given. So
-// the first folder is an empty one.
+// Qt lists the first folder with its own icon provider, which reads files, before another can be set. So the
+// first folder is an empty one.
 NamedFilesPanel::NamedFilesPanel(QWidget* parent, const QString& title, const QString& folder,
                                  const QTemporaryDir& placeholder)
     : QFileDialog(parent, title, placeholder.path()),
       folder_(QDir(folder).exists() ? folder : QDir::homePath()),
       placeholder_(placeholder.path()) {
   setOption(DontUseNativeDialog);
-  // A child made after the list of files, so that it goes after it.
+  // Created after the list of files, so that it is destroyed after it.
   setIconProvider(new FileIcons(this));
   setDirectory(folder_);
   name_ = findChild<QLineEdit*>("fileNameEdit");
-  // The way back ends where the user began.
+  // So that the back button does not lead to the placeholder.
   findChild<QToolButton*>("backButton")->setEnabled(false);
   connect(findChild<QFileSystemModel*>(), &QFileSystemModel::rootPathChanged, this,
           [this](const QString& path) {
@@ -31,7 +31,7 @@ NamedFilesPanel::NamedFilesPanel(QWidget* parent, const QString& title, const QS
 }
 
 NamedFilesPanel::~NamedFilesPanel() {
-  // Qt keeps the places for the panels of other programs, which have no use for ours.
+  // Qt stores the side bar for the panels of other programs.
   QList<QUrl> places = sidebarUrls();
   for (const QUrl& place : ownPlaces_) places.removeAll(place);
   setSidebarUrls(places);

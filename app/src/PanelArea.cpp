@@ -10,7 +10,7 @@
 namespace quorvane {
 namespace {
 
-/// What is clicked stays under the mouse, and what was scrolled away stays away when a window or a list comes
+/// Clicking a control does not scroll, and neither does a focus that returns with its window or popup.
 /// back to its focus.
 bool bringsIntoSight(Qt::FocusReason reason) {
   return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
@@ -55,7 +55,7 @@ bool PanelArea::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool PanelArea::focusNextPrevChild(bool next) {
-  // The base class would reveal the control once more, without its group.
+  // The base class would scroll to the control only, without its group.
   return QWidget::focusNextPrevChild(next);  // NOLINT(bugprone-parent-virtual-call)
 }
 

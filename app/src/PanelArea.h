@@ -4,21 +4,21 @@
 
 namespace quorvane {
 
-/// A panel of controls that scrolls where it has no room. A control that takes the focus comes into sight,
-/// and the whole of its group with it where there is room; the area itself takes no focus and draws no frame.
+/// A panel of controls that scrolls if it does not fit. A control that gets the focus scrolls into view, with
+/// its whole group if possible; the area itself takes no focus and draws no frame.
 class PanelArea : public QScrollArea {
   Q_OBJECT
 
  public:
-  /// Takes the panel, whose groups hold its controls. Its size limits are the area's business from now on.
+  /// Takes the panel, whose groups contain its controls. From then on the area controls its size limits.
   explicit PanelArea(QWidget& panel);
 
   QSize minimumSizeHint() const override { return {0, 0}; }
-  /// The width in which every group can be in sight as a whole, though not all of them at once.
+  /// The width at which every group fits, though not all at once.
   int widthForAnyGroup() const;
 
  signals:
-  /// The panel may need another size than before.
+  /// To be called when the size that the panel needs may have changed.
   void panelChanged();
 
  protected:

@@ -18,7 +18,7 @@
 namespace quorvane {
 namespace {
 
-/// Shows that the window is busy while it lives.
+/// Shows the wait cursor during its lifetime.
 class Busy {
  public:
   Busy() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
@@ -27,7 +27,7 @@ class Busy {
   Busy& operator=(const Busy&) = delete;
 };
 
-/// A panel for pictures with a field for the pixels a site, and what size that gives.
+/// A panel for pictures with a field for the scale and the resulting size.
 class PicturePanel : public SavePanel {
  public:
   PicturePanel(QWidget* parent, const SuggestedFile& suggested, const LatticeModel& model, int scale)
@@ -74,7 +74,7 @@ QString PictureDialogs::copyPicture() const {
 }
 
 WriteResult PictureDialogs::savePicture() {
-  // The view's window: the view itself where it fills the screen.
+  // The view's window, which in full screen is the view itself.
   const SuggestedFile suggested = suggestedFile(folder_, window_.windowFilePath(), tr("lattice"));
   PicturePanel panel(view_.window(), suggested, view_, scale_);
   const QString path = panel.choose();

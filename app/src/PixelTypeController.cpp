@@ -9,7 +9,7 @@
 namespace quorvane {
 namespace {
 
-/// The masquerade list leaves the selected type out.
+/// The masquerade list omits the selected type.
 int masqueradeTypeOf(int item, int selected) { return item < selected ? item : item + 1; }
 int masqueradeItemOf(int type, int selected) { return type > selected ? type - 1 : type; }
 
@@ -138,7 +138,7 @@ void PixelTypeController::textPixelNameChanged() {
   const int type = ui_.textPixelName->item();
   if (type < 0) return;
   model_.setPixelName(type, ui_.textPixelName->text().toStdString());
-  // The selected rule is shown anew, so a name that is being typed for it must be in the model by then.
+  // Refreshing the selected rule would discard a name that is being typed for it, so apply it first.
   ui_.textSelectedRuleName->commit();
   refreshPixelLists();
   refreshSelectedRule();

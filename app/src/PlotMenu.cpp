@@ -25,7 +25,7 @@ void PlotMenu::open(QPoint position) {
 }
 
 void PlotMenu::saveShares() {
-  // As they are now: a run goes on while the panel asks.
+  // A snapshot: a run continues while the panel is open.
   const std::string shares = plot_.csv();
   const SuggestedFile suggested = suggestedFile(folder_, view_.window()->windowFilePath(), tr("shares"));
   SavePanel panel(view_.window(), tr("Save the shares"), suggested, tr("Tables"), "csv");

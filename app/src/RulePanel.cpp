@@ -30,7 +30,7 @@ void RulePanel::showType(int rule) {
 }
 
 void RulePanel::showFlags(int rule) {
-  // Ignore energy is also enabled while it is hidden, as for an interaction.
+  // Ignore energy is enabled even while it is hidden for an interaction.
   ui_.checkSelectedRuleIgnoreEnergy->setEnabled(true);
   ui_.checkSelectedRuleIgnoreEnergy->setChecked(model_.getRuleIgnoreEnergy(rule) != 0);
   ui_.checkSelectedRuleDisabled->setEnabled(true);
@@ -68,7 +68,7 @@ void RulePanel::showNoRule() {
 void RulePanel::showFacPixel(int rule) {
   const int type = model_.getRuleFacPixel(rule);
   selectValue(*ui_.listSelectedRuleFacPixel, type);
-  // A document may hold a rule that no single type facilitates.
+  // In a document the facilitating type of a rule may be -1.
   if (type == kAnyPixelType)
     ui_.colorSelectedRuleFacPixel->clear();
   else

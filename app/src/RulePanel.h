@@ -15,11 +15,10 @@ class RulePanel {
   RulePanel(Ui::MainWindow& ui, const LatticeModel& model) : ui_(ui), model_(model) {}
 
   void show(int rule);
-  /// Empties and disables the controls, as there is no rule.
+  /// Clears and disables the controls, for no rule.
   void showNoRule();
   void showFacPixel(int rule);
-  /// The type that facilitates a rule, with its label and its colour, is of use only to one that needs
-  /// neighbours.
+  /// Shows the facilitating type with its label and colour only for rules that need neighbours.
   void showFacPixelControls(bool shown);
   void showParam(double parameter);
 

@@ -11,8 +11,8 @@
 namespace quorvane {
 namespace {
 
-/// Lets the other button have the focus before one that has it is disabled, which would hand it to the next
-/// control in the tab order.
+/// Moves the focus to the other button before the one that has it is disabled; otherwise Qt would move it to
+/// the next control in the tab order.
 void passFocus(const QWidget& from, QWidget& to) {
   if (from.hasFocus()) to.setFocus();
 }
@@ -52,7 +52,7 @@ void RunController::awakenControls() {
   pixelTypes_.refreshPixelLists();
   rules_.refreshRuleList();
 
-  // A system is made or opened once, and from then on only remade, edited and saved.
+  // A system is made or opened only once, then remade, edited and saved.
   for (QWidget* control : std::initializer_list<QWidget*>{ui_.buttonInitialiseModel, ui_.stepperNumPixelTypes,
                                                           ui_.buttonOpenSystem})
     control->setEnabled(false);
@@ -144,7 +144,7 @@ void RunController::checkPauseWhilePaint() {
 }
 
 void RunController::EnterFullScreen() {
-  // A run goes on: the keys of full screen stop it, so the window is ready for what it finds on the way back.
+  // In full screen keys may stop the run, so the window shows the stopped configuration.
   showStoppedConfiguration();
   model_.setFullScreen(1);
   model_.enterFullScreenMode();

@@ -11,7 +11,7 @@
 namespace quorvane {
 namespace {
 
-/// Empty where the file can be made or replaced as far as its kind is concerned.
+/// Empty if the file does not exist or is of a kind that can be replaced.
 QString whyNoFile(const QString& path) {
   const QFileInfo file(path);
   if (file.isDir()) return SavePanel::tr("is a folder, not a file");
@@ -38,7 +38,7 @@ void SavePanel::addRow(QWidget* label, QWidget* field) {
 
 void SavePanel::accept() {
   const QString chosen = pathMeant();
-  // Qt enters a folder.
+  // Qt itself enters a folder.
   const bool entersFolder = QFileInfo(chosen).isDir() && !hasSuffix(chosen);
   if (chosen.isEmpty() || entersFolder) return QFileDialog::accept();
   const QString path = hasSuffix(chosen) ? chosen : chosen + "." + suffix_;

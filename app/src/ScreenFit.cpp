@@ -27,7 +27,7 @@ bool ScreenFit::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::Move:
     case QEvent::Resize:
     case QEvent::WindowActivate:
-      // A window manager tells how thick the frame is some time after the window shows.
+      // A window manager reports the size of the frame some time after the window is shown.
       if (frame() != lastFrame_) {
         lastFrame_ = frame();
         fit();
@@ -52,7 +52,7 @@ void ScreenFit::followScreen() {
   if (screen_) screen_->disconnect(this);
   screen_ = window_.screen();
   connect(screen_, &QScreen::availableGeometryChanged, this, &ScreenFit::fit);
-  // Not moved: the user may be dragging it from one screen to the other.
+  // Not moved, since the user may be dragging it to another screen.
   limitSize();
 }
 

@@ -9,9 +9,9 @@
 
 namespace quorvane {
 
-/// Keeps a window on the screen: whole, with its frame, inside the available part, whenever it is shown,
-/// needs more room than before, or the screen or its available part changes. A user may still move or enlarge
-/// it beyond that.
+/// Keeps a window with its frame inside the available part of its screen, when it is shown, when it needs
+/// more space than before, and when the screen or its available part changes. A user may still move or
+/// enlarge it beyond that.
 class ScreenFit : public QObject {
   Q_OBJECT
 
@@ -19,7 +19,7 @@ class ScreenFit : public QObject {
   /// The window must outlive it.
   explicit ScreenFit(QWidget& window);
 
-  /// Makes that the smallest size of the window, as far as its screen has room for it.
+  /// Sets the window's minimum size, limited by its screen.
   void setSmallestSize(QSize size);
 
  protected:

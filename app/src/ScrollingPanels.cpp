@@ -17,7 +17,7 @@ ScrollingPanels::ScrollingPanels(Ui::MainWindow& ui)
       stripHeight_(ui.bottomStrip->maximumHeight()),
       strip_(new PanelArea(*ui.bottomStrip)),
       column_(new PanelArea(*ui.rightColumn)) {
-  // The layout gives the view whatever the window has; how small that may be is the window's smallest size.
+  // The layout gives the view all remaining space; its minimum follows from the window's minimum size.
   ui.spacerLatticeView->changeSize(0, 0, QSizePolicy::Minimum, QSizePolicy::Expanding);
   column_->setFixedWidth(columnWidth_);
   strip_->setFixedHeight(stripHeight_);
@@ -63,7 +63,7 @@ void ScrollingPanels::arrange() {
   grid_.addWidget(&statusLine_, 0, 0, 1, stacked ? 2 : 1);
   grid_.addWidget(column_, stacked ? 1 : 0, 1, stacked ? 1 : 3, 1);
   grid_.addWidget(strip_, 2, 0, 1, stacked ? 2 : 1);
-  // The column keeps its own distance from the strip, the edge of the window does not.
+  // The column has its own distance to the strip, but not to the edge of the window.
   QLayout& strip = *strip_->widget()->layout();
   QMargins margins = strip.contentsMargins();
   margins.setRight(stacked ? margins.left() : 0);

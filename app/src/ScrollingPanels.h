@@ -13,11 +13,12 @@ namespace quorvane {
 
 class PanelArea;
 
-/// Lets the right column and the bottom strip of the window scroll where it has no room for them. Neither
-/// ever leaves the room beside and below the lattice view's fixed margins.
+/// Makes the right column and the bottom strip of the window scroll if they do not fit. Both always stay
+/// within the space beside and below the lattice view's fixed margins.
 ///
-/// In a window so narrow that no group of the strip would be in sight beside the column, the strip goes below
-/// the column and has the window's whole width; in one narrower than the column, that scrolls sideways too.
+/// If the window is so narrow that no group of the strip would be visible beside the column, the strip moves
+/// below the column and gets the window's whole width; in a window narrower than the column, the column also
+/// scrolls sideways.
 class ScrollingPanels : public QObject {
   Q_OBJECT
 
@@ -25,10 +26,9 @@ class ScrollingPanels : public QObject {
   /// ui must outlive it.
   explicit ScrollingPanels(Ui::MainWindow& ui);
 
-  /// The smallest size of the window in which nothing scrolls and the lattice view is comfortable to work
-  /// with.
+  /// The smallest window size at which nothing scrolls and the lattice view has a comfortable size.
   QSize smallestSize() const;
-  /// Whether nothing scrolls in a window of that size.
+  /// Whether nothing scrolls at a window size.
   bool fitTheMargins() const;
 
  signals:
@@ -45,7 +45,7 @@ class ScrollingPanels : public QObject {
   QGridLayout& grid_;
   QSize leastView_;
   int columnWidth_, stripHeight_;
-  // In the order in which the keyboard and a screen reader go through them.
+  // In the tab order, in which screen readers read them too.
   PanelArea* strip_;
   PanelArea* column_;
   bool stacked_ = false;

@@ -16,7 +16,8 @@ bool isModifier(int key) {
          key == Qt::Key_Meta;
 }
 
-/// True where the user does something. The press of a shortcut is never delivered, only its override.
+/// True for events of user actions. For a shortcut only the ShortcutOverride event is delivered, not the
+/// press.
 bool isAction(const QEvent& event) {
   switch (event.type()) {
     case QEvent::MouseButtonPress:

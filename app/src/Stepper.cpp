@@ -12,7 +12,7 @@ Stepper::Stepper(QWidget* parent) : QSpinBox(parent) {
   lineEdit()->hide();
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   connect(this, &QSpinBox::valueChanged, this, [this](int value) {
-    // Readers hear of every change, also of one by code.
+    // Screen readers are notified of every change, including those by code.
     QAccessibleValueChangeEvent event(this, value);
     QAccessible::updateAccessibility(&event);
   });
@@ -43,7 +43,7 @@ void Stepper::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_PageDown:
       return QSpinBox::keyPressEvent(event);
     default:
-      // Anything else would edit the text that is not there to be seen.
+      // Any other key would edit the hidden text.
       event->ignore();
   }
 }

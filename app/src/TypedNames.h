@@ -6,8 +6,8 @@ class MainWindow;
 
 namespace quorvane {
 
-/// Hands over the names that were typed and not yet handed to the model. A field does so when it loses the
-/// focus, but on some desktops a click on a button leaves the focus where it is.
+/// Applies typed names that are not in the model yet. A field applies its name when it loses the focus, but
+/// on some desktops clicking a button does not move the focus.
 void commitTypedNames(const Ui::MainWindow& ui);
 
 }  // namespace quorvane

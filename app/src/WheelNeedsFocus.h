@@ -5,12 +5,11 @@
 
 namespace quorvane {
 
-/// Keeps the mouse wheel from editing what the user only passes over: lists, sliders and spin boxes of a
-/// window take the wheel while they have the focus, and otherwise leave it to what they stand in. The wheel
-/// gives no focus.
+/// Prevents accidental edits by the mouse wheel: lists, sliders and spin boxes of a window react to it only
+/// while they have the focus, and otherwise pass it to their parent. The wheel does not move the focus.
 class WheelNeedsFocus : public QObject {
  public:
-  /// For the controls that the window has by now.
+  /// Applies to the controls that the window has at the time of the call.
   explicit WheelNeedsFocus(QWidget& window);
 
  protected:

@@ -71,8 +71,8 @@ void WorkKeeper::keepAtSignalsAndExit() {
   std::atexit(onExit);
 }
 
-/// A toolkit that has lost its display calls exit. The window still stands then, since nothing unwinds main,
-/// but its controls have no display to talk to, and what logs may be gone.
+/// When Qt loses its display it calls exit. The window still exists then, since main is not unwound, but its
+/// controls have no display, and objects that log may be destroyed.
 void WorkKeeper::onExit() {
   WorkKeeper* keeper = std::exchange(keeperAtExit, nullptr);
   if (keeper && keeper->keep()) keeper->tellWhere();

@@ -17,8 +17,8 @@
 
 namespace {
 
-/// Gives large buffers back to the system as soon as they are freed. The C library would otherwise learn from
-/// the first frame's buffers to keep such sizes, about ten megabytes of them.
+/// Returns large buffers to the system as soon as they are freed. Otherwise the C library raises its
+/// threshold after the first frame's buffers and retains about ten megabytes.
 void returnLargeBuffers() {
 #ifdef __GLIBC__
   constexpr int largeBytes = 128 * 1024;
@@ -30,10 +30,10 @@ void returnLargeBuffers() {
 
 int main(int argc, char** argv) {
   using namespace quorvane;
-  // First of all: later on other threads may use the C library's generator.
+  // First of all, since other threads may use the C library's generator later.
   processRandomSource.lookAtPlatform();
   returnLargeBuffers();
-  // The format of every context, so it has to be known before the application object.
+  // The default format must be set before the application object is created.
   QSurfaceFormat::setDefaultFormat(GraphicalLatticeModelGL::surfaceFormat());
   if (const auto why = whyNoWindow()) {
     qCritical("Quorvane needs a display: %s", why->c_str());

@@ -188,7 +188,7 @@ std::vector<OptionWord> wordsOf(const CLI::App& app) {
   return words;
 }
 
-/// What --help or --version print; none of it is lost unnoticed.
+/// Prints the text of --help or --version; a failed write is an error.
 ExitStatus print(const std::string& text) {
   try {
     writeStandardOutput(text);

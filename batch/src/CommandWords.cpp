@@ -43,7 +43,7 @@ std::string unknown(const std::string& word, const Options& options) {
   return line + ", did you mean " + nearest.name;
 }
 
-/// An option's value, which may look like another option.
+/// The error in an option's value, which may look like another option.
 std::optional<std::string> wrongValue(const OptionWord& option, const std::string* value) {
   const std::string& name = option.name;
   const std::string what = option.takes == Takes::kNumber ? "a number" : "a name";

@@ -29,8 +29,7 @@ std::unique_ptr<LatticeModel> openModel(const std::filesystem::path& document) {
   return model;
 }
 
-/// Tells all that cannot be written, so that one need not start again for each. A folder checks itself when
-/// it is made.
+/// Reports all outputs that cannot be written, not only the first. FrameFolder checks its folder itself.
 void checkOutputs(const BatchOptions& options, Messages& messages) {
   for (const Result& result : allResults()) {
     const auto& target = options.*result.target;

@@ -25,7 +25,7 @@ Written writeFileAtomically(const std::filesystem::path& target, std::string_vie
 std::error_code checkFileCanBeWritten(const std::filesystem::path& path) {
   Target target;
   if (const auto error = findTarget(path, target)) return error;
-  // Opened, a pipe would wait for its reader.
+  // Opening a pipe would wait for its reader.
   if (!target.isDevice()) return GrowingFile().open(path);
   return ::faccessat(AT_FDCWD, target.path.c_str(), W_OK, AT_EACCESS) == 0 ? std::error_code{} : lastError();
 }

@@ -7,8 +7,8 @@
 
 #include "document/ParsedDocument.h"
 
-/// Every field of a document with its name in messages, its kind, its limits and its place: the order of a
-/// table is that of the lines.
+/// Every field of a document with its name in messages, its kind, its limits and its position: the order of a
+/// table is the order of the lines.
 namespace quorvane {
 
 struct FieldLimits {
@@ -71,11 +71,11 @@ constexpr int lineOf(const DocumentField<Block, Kinds...> (&fields)[numFields], 
 static_assert(PixelTypeBlock::kLines == std::size(kPixelTypeFields));
 static_assert(PixelTypeBlock::kLinesToColor == lineOf(kPixelTypeFields, &PixelTypeBlock::blue));
 
-/// The fields of a pixel type or a rule of a model.
+/// The fields of a pixel type or a rule, read from a model.
 PixelTypeBlock pixelTypeBlock(const LatticeModel& model, int t);
 RuleBlock ruleBlock(const LatticeModel& model, int r);
 
-/// Sets the fields of a pixel type that the block has. A colour is set as a whole.
+/// Sets those fields of a pixel type that the block has. A colour is set as a whole.
 void applyPixelType(LatticeModel& model, int t, const PixelTypeBlock& block);
 
 /// Appends the rule, with index r, and sets its fields and, for an interaction, its pair energies.

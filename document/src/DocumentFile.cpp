@@ -21,7 +21,7 @@ std::error_code checkKind(int file, DocumentSource source) {
   return {};
 }
 
-/// A descriptor that does not block is waited for.
+/// Waits for a non-blocking descriptor to become readable.
 void waitForMore(int file) {
   pollfd reader = {file, POLLIN, 0};
   ::poll(&reader, 1, -1);
@@ -47,7 +47,7 @@ std::error_code readDocumentFrom(int file, std::string& text) {
 
 std::error_code readDocumentFile(const std::filesystem::path& path, DocumentSource source,
                                  std::string& text) {
-  // Opened to block, a pipe would wait for its writer.
+  // A blocking open of a pipe would wait for its writer.
   const int flags = source == DocumentSource::kFile ? O_NONBLOCK : 0;
   const int file = openFile(path.c_str(), O_RDONLY | O_NOCTTY | O_CLOEXEC | flags);
   if (file < 0) return lastError();

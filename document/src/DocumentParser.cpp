@@ -9,7 +9,7 @@
 namespace quorvane {
 namespace {
 
-/// Names a value for messages, which are made only when something is wrong.
+/// The name of a value for messages, formatted only for an error.
 struct FieldName {
   const char* name;
   const char* owner = nullptr;
@@ -32,7 +32,7 @@ struct EndOfText {
 
 std::string atLine(int line, const std::string& what) { return "line " + std::to_string(line) + ": " + what; }
 
-/// The text of a line as it can stand in a message.
+/// The text of a line, made printable for a message.
 std::string quoted(std::string_view line) {
   constexpr std::size_t longest = 40;
   std::string text = "\"";
@@ -40,7 +40,7 @@ std::string quoted(std::string_view line) {
   return text + (line.size() > longest ? "...\"" : "\"");
 }
 
-/// Hands out the values of a text line by line.
+/// Returns the values of a text line by line.
 class LineReader {
  public:
   explicit LineReader(std::string_view text) : rest_(text) {}
@@ -72,7 +72,7 @@ class LineReader {
     return value;
   }
 
-  /// Of the line handed out last, counted from 1.
+  /// The number of the line returned last, counted from 1.
   int lineNumber() const { return lineNumber_; }
 
   [[noreturn]] static void refuse(int line, const std::string& what) {

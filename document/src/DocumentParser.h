@@ -8,14 +8,14 @@
 
 namespace quorvane {
 
-/// A value outside the limits of a model; the message names its line.
+/// Thrown for a value outside the limits; the message names its line.
 class DocumentRefused : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-/// Takes a document apart and checks every value against the limits; throws DocumentRefused at the first one
-/// outside. The rules must fit into the rows beside the entries that these have.
+/// Parses a document and checks every value against the limits; throws DocumentRefused at the first
+/// violation. The rules must fit into the rows beside the present entries.
 ParsedDocument parseDocument(std::string_view text, const RowCounts& rows);
 
 }  // namespace quorvane

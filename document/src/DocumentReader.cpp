@@ -20,7 +20,7 @@ RowCounts rowCountsOf(const LatticeModel& model) {
   return counts;
 }
 
-/// The type of a site behind the end of a text that was cut short, in a layout that draws no random numbers.
+/// The type of a site beyond the end of an incomplete text, in a layout without draws.
 constexpr int kNoType = -1;
 
 void setSites(LatticeModel& model, const DocumentHeader& header, const std::vector<int>& sites) {

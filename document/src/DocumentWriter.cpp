@@ -60,7 +60,8 @@ std::string lineAt(std::string_view text, std::size_t position) {
   return " (line " + std::to_string(line) + " of the document)";
 }
 
-/// Where the first line begins that is too long for a name; npos if none is. Numbers are shorter.
+/// The start of the first line that is too long for a name; npos if there is none. Lines with numbers are
+/// shorter.
 std::size_t findLongLine(std::string_view text) {
   for (std::size_t start = 0, end; start < text.size(); start = end + 1) {
     end = std::min(text.find('\n', start), text.size());
@@ -69,7 +70,7 @@ std::size_t findLongLine(std::string_view text) {
   return std::string_view::npos;
 }
 
-/// Why a document could not be opened again; empty if it can.
+/// Why the document could not be opened again; empty if it can.
 std::string whyNotReadable(std::string_view text) {
   if (const auto position = findNonAscii(text); position != std::string_view::npos)
     return "a name has a character outside ASCII" + lineAt(text, position);

@@ -39,13 +39,14 @@ std::error_code GrowingFile::create() {
   const std::size_t longest = longestName(folder);
   std::string name = target_.filename();
 
-  // A file of this name was left by a former process with the same number.
+  // The file was left by an earlier process with the same id.
   constexpr int attempts = 1000;
   for (int attempt = 0; attempt < attempts;) {
     fs::path path = folder / partialName(name, attempt, longest);
     file_ = openFile(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
     if (file_ >= 0) {
-      partial_ = std::move(path);  // A copy may find no memory, and the file would stay.
+      partial_ =
+          std::move(path);  // Moved, since a copy may fail for lack of memory and leave the file behind.
       holdPartialFile(file_);
       return {};
     }
@@ -62,7 +63,7 @@ std::error_code GrowingFile::create() {
 std::error_code GrowingFile::append(std::string_view text) {
   if (partial_.empty()) return writeToOutlet(file_, text, mayWait_);
   if (const auto error = writeAll(file_, text)) {
-    // A part of the text may be there. Making a file shorter needs no space.
+    // Removes a partly written text; truncating needs no space.
     if (::ftruncate(file_, size_) == 0) ::lseek(file_, size_, SEEK_SET);
     return error;
   }
@@ -88,7 +89,7 @@ std::error_code GrowingFile::finish() {
 }
 
 std::error_code GrowingFile::replaceTarget() {
-  // Behind the renaming nothing may fail any more.
+  // After the rename nothing may fail.
   const fs::path folder = target_.parent_path();
   if (const auto error = syncFile(file_)) return error;
   if (const auto error = close()) return error;
@@ -102,7 +103,8 @@ std::error_code GrowingFile::copyIntoTarget() {
   if (const auto error = syncFile(file_)) return error;
   const int target = openFile(target_.c_str(), O_WRONLY | O_NOFOLLOW | O_CLOEXEC);
   if (target < 0) return lastError();
-  // From here on the target may be half written, and this file is the only whole one: it needs its name, too.
+  // From here on the target may be half written and this file is the only complete one, so it must keep its
+  // name.
   syncFolder(partial_.parent_path());
   keep();
   std::error_code error = copyContent(file_, target, size_);
@@ -116,7 +118,7 @@ std::error_code GrowingFile::copyIntoTarget() {
   return {};
 }
 
-/// Some file systems report a failed write only here.
+/// Some file systems report failed writes only at fsync or close.
 std::error_code GrowingFile::close() {
   const int file = std::exchange(file_, -1);
   return file < 0 ? std::error_code{} : closeFile(file);

@@ -9,7 +9,7 @@ namespace {
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// A number as the standard parsers take it: they know no plus sign and leave white space to the caller.
+/// Prepares a number for std::from_chars, which accepts neither white space nor a plus sign.
 struct Magnitude {
   bool negative = false;
   std::string_view digits;
@@ -29,7 +29,7 @@ bool beginsWithDigits(std::string_view text) {
   return !text.empty() && isDigit(text.front());
 }
 
-/// The exponent written after the digits, held within a range that no sum of text lengths can leave.
+/// The exponent after the digits, clamped to a range that cannot overflow when lengths of the text are added.
 std::int64_t writtenExponent(std::string_view text) {
   constexpr std::int64_t largest = std::numeric_limits<std::int64_t>::max() / 4;
   if (text.empty() || (text.front() != 'e' && text.front() != 'E')) return 0;
@@ -42,7 +42,7 @@ std::int64_t writtenExponent(std::string_view text) {
   return exponent.negative ? -value : value;
 }
 
-/// True if a number that a double cannot hold is too large for it, rather than too close to zero.
+/// Distinguishes overflow from underflow of a number that does not fit into a double.
 bool isLarge(std::string_view text) {
   std::int64_t wholeDigits = 0, leadingZeros = 0;
   bool afterPoint = false, significant = false;
@@ -76,7 +76,7 @@ std::int32_t fileReadINTFromLine(std::string_view line) {
 
 double fileReadDBLFromLine(std::string_view line) {
   const Magnitude number = splitSign(line);
-  // The standard parser would take "inf" and "nan" too.
+  // std::from_chars would accept "inf" and "nan".
   if (!beginsWithDigits(number.digits)) return 0.0;
   double magnitude = 0.0;
   const auto [end, error] =

@@ -13,7 +13,7 @@
 namespace quorvane {
 namespace {
 
-/// How long a reader has kept us waiting.
+/// The time for which a reader has not read.
 class Stall {
  public:
   std::chrono::milliseconds length() const {
@@ -43,7 +43,7 @@ std::error_code waitUntilItTakesMore(int file, const MayWait& mayWait) {
 int openOutlet(const std::filesystem::path& path, const MayWait& mayWait, std::error_code& error) {
   const Stall stall;
   for (;;) {
-    // Opened to block, a pipe without a reader could be given up only with the process.
+    // A blocking open of a pipe without a reader could not be given up.
     const int file = ::open(path.c_str(), O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     if (file >= 0) return file;
     if (errno != ENXIO && errno != EINTR) {
@@ -61,7 +61,7 @@ int openOutlet(const std::filesystem::path& path, const MayWait& mayWait, std::e
 std::error_code writeToOutlet(int file, std::string_view text, const MayWait& mayWait) {
   while (!text.empty()) {
     if (const auto error = waitUntilItTakesMore(file, mayWait)) return error;
-    // A pipe that is ready takes so much without blocking.
+    // A pipe that is ready for writing takes PIPE_BUF bytes without blocking.
     const ssize_t written = ::write(file, text.data(), std::min<std::size_t>(text.size(), PIPE_BUF));
     if (written < 0 && (errno == EINTR || errno == EAGAIN)) continue;
     if (written < 0) return lastError();

@@ -16,7 +16,7 @@ std::error_code adoptOwner(int file, const struct stat& existing, bool& adopted)
   if (::fstat(file, &own) != 0) return lastError();
   const bool alike = own.st_uid == existing.st_uid && own.st_gid == existing.st_gid;
   adopted = alike || ::fchown(file, existing.st_uid, existing.st_gid) == 0;
-  // On a disk that fails or is full, the old file must stay as it is.
+  // If this disk fails or is full, the old file must not be changed.
   return adopted || isNotOffered(errno) || errno == EACCES ? std::error_code{} : lastError();
 }
 
@@ -27,7 +27,7 @@ std::error_code adoptPermissions(int file, mode_t permissions) {
 }
 
 mode_t usualPermissions() {
-  // There is no other way to look at it. Meanwhile other threads only make files that are more private.
+  // umask can only be read by setting it. Files that other threads create meanwhile are more private.
   const mode_t mask = ::umask(S_IRWXG | S_IRWXO);
   ::umask(mask);
   return (S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH) & ~mask;

@@ -5,19 +5,19 @@
 #include <cstdint>
 #include <system_error>
 
-/// How a new file becomes what the old one was to others.
+/// Gives a new file the owner, group and permissions of the old one.
 namespace quorvane {
 
-/// Gives a file the owner and group of another. adopted: false where this process may not, which is no error.
+/// Copies owner and group of a file. adopted: false if this process may not, which is not an error.
 std::error_code adoptOwner(int file, const struct stat& existing, bool& adopted);
 
-/// Gives a file permissions, where the file system has any.
+/// Sets permissions; ignored by file systems without them.
 std::error_code adoptPermissions(int file, mode_t permissions);
 
-/// Those of a file that is made without a wish for others.
+/// The permissions of an ordinary new file.
 mode_t usualPermissions();
 
-/// Makes the content of one file, which has so many bytes, that of another.
+/// Copies the given number of bytes, the whole content, from one file to another.
 std::error_code copyContent(int from, int to, std::int64_t size);
 
 }  // namespace quorvane

@@ -25,7 +25,7 @@ namespace fs = std::filesystem;
 constexpr std::string_view kMark = ".quorvane-";
 constexpr std::string_view kEnd = ".partial";
 
-/// The beginning of a name, without a piece of a character of UTF-8 at its end.
+/// A prefix of a name, not ending within a UTF-8 character.
 std::string cut(std::string name, std::size_t bytes) {
   const auto isContinued = [&] { return (static_cast<unsigned char>(name[bytes]) & 0xC0) == 0x80; };
   if (name.size() <= bytes) return name;
@@ -34,7 +34,7 @@ std::string cut(std::string name, std::size_t bytes) {
   return name;
 }
 
-/// The process that a file of the target is named after; none if it is no such file.
+/// The process id in the name of a partial file of the target; none for other names.
 std::optional<pid_t> processOf(std::string_view name, std::string_view target) {
   const std::string start = '.' + std::string(target) + std::string(kMark);
   if (!name.starts_with(start) || !name.ends_with(kEnd)) return std::nullopt;
@@ -45,10 +45,10 @@ std::optional<pid_t> processOf(std::string_view name, std::string_view target) {
   return *rest == '-' || *rest == '.' ? std::optional(process) : std::nullopt;
 }
 
-/// In a container every run may have the same number, so one's own tells nothing.
+/// In containers every run may have the same process id, so that of this process proves nothing.
 bool isGone(pid_t process) { return process == ::getpid() || (::kill(process, 0) != 0 && errno == ESRCH); }
 
-/// Also false of a file that a process on another machine is writing, where the folder is shared.
+/// On a shared folder also false for a file that a process on another machine is writing.
 bool isLeftAlone(const fs::path& path) {
   const int file = openFile(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
   if (file < 0) return false;
@@ -82,7 +82,7 @@ std::string partialName(const std::string& target, int attempt, std::size_t long
 }
 
 void holdPartialFile(int file) {
-  // Without locks, the number of the process alone tells whose the file is.
+  // Without locks only the process id tells whether the file is in use.
   (void)::flock(file, LOCK_EX | LOCK_NB);
 }
 
@@ -91,7 +91,7 @@ void sweepPartialFiles(const fs::path& path) {
     for (const fs::path& file : filesOfGoneProcesses(path))
       if (isLeftAlone(file)) ::unlink(file.c_str());
   } catch (const std::bad_alloc&) {
-    // The target is written, and the next one who writes it sweeps, too.
+    // Failure is ignored: the target is written, and the next write tries again.
   }
 }
 

@@ -21,7 +21,7 @@ std::error_code writeAll(int file, std::string_view content) {
     const ssize_t written = ::write(file, content.data(), content.size());
     if (written < 0 && errno == EINTR) continue;
     if (written < 0) return lastError();
-    // Again and again it would never end.
+    // Writing 0 bytes counts as an error, since retrying could loop for ever.
     if (written == 0) return std::make_error_code(std::errc::io_error);
     content.remove_prefix(static_cast<std::size_t>(written));
   }

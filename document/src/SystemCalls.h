@@ -7,26 +7,26 @@
 #include <string_view>
 #include <system_error>
 
-/// Calls of the system as this folder needs them: each return value is looked at.
+/// System calls with complete error handling.
 namespace quorvane {
 
 inline std::error_code lastError() { return {errno, std::generic_category()}; }
 
-/// True of the errors by which a file system says that it does not have such a thing.
+/// True for the errors of operations that a file system does not support.
 inline bool isNotOffered(int error) {
   return error == EPERM || error == EINVAL || error == ENOTSUP || error == ENOSYS;
 }
 
-/// Opens a file as open does, also where a signal interrupts that.
+/// open, retried after signals.
 int openFile(const char* path, int flags, mode_t mode = 0);
 
-/// Closes a file. A signal that interrupts that is no failure: the file is closed all the same.
+/// close. EINTR is not an error: the file is closed.
 std::error_code closeFile(int file);
 
-/// Hands everything to the system.
+/// Writes all bytes.
 std::error_code writeAll(int file, std::string_view content);
 
-/// Waits until the content is on the disk, where the file system offers that.
+/// fsync, if the file system supports it.
 std::error_code syncFile(int file);
 
 }  // namespace quorvane

@@ -11,11 +11,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Follows links whose last one may lead to a file that is not there yet.
+/// Follows symbolic links; the target of the last one need not exist.
 std::error_code follow(Target& target) {
   constexpr int mostLinks = 40;
   for (int links = 0; links <= mostLinks; ++links) {
-    // The system follows the whole chain first, so each link of it is one that it lets us follow.
+    // First lets the system resolve the whole chain, which checks that it permits each link.
     if (const auto error = findStatus(target.path, target.existing)) return error;
     struct stat status;
     if (::lstat(target.path.c_str(), &status) != 0) return errno == ENOENT ? std::error_code{} : lastError();
@@ -23,7 +23,7 @@ std::error_code follow(Target& target) {
     std::error_code error;
     if (target.existing) {
       const fs::path real = fs::canonical(target.path, error);
-      // What a descriptor stands for, as in /dev/fd, need not have a path.
+      // A link like /dev/fd/N need not lead to a path.
       if (!error) target.path = real;
       return target.isDevice() ? std::error_code{} : error;
     }
@@ -34,16 +34,16 @@ std::error_code follow(Target& target) {
   return std::make_error_code(std::errc::too_many_symbolic_link_levels);
 }
 
-/// Mount points and files that only grow pass every other check and fail when their place is to be taken.
+/// Mount points and append-only files pass every other check, but rename to them fails.
 std::error_code checkAttributes(const fs::path& path) {
   struct statx status;
-  if (::statx(AT_FDCWD, path.c_str(), 0, STATX_TYPE, &status) != 0) return {};  // an old system
+  if (::statx(AT_FDCWD, path.c_str(), 0, STATX_TYPE, &status) != 0) return {};  // not supported by the kernel
   if (status.stx_attributes & STATX_ATTR_MOUNT_ROOT) return FileError::kMountPoint;
   if (status.stx_attributes & (STATX_ATTR_APPEND | STATX_ATTR_IMMUTABLE)) return FileError::kWriteProtected;
   return {};
 }
 
-/// The superuser may write any file, but a file that nobody may write is meant to stay as it is.
+/// The superuser may write any file, but a file without write permission is meant not to be changed.
 std::error_code checkExisting(const Target& target) {
   if ((target.existing->st_mode & 0222) == 0) return FileError::kWriteProtected;
   if (::faccessat(AT_FDCWD, target.path.c_str(), W_OK, AT_EACCESS) != 0)

@@ -8,7 +8,7 @@
 
 namespace quorvane {
 
-/// The place that a file is to be written to.
+/// The file to be written.
 struct Target {
   std::filesystem::path path;  ///< symbolic links followed
   std::optional<struct stat> existing;
@@ -17,16 +17,15 @@ struct Target {
   mode_t permissions() const { return existing->st_mode & 07777; }
 };
 
-/// Finds where a path leads, by the system's own rules for links: one that it does not follow, in a folder
-/// that is shared with others, is not followed here either. Gives the reason why nothing can be written
-/// there, as far as that shows: a folder, a mount point, a file that is write-protected, a name that is too
-/// long.
+/// Resolves a path by the system's own rules for links, including its protection of links in shared folders.
+/// Returns why the target cannot be written, as far as known: a folder, a mount point, a write-protected
+/// file, a name that is too long.
 std::error_code findTarget(const std::filesystem::path& path, Target& target);
 
-/// Finds the status of what stands at a path now; none if nothing does.
+/// The status of the file at a path; none if there is none.
 std::error_code findStatus(const std::filesystem::path& path, std::optional<struct stat>& status);
 
-/// Bytes of the longest name that a file in the folder can have.
+/// The limit for file names in the folder, in bytes.
 std::size_t longestName(const std::filesystem::path& folder);
 
 }  // namespace quorvane

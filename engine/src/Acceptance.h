@@ -28,7 +28,7 @@ struct BoundedAcceptance {
   /// The largest relative error of approximateExp: the first neglected term of its series, (ln 2 / 2)^5 / 5!,
   /// relative to 2^(-1/2).
   static constexpr double kSeriesError = 5.9e-5;
-  /// Includes what the rounding of the products adds, many times over.
+  /// Includes a wide margin for the rounding of the products.
   static constexpr double kTolerance = 3 * kSeriesError;
 
   static bool accepts(double dE, double parameter, double u) {
@@ -59,11 +59,11 @@ struct BoundedAcceptance {
   }
 
  private:
-  /// Out of line, since fewer than one in a thousand attempts call it.
+  /// Not inlined, since fewer than one in a thousand attempts call it.
   static bool exactly(double dE, double parameter, double u);
 };
 
-/// Looks the minimum up by the bits of dE. Fastest where few different dE occur, as with two types.
+/// Caches the minimum by the bits of dE. Fastest if few different dE occur, as with two types.
 class CachedAcceptance {
  public:
   bool accepts(double dE, double parameter, double u) {
@@ -73,7 +73,7 @@ class CachedAcceptance {
     return parameter * q > u;
   }
 
-  /// The misses since the last call: values of dE that were new, or had been replaced by another.
+  /// The misses since the last call: values of dE that were new or had been evicted.
   int takeMisses() {
     const int misses = misses_;
     misses_ = 0;

@@ -21,7 +21,7 @@ std::uint32_t partners(int current, int target, const PerTypeInt& immobile) {
   return types;
 }
 
-/// The type itself counts, and so does each type in use that masquerades as it.
+/// The type itself counts, and each type in use that masquerades as it.
 std::uint32_t facilitationCounts(int facType, int numTypes, const PerTypeInt& masquerade) {
   std::uint32_t counts = 0;
   for (int type = 0; type < kMaxPixelTypes; ++type) {

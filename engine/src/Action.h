@@ -33,7 +33,7 @@ struct Action {
   std::int8_t finalType = 0;
   /// The sum of the neighbours' counts that a facilitated flip needs.
   std::int8_t needed = 0;
-  /// True for a flip that the parameter alone refuses most of the time.
+  /// True for a flip whose parameter alone rejects most attempts.
   bool rare = false;
 
   static_assert(2 * kMaxPixelTypes <= std::numeric_limits<decltype(typeBits)>::digits);
@@ -56,7 +56,8 @@ inline std::uint32_t rowLength(int count) {
 /// The type that a reversible flip leads to, or -1 for a random one.
 int reversibleEnd(int current, int endA, int endB);
 
-/// True if the engine may draw the rule. An entry of a row may name no rule while another thread removes one.
+/// True if the engine may draw the rule. While another thread removes a rule, an entry of a row may be no
+/// rule.
 inline bool usable(int rule, const PerRuleInt& disabled) {
   return rule >= 0 && rule < kMaxRules && disabled[rule] == 0;
 }

@@ -4,7 +4,7 @@
 
 namespace quorvane {
 
-/// The action of every entry of every row, as the rules stood when it was read.
+/// The action of every entry of every row at the time of reading.
 class ActionTable {
  public:
   void read(int numTypes, const RuleArrays& rules);
@@ -15,7 +15,7 @@ class ActionTable {
   const Action* row(Type type) const { return rows_[type]; }
 
  private:
-  /// A power of two, so that finding a row takes a shift.
+  /// A power of two, so that indexing a row takes a shift.
   static constexpr int kPlaces = 64;
   static_assert(kPlaces >= kMaxRules);
 

@@ -10,8 +10,8 @@
 
 namespace quorvane {
 
-/// Where an attempt draws from: real() is fRandReal(), below(n) is fRandInt(n) - 1, and makeRoom() is called
-/// at least once in kMostDrawsOfAnAttempt draws.
+/// The draws of an attempt: real() is fRandReal(), below(n) is fRandInt(n) - 1, and makeRoom() is called at
+/// least once every kMostDrawsOfAnAttempt draws.
 template <class T>
 concept DrawSource = requires(T draws, std::uint32_t n) {
   { draws.real() } -> std::same_as<double>;
@@ -19,15 +19,14 @@ concept DrawSource = requires(T draws, std::uint32_t n) {
   draws.makeRoom();
 };
 
-/// Draws of an attempt for the two coordinates of its site, for its rule, and of its action: the most are
-/// those of a swap, for its parameter, its acceptance and its direction. A rule that is drawn again makes
-/// room first.
+/// The most draws of an attempt: two coordinates, the rule, and those of a swap, which draws most: for its
+/// parameter, its acceptance and its direction. Drawing another rule calls makeRoom first.
 inline constexpr int kDrawsOfASite = 2;
 inline constexpr int kDrawsOfARule = 1;
 inline constexpr int kMostDrawsOfAnAction = 3;
 inline constexpr int kMostDrawsOfAnAttempt = kDrawsOfASite + kDrawsOfARule + kMostDrawsOfAnAction;
 
-/// What an attempt works with.
+/// The state that an attempt reads and changes.
 template <DrawSource Draws, BondEnergies Energies, AcceptanceTest Acceptance>
 struct AttemptContext {
   Lattice& lattice;
@@ -48,8 +47,8 @@ template <class Draws, class Energies, class Acceptance>
 AttemptContext(Lattice&, Size, std::uint32_t, Draws&, const Energies&, Acceptance&)
     -> AttemptContext<Draws, Energies, Acceptance>;
 
-/// A look-up instead of a branch: whether an attempt is accepted cannot be predicted. The result is then
-/// written to a site in either case, because a conditional address would delay the reads that follow.
+/// A look-up instead of a branch, since acceptance cannot be predicted. The result is written to the site in
+/// either case, because a conditional address would delay the loads that follow.
 inline std::int32_t chosen(bool accepted, Type ifNot, Type ifSo) {
   const Type outcomes[] = {ifNot, ifSo};
   return static_cast<std::int32_t>(outcomes[accepted ? 1 : 0]);
@@ -61,8 +60,8 @@ void flip(const Context& context, const Action& action, Site site, Type current)
                                                              : static_cast<Type>(action.finalType);
   const double u = context.draws.real();
   bool accepted = action.parameter > u;
-  // min(1, exp(-dE)) is at most 1, so the parameter alone refuses the flip. Returning here pays only where
-  // the branch can be predicted.
+  // min(1, exp(-dE)) is at most 1, so the parameter alone rejects the flip. Returning early pays only if the
+  // branch can be predicted.
   if (action.rare && !accepted) return;
 
   if constexpr (kFacilitated || kEnergies) {
@@ -79,7 +78,7 @@ void flip(const Context& context, const Action& action, Site site, Type current)
   context.at(site) = chosen(accepted, current, final);
 }
 
-/// The energy of two neighbouring sites; the bond between them counts from both sides.
+/// The energy of two neighbouring sites, in which their common bond counts twice.
 template <BondEnergies Energies>
 double pairEnergy(const Energies& energies, Type a, const Neighbours& ofA, Type b, const Neighbours& ofB) {
   return energies.bonds(a, ofA) + energies.bonds(b, ofB);
@@ -128,8 +127,8 @@ void swap(const Context& context, const Action& action, Site site, Type current)
   if (action.parameter > context.draws.real()) exchange<kWide, kEnergies>(context, action, site, current);
 }
 
-/// Does what the action says; at most kMostDrawsOfAnAction draws. On a wide lattice every site has eight
-/// different neighbours.
+/// Performs the action; at most kMostDrawsOfAnAction draws. On a wide lattice every site has eight different
+/// neighbours.
 template <bool kWide, class Context>
 void perform(const Context& context, const Action& action, Site site, Type current) {
   switch (action.kind) {

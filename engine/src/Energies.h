@@ -13,7 +13,7 @@ concept BondEnergies = requires(const T& energies, Type type, const Neighbours& 
   { energies.bonds(type, neighbours) } -> std::same_as<double>;
 };
 
-/// Half a pair energy. Adding 0 turns -0 into 0, as a sum that starts with 0 would.
+/// Half a pair energy. Adding 0 turns -0 into 0, like a sum that starts with 0.
 inline double halfBond(double pairEnergy) { return pairEnergy / 2.0 + 0.0; }
 
 /// The half bonds of a site, added up in direction order.

@@ -14,7 +14,7 @@ using Type = std::uint32_t;
 
 inline Type typeOf(const Relaxed<std::int32_t>& site) { return static_cast<Type>(site.load()); }
 
-/// A coordinate and the two next to it on a ring of n sites.
+/// A coordinate and its two neighbours on a ring of n sites.
 struct Wrapped {
   std::size_t here, next, previous;
   Wrapped(std::size_t x, std::size_t n)
@@ -35,7 +35,8 @@ struct Size {
 
   /// True if every site has eight different neighbours, none of which is the site itself.
   bool isWide() const { return imax > 2 && jmax > 2; }
-  /// True for a site of a wide lattice that is not at its edge. Below 0 wraps to the largest number.
+  /// True for a site of a wide lattice that is not at its edge. A coordinate of 0 less 1 wraps to the largest
+  /// number.
   bool isInside(Site site) const { return site.i - 1 < imax - 2 && site.j - 1 < jmax - 2; }
 };
 
@@ -49,7 +50,7 @@ struct Neighbours {
   Type type[kNumDirections];
 };
 
-/// The neighbours' types, each from a function of the step to it. Unrolled, so that every step is a constant.
+/// The neighbours' types, each from a function of its step. Unrolled, so that every step is a constant.
 template <class TypeAfter>
 Neighbours neighboursBy(TypeAfter&& typeAfter) {
   return [&]<std::size_t... k>(std::index_sequence<k...>) { return Neighbours{{typeAfter(kSteps[k])...}}; }
@@ -61,10 +62,9 @@ inline Neighbours neighboursOf(Site site, Size size, const Lattice& lattice) {
   return neighboursBy([&](Step step) { return typeOf(lattice[i.after(step.i)][j.after(step.j)]); });
 }
 
-/// The type of a site next to one that is not at an edge of the lattice. The step leaves the inner array of
-/// the site, which the language leaves undefined; compilers take the lattice for the one block of memory that
-/// it is. All eight neighbours then have one base register, where lattice[i + 1][j] takes up to 6 % more
-/// instructions of a whole attempt.
+/// The type of a neighbour of a site that is not at an edge. The step leaves the inner array, which the
+/// language leaves undefined; compilers treat the lattice as one block of memory. All eight neighbours then
+/// share one base register, while lattice[i + 1][j] takes up to 6 % more instructions per attempt.
 inline Type typeBeside(const Relaxed<std::int32_t>* site, Step step) {
   return typeOf(site[step.i * kMaxSide + step.j]);
 }
@@ -87,12 +87,12 @@ inline Site neighbourSite(Site site, Size size, std::size_t direction) {
   return {wrapped(site.i, kSteps[direction].i, size.imax), wrapped(site.j, kSteps[direction].j, size.jmax)};
 }
 
-/// The neighbours of a site once another site, or the site itself, holds the given type. Correct also on a
-/// lattice of at most two sites along a side, where a direction leads back to the site or two lead to the
-/// same one.
+/// The neighbours of a site after another site, or the site itself, has changed to the given type. Correct
+/// also on lattices of at most two sites along a side, where a direction leads back to the site or two lead
+/// to the same one.
 Neighbours withChange(Neighbours neighbours, Site site, Size size, Site changed, Type type);
 
-/// How many of the neighbours fulfil a condition on their type.
+/// The number of neighbours whose type satisfies a condition.
 template <class Condition>
 int countNeighbours(const Neighbours& neighbours, Condition&& holds) {
   int count = 0;

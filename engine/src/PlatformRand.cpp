@@ -8,7 +8,7 @@
 namespace quorvane {
 namespace {
 
-/// More than enough for every word of the state to have gone through the feedback many times.
+/// Enough for every word of the state to pass through the feedback many times.
 using Stretch = std::array<std::uint32_t, 2000>;
 
 Stretch drawStretch(const PlatformRand& platform, std::int32_t seed) {
@@ -26,11 +26,11 @@ Stretch expectedStretch(std::int32_t seed) {
   return values;
 }
 
-/// True if the values stand in the expected sequence in their order, though with others between them: those
-/// that another thread has drawn.
+/// True if the values occur in the expected sequence in this order, possibly with gaps: values that another
+/// thread has drawn.
 bool areExpectedWithGaps(const Stretch& values, std::int32_t seed) {
-  // Room for about five hundred draws of other threads for each of ours. A stretch in which they make more
-  // does not count; the next one may.
+  // Tolerates about five hundred draws of other threads between two of ours. A sample with more fails; the
+  // next one may succeed.
   constexpr int most = 1 << 20;
   AdditiveFeedback generator;
   generator.seed(seed);
@@ -43,8 +43,8 @@ bool areExpectedWithGaps(const Stretch& values, std::int32_t seed) {
 }  // namespace
 
 bool yieldsAdditiveFeedback(const PlatformRand& platform, std::int32_t seed) {
-  // A platform's own stretch is the same each time. One that other threads have drawn from differs from one
-  // time to the next, so stretches are drawn until it is clear which of the two it is.
+  // Another generator gives the same sample each time, while samples disturbed by other threads differ. So
+  // samples are taken until one is recognised or repeats.
   constexpr int mostStretches = 16;
   constexpr int undisturbed = 5;
   const Stretch expected = expectedStretch(seed);

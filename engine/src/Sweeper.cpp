@@ -10,11 +10,11 @@
 namespace quorvane {
 namespace {
 
-/// The most attempts before the rules are read again.
+/// The most attempts between two readings of the rules.
 constexpr std::int64_t kBatch = 4096;
-/// Reading all rules does not pay for fewer attempts.
+/// For fewer attempts reading all rules does not pay.
 constexpr std::int64_t kFew = 64;
-/// The cache does not pay where more than one attempt in so many misses it.
+/// The cache does not pay if more than one attempt in this many misses it.
 constexpr std::int64_t kAttemptsPerMiss = 32;
 
 static_assert(kMostDrawsOfAnAttempt <= RandomSource::Stream::kRoom);
@@ -24,11 +24,11 @@ void singleAttempt(const SystemArrays& system) {
   const int imax = system.imax, jmax = system.jmax;
   const int i = fRandInt(imax) - 1;
   const int j = fRandInt(jmax) - 1;
-  if (imax < 1 || jmax < 1) return;  // There is no lattice yet.
+  if (imax < 1 || jmax < 1) return;  // no lattice yet
   attemptAt(siteAt(i, j), system.lattice, sizeOf(imax, jmax), system.numTypes, system.rules);
 }
 
-/// Draws entries of a row until one is usable; nothing once every one has come up unusable.
+/// Draws entries of a row until one is usable; none if all have been drawn unusable.
 template <class Draws>
 const Action* drawAction(Draws& draws, const Action* row, std::uint32_t length) {
   const auto isUsable = [row](std::uint32_t k) { return row[k].kind != ActionKind::kNone; };
@@ -63,7 +63,7 @@ struct Batch {
   std::int32_t whileState;
 };
 
-/// Returns how many attempts were made. Everything is inlined, so that the stream's state stays in registers.
+/// Returns the number of attempts made. Everything is inlined, to keep the stream's state in registers.
 template <AcceptanceTest Acceptance>
 [[gnu::flatten, gnu::noinline]] std::int64_t makeAttempts(const Batch& batch, Acceptance& acceptance) {
   RandomSource::Stream draws(processRandomSource);
@@ -75,7 +75,7 @@ template <AcceptanceTest Acceptance>
 
 }  // namespace
 
-/// The compiled system, and the two acceptance tests with what decides between them.
+/// The compiled system, the two acceptance tests, and the state that selects between them.
 struct Sweeper::Tables {
   ActionTable actions;
   EnergyTable energies;

@@ -7,14 +7,14 @@
 namespace quorvane {
 namespace {
 
-/// The traces of one type on their way through one sweep.
+/// Updates the traces of one type for one sweep.
 class TraceUpdate {
  public:
   TraceUpdate(int type, double persistence) : type_(type), persistence_(persistence) {}
 
   void operator()(Relaxed<double>& trace, std::int32_t site) {
-    // Looked up rather than branched to: which sites hold the type cannot be predicted. Adding -0 leaves
-    // every number as it is, 0 and -0 too.
+    // A look-up instead of a branch, since which sites hold the type cannot be predicted. Adding -0 changes
+    // no number, including 0 and -0.
     static constexpr double gain[] = {-0.0, 1.0};
     const double updated = gain[site == type_ ? 1 : 0] + decayed(trace);
     trace = updated;
@@ -25,15 +25,16 @@ class TraceUpdate {
 
  private:
   double decayed(double trace) {
-    // Processors take up to a hundred times as long for a product below the normal numbers. A trace that
-    // nothing has fed for thousands of sweeps stays at one such value, so the last product is kept.
+    // Denormal products take processors up to a hundred times as long. A trace without additions for
+    // thousands of sweeps stays at the same denormal value, so the last product is cached.
     if (isTiny(trace)) [[unlikely]]
       return keptProduct(trace);
     return trace * persistence_;
   }
 
-  /// Above 0, and not above twice the smallest normal number. Positive numbers are ordered as their bits are;
-  /// in one comparison, because which traces are 0 cannot be predicted. 0 less 1 wraps to the largest number.
+  /// True for values above 0 and up to twice the smallest normal number. Positive numbers are ordered like
+  /// their bits. One comparison, because which traces are 0 cannot be predicted: 0 - 1 wraps to the largest
+  /// number.
   static bool isTiny(double trace) {
     constexpr double tiny = 2 * std::numeric_limits<double>::min();
     return std::bit_cast<std::uint64_t>(trace) - 1 < std::bit_cast<std::uint64_t>(tiny);

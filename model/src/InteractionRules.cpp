@@ -3,8 +3,8 @@
 namespace quorvane {
 namespace {
 
-/// Visits every ordered pair of types that an interaction between two ends covers. The order matters: a write
-/// to (a, b) also writes (b, a), and pairs are visited in both orders.
+/// Visits every ordered pair of types that an interaction covers. The order matters: a write to (a, b) also
+/// writes (b, a), and each pair is visited in both orders.
 template <class Visit>
 void forEachCoveredPair(int endA, int endB, int numTypes, Visit&& visit) {
   if (endA != kAnyPixelType && endB != kAnyPixelType) {
@@ -44,7 +44,7 @@ void LatticeModel::disableInteraction(int r) {
   const auto clear = [&](int a, int b) { setPixelIntConstant(a, b, 0.0); };
 
   if (endA == kAnyPixelType && endB == kAnyPixelType) {
-    // A cross pair is 0 by the time it is met in the other order, and that 0 replaces the backup of both.
+    // When a cross pair is visited in the other order it is already 0, which replaces the backup of both.
     forEachCoveredPair(endA, endB, numTypes, [&](int a, int b) {
       toBackup(a, b);
       clear(a, b);

@@ -7,7 +7,7 @@
 namespace quorvane {
 namespace {
 
-/// Made at the start, so that a model is not left half initialised where memory has ended.
+/// Allocated first, so that a lack of memory does not leave the model half initialised.
 const SharedName kPixel("Pixel"), kNewPixel("New Pixel");
 
 void setDefaults(ModelState& model, int type, const SharedName& name) {

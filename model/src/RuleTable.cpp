@@ -76,7 +76,7 @@ void LatticeModel::copyRuleDown(int from) {
   varRuleParameter[to] = varRuleParameter[from];
   varRuleFacNumAndType[to][0] = varRuleFacNumAndType[from][0];
   varRuleFacNumAndType[to][1] = varRuleFacNumAndType[from][1];
-  // The two flags belong to the index, not to the rule, and are not copied.
+  // The flags belong to the index, not to the rule, and are not moved.
 }
 
 void LatticeModel::clearRule(int r) {

@@ -11,12 +11,12 @@
 namespace quorvane {
 namespace {
 
-/// Lowers the priority of the calling thread, so that a window answers at once where cores are few. The loop
-/// keeps every core that nobody else wants.
+/// Lowers the priority of the calling thread, so that the window stays responsive on few cores. Idle cores
+/// are still fully used.
 void letOthersGoFirst() {
 #ifdef __linux__
   constexpr int niceness = 10;
-  // Here a thread's priority goes by its own id, which 0 stands for. Where it is refused, the run goes on.
+  // On Linux setpriority with id 0 applies to the calling thread. Failure is ignored.
   static_cast<void>(setpriority(PRIO_PROCESS, 0, niceness));
 #endif
 }
@@ -84,7 +84,7 @@ void LatticeModel::sweepWhileRunning() {
 }
 
 bool LatticeModel::sweepIfRunning(Sweeper& sweeper) {
-  // Counted before the state is read: once the run is stopped and the count is 0, no sweep can begin.
+  // Incremented before the state is read: once the run is stopped and the count is 0, no sweep can begin.
   loopsInASweep_.fetch_add(1, std::memory_order_acq_rel);
   const bool running = varMyState == kRunning;
   if (running) makeSweep(sweeper, kRunning, Traces::kUpdated);
@@ -94,7 +94,8 @@ bool LatticeModel::sweepIfRunning(Sweeper& sweeper) {
 }
 
 void LatticeModel::waitUntilNoLoopSweeps() {
-  // A write, not a mere load: a loop that counts itself in later then also sees the state set before.
+  // A read-modify-write instead of a load: a loop that increments the count later then sees the state set
+  // before.
   const auto loops = [this] { return loopsInASweep_.fetch_add(0, std::memory_order_acq_rel); };
   for (int sweeping = loops(); sweeping > 0; sweeping = loops()) loopsInASweep_.wait(sweeping);
 }

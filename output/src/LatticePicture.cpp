@@ -53,7 +53,7 @@ class FrameBuffer {
   Image image_;
 };
 
-/// As the view's frame buffer limits them; what is not a number counts as 0.
+/// Clamped as by the view's frame buffer; NaN counts as 0.
 float clamped(float value) { return value > 0.0F ? std::min(value, 1.0F) : 0.0F; }
 
 Layer layerOf(const LatticeModel& model, int type, int i, int j) {

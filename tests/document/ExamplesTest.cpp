@@ -52,7 +52,7 @@ TEST(Examples, EqualTheOutputOfMakeExamples) {
     EXPECT_EQ(contentOf(folder / name), contentOf(exampleFile(name))) << name;
 }
 
-TEST(Examples, ProgramSaysWhatItNeedsAndFailsWhereItCannotWrite) {
+TEST(Examples, ProgramPrintsItsUsageAndFailsIfItCannotWrite) {
   EXPECT_EQ(run(QUORVANE_MAKE_EXAMPLES, {}).status, 2);
   const TemporaryFolder folder;
   EXPECT_EQ(run(QUORVANE_MAKE_EXAMPLES, {folder / "missing"}).status, 1);

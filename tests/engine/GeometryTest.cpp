@@ -26,7 +26,7 @@ TEST(Directions, OppositeOnesLeadBack) {
   }
 }
 
-TEST(Directions, AnyOtherCodeLeadsNowhere) {
+TEST(Directions, AnyOtherCodeLeadsToTheSiteItself) {
   for (const int dir :
        {0, 9, -1, -8, 100, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
     EXPECT_EQ(fn_neighbi(3, dir), 3);
@@ -151,7 +151,7 @@ TEST_F(NeighbourCount, DrawsNothing) {
 
 class ModelInit : public EngineTest {};
 
-TEST_F(ModelInit, DrawsATypeForEachSiteRowByRow) {
+TEST_F(ModelInit, DrawsATypeForEachSiteColumnByColumn) {
   ForeseenDraws next;
   fModelInit(4, 3, 7, lattice);
   for (int i = 0; i < 3; ++i)

@@ -118,7 +118,7 @@ TEST(PlatformRand, IsNotRecognisedIfValuesAreLeftOut) {
   EXPECT_FALSE(source.drawsItself());
 }
 
-/// A generator that no seed governs, as that of some systems: it never yields a stretch again.
+/// A generator that ignores seeds, as on some systems: its sequence never repeats.
 struct Unseeded : OtherPlatform<31> {
   static void srand(unsigned) {}
 };

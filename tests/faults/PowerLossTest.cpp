@@ -116,7 +116,7 @@ class PowerLoss : public testing::Test {
   const SharedPlan plan_;
 };
 
-TEST_F(PowerLoss, LeavesTheOldFileOrTheNewOneAndTheNewOneOnceASaveHasReturned) {
+TEST_F(PowerLoss, LeavesTheOldOrTheNewFileAndTheNewOneOnceASaveHasReturned) {
   put(saved_, "old");
   const Disk before = disk();
   const Calls calls = save();
@@ -128,7 +128,7 @@ TEST_F(PowerLoss, LeavesANewFileWholeOrNotAtAll) {
   expectSafe(loseThePowerAnywhere({{}, calls}, targetOf({}, "system.quorvane")));
 }
 
-TEST_F(PowerLoss, IsSeenToLoseASaveThatIsNotSynchronised) {
+TEST_F(PowerLoss, IsDetectedToLoseASaveWithoutFsync) {
   put(saved_, "old");
   const Disk before = disk();
   const Calls calls = save();
@@ -163,7 +163,7 @@ TEST_F(PowerLoss, DuringASaveInPlaceLeavesTheTextInOneOfTwoFiles) {
   EXPECT_GT(numDisks, 50u);
 }
 
-TEST_F(PowerLoss, LeavesAllResultsOfARunOldOrNewAndNewOnceItHasEnded) {
+TEST_F(PowerLoss, LeavesEveryResultOfARunOldOrNewAndNewOnceItHasEnded) {
   for (const char* name : {"out.quorvane", "out.csv", "out.png"}) put(folder_ / name, "old");
   runAndLoseThePower({"--output", folder_ / "out.quorvane", "--populations", folder_ / "out.csv", "--picture",
                       folder_ / "out.png"},

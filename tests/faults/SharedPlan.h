@@ -5,7 +5,7 @@
 
 namespace quorvane {
 
-/// A plan in a file, which programs that are started meanwhile share with this process.
+/// A plan in a file, which started programs share with this process.
 class SharedPlan {
  public:
   SharedPlan();

@@ -33,7 +33,7 @@ TEST(WindowKilled, WhileItSavesLeavesAWholeDocumentAndTheNextSaveRemovesPartialF
     SCOPED_TRACE(round);
     const std::string before = contentOf(saved);
     Process window(SAVING_WINDOW, {EXAMPLE, saved});
-    // Its first save shows that it is at it.
+    // Its first save shows that it has begun.
     const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
     while (contentOf(saved) == before) {
       ASSERT_FALSE(window.waitFor(std::chrono::milliseconds(2))) << window.errors();

@@ -66,7 +66,7 @@ TEST(Lifecycle, InitialisingGivesSizesTypesAndTheStoppedState) {
   }
 }
 
-TEST(Lifecycle, InitialisingDrawsTheSitesRowByRowAndThenTheColoursFromTypeOneUp) {
+TEST(Lifecycle, InitialisingDrawsTheSitesColumnByColumnAndThenTheColoursFromTypeOneUp) {
   ForeseenDraws draws;
   auto model = makeModel(3, 6, 4);
   for (int i = 0; i < 6; ++i)

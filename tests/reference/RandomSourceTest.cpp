@@ -46,7 +46,7 @@ TEST(RandomSource, StartsWithTheSameDrawsWhateverOtherCodeHasDrawnBefore) {
   EXPECT_EQ(second.next(), expected);
 }
 
-TEST(RandomSource, DrawsFromAnotherPlatformsGeneratorThroughTheTable) {
+TEST(RandomSource, DrawsFromAnotherPlatformsGeneratorThroughTheShuffleTable) {
   using Ours = OtherPlatform<31, 0>;
   using Theirs = OtherPlatform<31, 1>;
   RandomSource source(PlatformRand{&Ours::srand, &Ours::rand});

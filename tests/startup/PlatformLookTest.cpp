@@ -24,10 +24,12 @@ std::string seedsGivenBy(const std::string& program, const std::vector<std::stri
 // Other threads, such as those of a graphics driver, may use the C library's generator later. Comparing it
 // only at the first draw could mix their draws with its own. These runs end before any draw.
 
-TEST(PlatformLook, IsTheRunnersFirstAct) { EXPECT_EQ(seedsGivenBy(QUORVANE_BATCH, {"--version"}), "10\n"); }
+TEST(PlatformLook, IsTheFirstActionOfTheRunner) {
+  EXPECT_EQ(seedsGivenBy(QUORVANE_BATCH, {"--version"}), "10\n");
+}
 
 #ifdef APPLICATION
-TEST(PlatformLook, IsTheApplicationsFirstAct) { EXPECT_EQ(seedsGivenBy(APPLICATION, {}), "10\n"); }
+TEST(PlatformLook, IsTheFirstActionOfTheApplication) { EXPECT_EQ(seedsGivenBy(APPLICATION, {}), "10\n"); }
 #endif
 
 }  // namespace

@@ -10,12 +10,12 @@ namespace quorvane {
 
 std::string contentOf(const std::filesystem::path& file);
 void put(const std::filesystem::path& file, const std::string& content);
-/// With the set-id and sticky bits.
+/// Including the set-id and sticky bits.
 mode_t permissionsOf(const std::filesystem::path& file);
-/// In alphabetical order.
+/// Sorted.
 std::vector<std::string> namesIn(const std::filesystem::path& folder);
 
-/// An empty folder that goes with its contents.
+/// An empty folder, removed with its contents at the end.
 class TemporaryFolder {
  public:
   TemporaryFolder();

@@ -6,18 +6,18 @@
 
 namespace quorvane {
 
-/// The draws that come next from the process-wide source, without making them.
+/// The next draws of the process-wide source, without making them.
 class ForeseenDraws {
  public:
   double real() { return ahead_.next() / RandomSource::maxran; }
   int whole(int n) { return static_cast<int>(std::floor(real() * n) + 1.0); }
 
-  /// How many draws the process has made beyond those foreseen here, which are then foreseen too; -1 if more
-  /// than ten million.
+  /// The number of draws that the process has made beyond those foreseen here, which then count as foreseen;
+  /// -1 if more than ten million.
   int sinceLast() {
     constexpr int most = 10'000'000;
     const double next = RandomSource(processRandomSource).next();
-    // A value of 31 bits comes again by chance once in a billion draws.
+    // The probability that a 31-bit value repeats by chance is negligible.
     int draws = 0;
     while (ahead_.next() != next)
       if (++draws > most) return -1;
@@ -29,7 +29,7 @@ class ForeseenDraws {
   RandomSource ahead_ = processRandomSource;
 };
 
-/// How many draws the function makes from the process-wide source; -1 if more than ten million.
+/// The number of draws that the function makes from the process-wide source; -1 if more than ten million.
 template <class Function>
 int drawsMadeBy(Function&& function) {
   ForeseenDraws draws;
@@ -37,7 +37,7 @@ int drawsMadeBy(Function&& function) {
   return draws.sinceLast();
 }
 
-/// While it lives, every draw of the process-wide source is the same: value / 2^31.
+/// During its lifetime, every draw of the process-wide source is value / 2^31.
 template <int value>
 class ConstantDraws {
  public:

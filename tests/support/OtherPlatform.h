@@ -4,8 +4,8 @@
 
 namespace quorvane {
 
-/// The generator of a platform that is not the C library's, with values up to 2^bits - 1 and a state for each
-/// user.
+/// The generator of a platform other than the C library's, with values up to 2^bits - 1 and a separate state
+/// for each user.
 template <int bits, int user = 0>
 struct OtherPlatform {
   static inline std::uint64_t state = 0;

@@ -75,7 +75,7 @@ void become(const std::string& program, const std::vector<std::string>& argument
   std::vector<char*> argv = {const_cast<char*>(program.c_str())};
   for (const std::string& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
   argv.push_back(nullptr);
-  // A program that never ends must not outlive a test that fails.
+  // A program that never ends must not outlive a failed test.
   constexpr unsigned longestSeconds = 120;
   ::alarm(longestSeconds);
   ::execv(program.c_str(), argv.data());

@@ -10,21 +10,21 @@
 
 namespace quorvane {
 
-/// What a finished process left behind.
+/// The result of a finished process.
 struct Finished {
   int status = -1;  ///< exit status, or the signal that ended it, negative
   std::string out;
   std::string err;
 };
 
-/// A program while it runs. Standard output and error are files; standard input is one that holds the given
-/// bytes. A signal ends it after two minutes.
+/// A running program. Standard output and error are files; standard input is a file with the given bytes. A
+/// signal ends it after two minutes.
 class Process {
  public:
-  /// output: the descriptor to take as standard output instead of a file.
+  /// output: a descriptor for standard output instead of a file.
   Process(const std::string& program, const std::vector<std::string>& arguments,
           const std::string& input = {}, int output = -1);
-  /// Kills a program that still runs.
+  /// Kills the program if it still runs.
   ~Process();
   Process(const Process&) = delete;
   Process& operator=(const Process&) = delete;
@@ -32,10 +32,10 @@ class Process {
   pid_t id() const { return process_; }
   void signal(int number) const;
   void kill() const;
-  /// True if it has ended by then.
+  /// True if it ends within the time.
   bool waitFor(std::chrono::microseconds time) const;
   Finished wait();
-  /// What it has written so far.
+  /// Its output so far.
   std::string errors() const;
 
  private:
@@ -48,10 +48,10 @@ class Process {
 Finished run(const std::string& program, const std::vector<std::string>& arguments,
              const std::string& input = {});
 
-/// Makes this process, a child of a test's, the program.
+/// Replaces this process, a child of a test, by the program.
 [[noreturn]] void become(const std::string& program, const std::vector<std::string>& arguments);
 
-/// Waits for the end of a child: the exit status, or the signal that ended it, negative.
+/// Waits for a child to end: the exit status, or minus the signal that ended it.
 int statusOf(pid_t child);
 
 }  // namespace quorvane

@@ -17,8 +17,7 @@ bool waitUntil(Condition&& holds, std::chrono::seconds deadline = std::chrono::s
   return true;
 }
 
-/// Measures the processor time that all threads of this process use, which nothing else on the machine adds
-/// to.
+/// Measures the CPU time of all threads of this process, which other load does not increase.
 class ProcessorTime {
  public:
   double seconds() const {

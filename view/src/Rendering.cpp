@@ -45,7 +45,7 @@ void drawSite(QOpenGLFunctions_2_1& gl, const ModelState& model, const std::vect
   for (std::size_t type = 0; type < inks.size(); ++type) {
     const TypeInk& ink = inks[type];
     const float alpha = ink.alphaOf(model.varMobileHistory[type][column.site][row.site]);
-    // Blending with alpha 0 leaves every pixel as it is, and most rectangles have it.
+    // Blending with alpha 0 changes no pixel, and most rectangles have alpha 0.
     if (alpha == 0.0f) continue;
     gl.glColor4f(ink.red, ink.green, ink.blue, alpha);
     gl.glRectd(column.from, row.from, column.to, row.to);

@@ -5,7 +5,7 @@
 
 namespace quorvane {
 
-/// The application's answers to the platform.
+/// Handles application-wide events of the platform.
 class AppDelegate {
  public:
   explicit AppDelegate(QMainWindow* mainWindow) : window(mainWindow) {}

@@ -5,11 +5,11 @@
 
 namespace quorvane {
 
-/// A label that shows a value. A screen reader reads its caption with it, "Parameter: 0.250", and hears of
-/// every change.
+/// A label that shows a value. A screen reader reads it with its caption, "Parameter: 0.250", and is notified
+/// of every change.
 ///
-/// A label with an accessible name instead of a caption is read in the same way but tells nobody when its
-/// text changes, which suits one that changes all the time.
+/// A label with an accessible name instead of a caption is read in the same way, but does not notify of
+/// changes, which suits text that changes all the time.
 class CaptionedLabel : public QLabel {
   Q_OBJECT
   Q_PROPERTY(QString caption READ caption WRITE setCaption)

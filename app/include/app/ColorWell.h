@@ -11,8 +11,8 @@ struct Rgb {
   bool operator==(const Rgb&) const = default;
 };
 
-/// Shows a colour. An editable one opens the platform's colour dialog when it is pressed and follows the
-/// dialog's current colour; cancelling the dialog brings the former colour back exactly.
+/// Shows a colour. An editable one opens the platform's colour dialog when pressed and follows the dialog's
+/// current colour; cancelling restores the former colour exactly.
 class ColorWell : public QAbstractButton {
   Q_OBJECT
   Q_PROPERTY(QColor color READ color WRITE setColor)
@@ -26,7 +26,7 @@ class ColorWell : public QAbstractButton {
   /// Invalid while the well shows no colour.
   QColor color() const;
   void setColor(const QColor& color);
-  /// Shows no colour until the next one is set.
+  /// Shows no colour until one is set.
   void clear();
 
   bool isEditable() const { return editable_; }
@@ -35,7 +35,7 @@ class ColorWell : public QAbstractButton {
   QSize sizeHint() const override { return {44, 22}; }
 
  signals:
-  /// The user has chosen a colour, or gone back to the former one.
+  /// The user has chosen a colour, or cancelled.
   void picked();
 
  protected:
@@ -43,7 +43,7 @@ class ColorWell : public QAbstractButton {
 
  private:
   void chooseColor();
-  /// On the screen, and to screen readers, which read the colour as part of the name.
+  /// Updates the well and its accessible name, which includes the colour.
   void showColor();
   void pick(const Rgb& rgb);
 

@@ -3,18 +3,16 @@
 #include <optional>
 #include <string>
 
-/// What has to be known of the display before the toolkit looks at it, which would abort or hang where there
-/// is none.
+/// Checks of the display before Qt uses it: without a display Qt would abort or hang.
 namespace quorvane {
 
-/// Why no window can be opened here, as one line, or nothing if one can be tried. Goes by the environment, as
-/// the toolkit does, and asks an X server for GLX; ends the process with a line and status 1 where the server
-/// does not answer within four seconds. To be called before the application object is made.
+/// Why no window can be opened here, as one line; empty if one can be tried. Uses the environment as Qt does,
+/// and asks an X server for GLX; if the server does not answer within four seconds, ends the process with a
+/// line and status 1. Call it before the application object is created.
 std::optional<std::string> whyNoWindow();
 
-/// Turns what the toolkit says while it starts into one line and status 1 where it gives up, which would
-/// abort the process otherwise. To live until the application object is there; what was said meanwhile then
-/// goes to the log.
+/// Replaces Qt's messages and abort during a failed start by one line and status 1. Must live until the
+/// application object exists; earlier messages then go to the log.
 class QuietStart {
  public:
   QuietStart();

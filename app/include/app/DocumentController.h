@@ -16,25 +16,24 @@ namespace quorvane {
 class GraphicalLatticeModelGL;
 class RunController;
 
-/// Opens and saves the system as a document. Remembers the folder of the last one, and the kept work that is
-/// offered.
+/// Opens and saves the system as a document. Remembers the folder of the last document and the kept work that
+/// it offers.
 class DocumentController : public QObject {
   Q_OBJECT
 
  public:
-  /// All outlive the controller. Connects its buttons with their handlers. window: its title and path name
-  /// the document.
+  /// All outlive the controller. Connects its buttons. window: its title and file path name the document.
   DocumentController(QMainWindow& window, Ui::MainWindow& ui, RunController& run);
 
   void buttonOpenSystemClicked();
   void buttonSaveSystemClicked();
 
-  /// Tells of work that an earlier window has kept in a file, and of others beside it, and lets Open begin
+  /// Reports a file with work kept by an earlier window, and whether there are more, and makes Open start
   /// with that file.
   void offerKeptWork(const QString& path, int others);
 
  signals:
-  /// There is a system, by Open; also of a document that was cut short.
+  /// A system was opened, possibly from an incomplete document.
   void systemStarted();
   /// The system was saved as this document.
   void systemSaved(const std::string& document);

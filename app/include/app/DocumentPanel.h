@@ -11,8 +11,7 @@ namespace quorvane {
 
 class DocumentPreview;
 
-/// The panel in which the user chooses a document to open, with a preview of what the model would open. Reads
-/// no file but the chosen document.
+/// The panel for choosing a document to open, with a preview. Reads only the chosen document.
 class DocumentPanel : public NamedFilesPanel {
   Q_OBJECT
 

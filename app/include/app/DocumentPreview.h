@@ -15,20 +15,21 @@ namespace quorvane {
 
 struct ParsedDocument;
 
-/// Shows of a document what opening it would bring, without opening it: the lattice, sizes, pixel types with
-/// their colours and rules, or the line that opening would say. Reads what opening would
-/// read and makes no draws. Texts and picture are for reading only, by a screen reader too.
+/// Previews a document without opening it: the lattice, sizes, pixel types with their colours and rules, or
+/// the message that opening would give. Reads as much as opening would and makes no draws. Texts and picture
+/// are accessible to screen readers.
 class DocumentPreview : public QWidget {
   Q_OBJECT
 
  public:
-  /// model: the one that would open the document, which outlives the preview; what its rows hold counts.
+  /// model: the model that would open the document; it outlives the preview, and the entries in its rows
+  /// count.
   explicit DocumentPreview(const LatticeModel& model, QWidget* parent = nullptr);
 
-  /// Shows a document as soon as nothing else waits, so that a list can be walked quickly; until then, and
-  /// for an empty path or no document, nothing.
+  /// Shows a document once the event queue is empty, so that keys can move quickly through a list; shows
+  /// nothing until then, and for an empty path or a file that is not a document.
   void show(const QString& path);
-  /// The document that is shown; empty while there is none.
+  /// The path of the document that is shown; empty if there is none.
   const QString& shown() const { return shown_; }
 
  private:

@@ -7,9 +7,9 @@ namespace quorvane {
 
 /// A slider with a real value, on a linear or a logarithmic knob.
 ///
-/// A value set from code is kept exactly, also outside the range, where the knob stands at the end; it is
-/// rounded to a knob position only when the user moves the knob. Arrow keys move by about a hundredth of the
-/// range, with Shift by one knob position; page keys and the wheel move by more.
+/// A value set from code is kept exactly, also outside the range, where the knob is at the end; it is rounded
+/// to a knob position only when the user moves the knob. Arrow keys move by about a hundredth of the range,
+/// with Shift by one knob position; page keys and the wheel move by more.
 class DoubleSlider : public QSlider {
   Q_OBJECT
   Q_PROPERTY(double minimumValue READ minimumValue WRITE setMinimumValue)
@@ -26,8 +26,8 @@ class DoubleSlider : public QSlider {
   /// The value truncated toward zero.
   int intValue() const { return static_cast<int>(value_); }
   void setValue(double value);
-  /// Moves to a value as the user moves the knob, but keeps it exactly: it is limited to the range, and to
-  /// whole numbers where no decimals are shown. No effect with a NaN.
+  /// Sets a value as the user does, but exactly: it is only limited to the range, and rounded to a whole
+  /// number if no decimals are shown. No effect for NaN.
   void moveTo(double value);
 
   double minimumValue() const { return minimum_; }
@@ -35,23 +35,23 @@ class DoubleSlider : public QSlider {
   double maximumValue() const { return maximum_; }
   void setMaximumValue(double maximum);
 
-  /// Knob positions in each unit of a linear range: 1000 lets the user reach multiples of 0.001.
+  /// Knob positions per unit of a linear range: 1000 lets the user reach multiples of 0.001.
   int stepsPerUnit() const { return stepsPerUnit_; }
   void setStepsPerUnit(int steps);
   /// Digits after the decimal point in valueShown; 0 shows a whole number with the locale's separators.
   int decimals() const { return decimals_; }
   void setDecimals(int decimals);
-  /// A logarithmic range must be positive; the user reaches values of two significant digits on it.
+  /// A logarithmic range must be positive; on it the user reaches values of two significant digits.
   bool isLogarithmic() const { return logarithmic_; }
   void setLogarithmic(bool logarithmic);
 
-  /// Emits valueShown, for a label that has been connected since the value was set.
+  /// Emits valueShown, for a label that is connected after the value was set.
   void showValue();
 
  signals:
   /// The user has moved the knob.
   void moved(double value);
-  /// The value has changed, by the user or by code; for a label beside the slider.
+  /// The value has changed, by the user or by code; for a label that shows it.
   void valueShown(const QString& text);
 
  protected:

@@ -4,7 +4,7 @@
 
 namespace quorvane {
 
-/// A pop-up list whose chosen title ends in an ellipsis where there is no room.
+/// A combo box that elides the chosen title if it does not fit.
 class ElidedComboBox : public QComboBox {
   Q_OBJECT
 

@@ -4,8 +4,8 @@
 
 namespace quorvane {
 
-/// A one-line plain text label that ends in an ellipsis where there is no room, and shows the whole text in
-/// its tool tip then. Its text never asks the layout for room.
+/// A one-line plain text label that elides its text if it does not fit, and then shows it whole in its tool
+/// tip. Its text does not affect the layout.
 class ElidedLabel : public CaptionedLabel {
   Q_OBJECT
 

@@ -5,10 +5,10 @@
 
 namespace quorvane {
 
-/// Tells the main thread of a signal that asks the program to end: see process/StopSignals.h. Make one and
-/// keep it.
+/// Signals the main thread when the program is asked to end: see process/StopSignals.h. Create one and keep
+/// it.
 ///
-/// It tells between two events, also while a panel is open, so a save is never cut short.
+/// The signal is emitted between events, also while a panel is open, so it never interrupts a save.
 class EndSignals : public QObject {
   Q_OBJECT
 

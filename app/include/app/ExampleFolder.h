@@ -10,11 +10,11 @@ namespace quorvane {
 /// programFolder: where the program's file lies, absolute.
 QString exampleFolder(const QString& programFolder);
 
-/// That of the running program.
+/// The same for the running program.
 QString exampleFolder();
 
-/// Where to save: the folder, or the current one where none is given, or the examples', which are for
-/// reading, or that of kept work, which goes in the end.
+/// The folder in which saving starts: the given one, or the current folder if there is none or if it is the
+/// examples', which are read-only, or that of kept work, whose files are removed.
 QString folderToSaveIn(const QString& folder);
 
 }  // namespace quorvane

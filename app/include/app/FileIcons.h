@@ -6,10 +6,10 @@
 
 namespace quorvane {
 
-/// Icons and kinds for lists of files by what the folder says of them. Qt's own provider opens files to find
-/// out what they hold, which takes long on a network and for ever on some files of a system.
+/// Icons and kinds for lists of files, from directory entries only. Qt's own provider opens files to find
+/// their types, which is slow on a network and can block on special files.
 ///
-/// Made on the main thread; answers on any.
+/// Create it on the main thread; it may be used on any.
 class FileIcons : public QObject, public QAbstractFileIconProvider {
   Q_OBJECT
 

@@ -6,13 +6,13 @@
 
 namespace quorvane {
 
-/// Stands where the lattice view was while the view fills the screen, and says where it is and how it comes
+/// Takes the place of the lattice view while that fills the screen, and says where it is and how to bring it
 /// back.
 class FullScreenNote : public QLabel {
   Q_OBJECT
 
  public:
-  /// The view must stand in its window and outlive the note, which gets the same parent.
+  /// The view must be in its window and outlive the note, which gets the same parent.
   explicit FullScreenNote(GraphicalLatticeModelGL& view);
 
  protected:

@@ -8,26 +8,27 @@
 
 namespace quorvane {
 
-/// The one copy of unsaved work that a window has in the folder of kept work. It stays when the object goes.
+/// The copy of unsaved work of one window, in the folder of kept work. The file stays when the object is
+/// destroyed.
 class KeptCopy {
  public:
-  /// An empty folder is one that is not known.
+  /// folder: empty if it is unknown.
   explicit KeptCopy(std::filesystem::path folder) : folder_(std::move(folder)) {}
   ~KeptCopy();
   KeptCopy(const KeptCopy&) = delete;
   KeptCopy& operator=(const KeptCopy&) = delete;
 
-  /// Writes a document under the present date and time, and then removes the former copy. On failure that one
+  /// Writes a document under the current date and time, then removes the former copy. On failure that one
   /// stays.
   SaveResult write(std::string_view document);
 
-  /// Removes the copy, unless it is no longer the file that was written here.
+  /// Removes the copy, unless its path no longer leads to the file that was written here.
   void discard();
 
-  /// Leaves the copy as it is, as that of a window that is gone. The next one replaces nothing.
+  /// Releases the copy, which then counts as that of a closed window. The next one does not replace it.
   void leave();
 
-  /// True while the file that was written last is where it was.
+  /// True while the path still leads to the file that was written last.
   bool isThere() const;
 
   const std::filesystem::path& folder() const { return folder_; }
@@ -36,7 +37,7 @@ class KeptCopy {
 
  private:
   std::filesystem::path folder_, path_;
-  int file_ = -1;  // open as long as the copy is ours, so that nobody else's file gets its number
+  int file_ = -1;  // kept open, so that no other file gets its inode number
 };
 
 }  // namespace quorvane

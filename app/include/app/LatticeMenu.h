@@ -13,9 +13,9 @@ class GraphicalLatticeModelGL;
 
 /// The lattice view's context menu: one sweep, and its picture to the clipboard or into a file.
 ///
-/// It opens by the right button and, while the view has the keyboard, by the menu key and Shift+F10; not
-/// during a stroke. Its shortcuts work in the whole window, and in the view while that fills the screen,
-/// where the control that has the keyboard has no use of its own for them. Main thread only.
+/// Opens by the right button and, while the view has the focus, by the menu key and Shift+F10; not during a
+/// stroke. Its shortcuts work in the whole window, and in the view in full screen, unless the focused control
+/// uses the keys itself. Main thread only.
 class LatticeMenu : public QObject {
   Q_OBJECT
 
@@ -24,13 +24,13 @@ class LatticeMenu : public QObject {
   LatticeMenu(QMainWindow& window, GraphicalLatticeModelGL& view);
 
  signals:
-  /// One sweep has been made.
+  /// A sweep was made.
   void sweepMade();
-  /// One line for the user about what was done, or why it was not.
+  /// One line for the user about the result.
   void told(const QString& message);
 
  protected:
-  /// Leaves the keys of a slider to it.
+  /// Leaves a slider its own keys.
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:

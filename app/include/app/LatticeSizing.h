@@ -8,8 +8,8 @@ struct LatticeSize {
   bool operator==(const LatticeSize&) const = default;
 };
 
-/// The lattice that fills a view of a width and height in points at a density in sites for each 502 points of
-/// width: at most 254 sites along either side, where the other side follows the view's shape, at least 1.
+/// The lattice that fills a view of a size in points at a density in sites per 502 points of width: 1 to 254
+/// sites along each side; if one side is limited, the other follows the view's shape.
 LatticeSize latticeSize(double width, double height, int density);
 
 }  // namespace quorvane

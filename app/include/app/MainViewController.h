@@ -12,10 +12,10 @@
 
 namespace quorvane {
 
-/// The main window's controller: every operation of the window under one name. Four controllers carry them
-/// out, each with its own controls: it hands every edit to the model, and reads the model back into the
-/// controls. None holds data of its own but where documents are or were last. Setting a control from code
-/// runs no handler; only a user's action does. Main thread only.
+/// The main window's controller, with every operation of the window under one name. Four controllers
+/// implement them, each for its own controls: it writes every edit to the model and refreshes the controls
+/// from the model. They hold no data except the location of documents. Setting a control from code calls no
+/// handler; only user actions do. Main thread only.
 class MainViewController : public QObject {
   Q_OBJECT
 
@@ -25,7 +25,7 @@ class MainViewController : public QObject {
 
   /// The start values of the controls. No model yet: Initialise or Open makes one.
   void awakeFromNib() { run_.awakeFromNib(); }
-  /// Puts the panel into its initialised state; there is a model from now on.
+  /// Puts the panel into its initialised state, after which there is always a model.
   void awakenControls() { run_.awakenControls(); }
 
   // The model's controls.
@@ -42,7 +42,7 @@ class MainViewController : public QObject {
   // Documents.
   void buttonOpenSystemClicked() { documents_.buttonOpenSystemClicked(); }
   void buttonSaveSystemClicked() { documents_.buttonSaveSystemClicked(); }
-  /// Tells of work that an earlier window has kept in a file, and of others beside it, and lets Open begin
+  /// Reports a file with work kept by an earlier window, and whether there are more, and makes Open start
   /// with that file.
   void offerKeptWork(const QString& path, int others) { documents_.offerKeptWork(path, others); }
 
@@ -85,11 +85,11 @@ class MainViewController : public QObject {
   void checkSelectedRuleDisabledChanged() { rules_.checkSelectedRuleDisabledChanged(); }
   void checkSelectedRuleIgnoreEnergyChanged() { rules_.checkSelectedRuleIgnoreEnergyChanged(); }
 
-  /// Hands names over that were typed and not yet handed to the model.
+  /// Applies typed names that are not in the model yet.
   void commitTypedNames();
 
  signals:
-  /// There is a system, by Initialise or Open.
+  /// A system was made, by Initialise or Open.
   void systemStarted();
   /// The system was saved as this document.
   void systemSaved(const std::string& document);

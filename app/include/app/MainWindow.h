@@ -15,7 +15,7 @@ class FontFit;
 class ScreenFit;
 class ScrollingPanels;
 
-/// The application's only window, with its controls, its model and its controller. Closing it ends every run.
+/// The application's only window, with its controls, model and controller. Closing it ends every run.
 class MainWindow : public QMainWindow {
   Q_OBJECT
 
@@ -26,7 +26,7 @@ class MainWindow : public QMainWindow {
   GraphicalLatticeModelGL& model();
   MainViewController& controller() { return *controller_; }
   const PopulationPlot& plot() const { return *plot_; }
-  /// Enough to see everything at once, as far as the screen allows it.
+  /// The size at which everything is visible, limited by the screen.
   QSize minimumSizeHint() const override { return minimumSize(); }
 
  protected:

@@ -5,30 +5,30 @@
 
 namespace quorvane {
 
-/// The editable name of one item of a list. Knows which item it shows, so that an edit goes to that item also
-/// where another one has been chosen meanwhile. Shows and takes printable ASCII only.
+/// The editable name of one item of a list. Remembers which item it shows, so that an edit goes to that item
+/// even if another has been chosen since. Shows and accepts printable ASCII only.
 class NameField : public QLineEdit {
   Q_OBJECT
 
  public:
   explicit NameField(QWidget* parent = nullptr);
 
-  /// Shows the name of an item from its beginning. Where the user is in the field and the name is what it
-  /// shows already, the cursor stays.
+  /// Shows the name of an item from its beginning. If the field has the focus and already shows this name,
+  /// the cursor does not move.
   void showName(int item, const std::string& name);
-  /// Shows the name of no item.
+  /// Shows no name.
   void clearName();
 
   /// The item whose name is shown, -1 for none.
   int item() const { return item_; }
-  /// True while the text is another than the name shown: an edit that was taken back is none, and assistive
-  /// programs edit without a key press.
+  /// True if the text differs from the name shown. Not a record of key presses: an undone edit is none, and
+  /// assistive technology edits without keys.
   bool isEdited() const { return text() != shown_; }
-  /// Reports an edit that is not finished yet as if it were, by nameEdited.
+  /// Emits nameEdited for an unfinished edit.
   void commit();
 
  signals:
-  /// The user has edited the name and finished with Return or by leaving the field.
+  /// The user has finished an edit, by Return or by leaving the field.
   void nameEdited();
 
  private:

@@ -11,32 +11,32 @@ QT_END_NAMESPACE
 
 namespace quorvane {
 
-/// Qt's own modal panel for files, on every desktop, with room for more beside its list. Has home and the
-/// examples' folder at its side. Lists files by their names and kinds, and reads none.
+/// Qt's own modal file panel, on every desktop, with room for more widgets beside its list and with home and
+/// the examples' folder in its side bar. Lists files by name and kind, and reads none.
 class NamedFilesPanel : public QFileDialog {
   Q_OBJECT
 
  public:
   ~NamedFilesPanel() override;
 
-  /// Runs the panel. The path, or an empty string if the user has cancelled.
+  /// Runs the panel. Returns the path, or an empty string if cancelled.
   QString choose();
 
  protected:
-  /// Begins in a folder; in the user's home where it is gone. placeholder: some empty folder, which has to
-  /// exist until the constructor returns.
+  /// Starts in a folder, or in the user's home if it is gone. placeholder: an empty folder that exists until
+  /// the constructor returns.
   NamedFilesPanel(QWidget* parent, const QString& title, const QString& folder,
                   const QTemporaryDir& placeholder = QTemporaryDir());
 
   enum class PlaceAt { kTop, kBottom };
-  /// Adds a folder to those at the side.
+  /// Adds a folder to the side bar.
   void addPlace(const QString& folder, PlaceAt end);
 
-  /// The field with the name.
+  /// The field for the name.
   QLineEdit& name() const { return *name_; }
-  /// The path that the name in the field means, empty where there is none.
+  /// The path of the name in the field, empty if there is none.
   QString pathMeant() const;
-  /// Ends the panel with a path.
+  /// Closes the panel with a path.
   void acceptPath(const QString& path);
 
  private:

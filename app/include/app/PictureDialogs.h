@@ -12,19 +12,19 @@ namespace quorvane {
 
 class GraphicalLatticeModelGL;
 
-/// Takes the lattice's picture out of the window, as drawLattice makes it: whole sites, whatever the size of
-/// the view. Main thread only; a run goes on meanwhile.
+/// Copies and saves the lattice's picture as drawLattice makes it: whole sites, whatever the size of the
+/// view. Main thread only; also during a run.
 class PictureDialogs {
   Q_DECLARE_TR_FUNCTIONS(PictureDialogs)
 
  public:
-  /// window: names the document, by its windowFilePath. Both must outlive it.
+  /// window: its windowFilePath names the document. Both must outlive it.
   PictureDialogs(const QWidget& window, GraphicalLatticeModelGL& view) : window_(window), view_(view) {}
 
-  /// Puts the picture on the clipboard, at the pixels a site of the picture that was saved last. Says so.
+  /// Copies the picture to the clipboard, at the scale of the picture saved last. Reports it in a line.
   QString copyPicture() const;
-  /// Asks for a file and the pixels a site and writes a PNG of the moment after, with the sweeps done, the
-  /// document and the program as text fields. No line where the user has cancelled.
+  /// Asks for a file and a scale, then writes a PNG of the current lattice, with the sweeps done, the
+  /// document and the program as text fields. No line if the user cancels.
   WriteResult savePicture();
 
  private:

@@ -19,20 +19,20 @@ class PixelTypeController : public QObject {
   Q_OBJECT
 
  public:
-  /// Both outlive the controller. Connects the panel's controls with their handlers. rules: shows names and
-  /// colours of pixel types too.
+  /// Both outlive the controller. Connects the panel's controls. rules: also shows names and colours of pixel
+  /// types.
   PixelTypeController(Ui::MainWindow& ui, RuleController& rules);
 
   /// The panel before there is a system.
   void showNoSystem();
   /// Selects the first pixel type in each list.
   void selectFirstItems();
-  /// Enables what is of use as soon as there is a system.
+  /// Enables the controls that need a system.
   void enableControls();
-  /// How many pixel types a system has, or the next one will have.
+  /// The number of pixel types of the system, or of the one that Initialise will make.
   void showNumPixelTypes(int numTypes);
 
-  /// Fills every list of pixel types in the window anew, and keeps what is selected.
+  /// Refills every list of pixel types in the window and keeps the selections.
   void refreshPixelLists();
   void refreshSelectedPaintTool();
   void refreshSelectedPixel();

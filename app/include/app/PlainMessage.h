@@ -4,13 +4,12 @@
 
 class QWidget;
 
-/// Modal questions and answers of one line, shown as it stands: a file may be named like a piece of rich
-/// text.
+/// Modal one-line messages and questions in plain text: a file name may look like rich text.
 namespace quorvane {
 
 void warn(QWidget* parent, const QString& title, const QString& line);
 
-/// True if the user says yes; no is what Return says.
+/// True if the user answers yes; the default is no.
 bool confirm(QWidget* parent, const QString& title, const QString& question);
 
 }  // namespace quorvane

@@ -9,19 +9,19 @@ namespace quorvane {
 
 class PopulationPlot;
 
-/// The plot's context menu, which saves what is plotted.
+/// The plot's context menu, which saves the plotted points.
 ///
-/// It opens by the right button, and by the menu key and Shift+F10 once the Tab key has gone to the plot.
-/// Main thread only.
+/// Opens by the right button and, while the plot has the focus, by the menu key and Shift+F10. Main thread
+/// only.
 class PlotMenu : public QObject {
   Q_OBJECT
 
  public:
-  /// view: shows the plot; the keyboard can come to it. All must outlive it.
+  /// view: shows the plot and gets a focus policy. All must outlive it.
   PlotMenu(QWidget& view, const PopulationPlot& plot);
 
  signals:
-  /// One line for the user about what was done, or why it was not.
+  /// One line for the user about the result.
   void told(const QString& message);
 
  private:

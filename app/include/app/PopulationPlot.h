@@ -9,10 +9,9 @@
 
 namespace quorvane {
 
-/// Feeds a plot view with the shares of the lattice's sites that two pixel types hold.
+/// Feeds a plot view with the shares of sites that two pixel types hold.
 ///
-/// The sites of all types are kept for the last kMaxPoints points, so that the types shown can be exchanged
-/// at any time.
+/// Records the sites of all types for the last kMaxPoints points, so that other types can be shown later.
 class PopulationPlot {
  public:
   static constexpr int kMaxPoints = GraphicalPlot::kMaxPoints;
@@ -22,18 +21,18 @@ class PopulationPlot {
 
   /// Counts the lattice's sites and appends a point.
   void addPoint();
-  /// As addPoint, if the model runs: for frames, which are also drawn of a model that stands still.
+  /// As addPoint, but only while the model runs: frames are also drawn of a stopped model.
   void record();
-  /// Forgets every point.
+  /// Removes all points.
   void startAnew();
-  /// Shows the shares of one type in red and of another in green; -1 shows none, at 0.
+  /// Shows the share of one type in red and of another in green; -1 shows 0.
   void showTypes(int red, int green);
 
   int numPoints() const { return numPoints_; }
   /// The share of a type at a point, 0 to 1; point 0 is the oldest.
   double share(int type, int point) const;
-  /// The points as a table of sweeps and sites, oldest first, with a column for each type that there is now;
-  /// points from before a type was added hold 0 for it.
+  /// The points as a table of sweeps and sites, oldest first, with a column for each present type; points
+  /// from before a type was added have 0 for it.
   std::string csv() const;
 
  private:

@@ -4,15 +4,15 @@
 #include <QValidator>
 #include <string>
 
-/// Names as the window shows and takes them: printable ASCII, blank to tilde. A document holds nothing else
-/// that can be seen, and a save must not fail on a name typed here.
+/// Names as the window shows and accepts them: printable ASCII, from blank to tilde. Documents are ASCII, and
+/// a save must not fail because of a typed name.
 namespace quorvane {
 
-/// The text without every other character, such as the carriage return that a document of another system
-/// leaves behind each name.
+/// The text without other characters, such as the carriage return that Windows line endings leave after each
+/// name.
 QString printableText(const std::string& text);
 
-/// Lets a field take nothing else.
+/// Restricts a field to such text.
 QValidator* newPrintableValidator(QObject* parent);
 
 }  // namespace quorvane

@@ -4,7 +4,7 @@
 
 namespace quorvane {
 
-/// A text field whose prompt is ordinary text, which a first click selects so that typing replaces it.
+/// A text field with a prompt as ordinary text; the first click selects it, so that typing replaces it.
 class PromptEdit : public QLineEdit {
   Q_OBJECT
   Q_PROPERTY(QString prompt READ prompt WRITE setPrompt)

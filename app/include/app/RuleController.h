@@ -20,7 +20,7 @@ class RuleController : public QObject {
   Q_OBJECT
 
  public:
-  /// ui outlives the controller. Connects the panel's controls with their handlers.
+  /// ui outlives the controller. Connects the panel's controls.
   explicit RuleController(Ui::MainWindow& ui);
   ~RuleController() override;
 
@@ -28,10 +28,10 @@ class RuleController : public QObject {
   void showNoSystem();
   /// Selects the first item of each list that names rules or pixel types.
   void selectFirstItems();
-  /// Enables what is of use as soon as there is a system.
+  /// Enables the controls that need a system.
   void enableControls();
 
-  /// Fills the lists of pixel types anew and keeps what is selected.
+  /// Refills the lists of pixel types and keeps the selections.
   void refreshPixelLists();
   void refreshRuleList();
   void noSelectedRule();

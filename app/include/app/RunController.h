@@ -14,22 +14,22 @@ class GraphicalLatticeModelGL;
 class PixelTypeController;
 class RuleController;
 
-/// The controls that make, size, run, stop and speed the model, and show it in full screen. Knows when there
-/// is a system, and with it the whole panel's state.
+/// The controls that make, size, run, stop and speed up the model, and show it in full screen. Sets which
+/// controls of the whole panel are enabled, depending on whether there is a system.
 class RunController : public QObject {
   Q_OBJECT
 
  public:
-  /// All outlive the controller. Connects its controls with their handlers.
+  /// All outlive the controller. Connects its controls.
   RunController(Ui::MainWindow& ui, PixelTypeController& pixelTypes, RuleController& rules);
 
   /// The start values of the controls. No model yet: Initialise or Open makes one.
   void awakeFromNib();
-  /// Puts the panel into its initialised state; there is a model from now on.
+  /// Puts the panel into its initialised state, after which there is always a model.
   void awakenControls();
-  /// Shows what a document holds in the controls that would have made it.
+  /// Shows the values of an opened document in the controls of Initialise.
   void showSize(int numTypes, int density);
-  /// Gives the focus to Run or Stop, whichever is enabled: it is what the user wants next.
+  /// Gives the focus to Run or Stop, whichever is enabled, as the likely next step.
   void focusRunOrStop();
 
   void stepperChanged();
@@ -43,7 +43,7 @@ class RunController : public QObject {
   void EnterFullScreen();
 
  signals:
-  /// There is a system, by Initialise.
+  /// A system was made by Initialise.
   void systemStarted();
 
  private:

@@ -12,20 +12,20 @@ struct SuggestedFile {
   QString folder, baseName;
 };
 
-/// A result of a document: its name, in the folder that was used last or else the document's. Where there is
-/// no document, a name of that kind of result.
+/// A suggestion for a result of the document: the document's name, in the last used folder or else in the
+/// document's. Without a document, the name of that kind of result.
 SuggestedFile suggestedFile(const QString& lastFolder, const QString& document, const QString& otherwise);
 
 /// Asks for the name of a file of one kind.
 ///
-/// The name gets the kind's extension where it has another or none, before the panel asks whether a file of
-/// that name may be replaced. A folder, a device and a pipe are refused in one line: writing to a pipe may
-/// wait for ever.
+/// The name gets the extension of the kind if it has another or none, before the panel asks whether to
+/// replace an existing file. Folders, devices and pipes are refused in one line: writing to a pipe may block
+/// for ever.
 class SavePanel : public NamedFilesPanel {
   Q_OBJECT
 
  public:
-  /// kind: what the filter calls such files. suffix: without the dot.
+  /// kind: the name of the kind of file in the filter. suffix: without the dot.
   SavePanel(QWidget* parent, const QString& title, const SuggestedFile& suggested, const QString& kind,
             const QString& suffix);
 
@@ -41,16 +41,16 @@ class SavePanel : public NamedFilesPanel {
   QString suffix_;
 };
 
-/// What became of a file, and the line that says so.
+/// The outcome of writing a file, and the line that reports it.
 struct WriteResult {
   bool saved = false;
   QString line;
 };
 
-/// The line that says why a file was not saved.
+/// The line that reports why a file was not saved.
 QString notSaved(const QString& path, const QString& reason);
 
-/// Replaces a file whole, or leaves it as it was.
+/// Replaces a file completely, or does not change it.
 WriteResult writeResult(const QString& path, std::string_view content);
 
 }  // namespace quorvane

@@ -10,22 +10,22 @@
 
 namespace quorvane {
 
-/// One line about the run: its state, the sweeps done, sweeps a second and the lattice's size, or what to do
-/// where there is no model yet. Follows the model four times a second. A message stands behind them, in place
-/// of the rate, until the user does the next thing in any window of the application, or for ten seconds.
+/// One line about the run: its state, sweeps done, sweeps per second and the lattice's size, or what to do if
+/// there is no model yet. Updated four times a second. A message follows them, in place of the rate, until
+/// the user's next action in any window of the application, or for ten seconds.
 class StatusLine : public ElidedLabel {
   Q_OBJECT
 
  public:
   explicit StatusLine(QWidget* parent = nullptr);
 
-  /// The model to follow, which outlives the line or its last event.
+  /// model: outlives the line or its last event.
   void follow(const LatticeModel& model);
   /// Shows the state of the model at once.
   void refresh();
-  /// Shows a line behind the figures.
+  /// Shows a message after the state.
   void showMessage(const QString& message);
-  /// The same, however long it takes until the user does the next thing.
+  /// The same without the time limit.
   void showNotice(const QString& message);
   void clearMessage();
 
@@ -48,7 +48,7 @@ class StatusLine : public ElidedLabel {
   QTimer timer_;
   QTimer messageTimer_;
   QElapsedTimer clock_;
-  /// The last second and a quarter of the run, oldest first; the rate is taken over all of them.
+  /// Samples of the last 1.25 seconds of the run, oldest first, for the rate.
   std::array<Sample, 6> samples_{};
   std::size_t numSamples_ = 0;
 };

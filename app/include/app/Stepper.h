@@ -4,7 +4,7 @@
 
 namespace quorvane {
 
-/// The two arrows of a spin box without its text field. Arrow keys, page keys and the wheel step it too.
+/// The two arrows of a spin box without its text field. Arrow keys, page keys and the wheel work too.
 class Stepper : public QSpinBox {
   Q_OBJECT
 

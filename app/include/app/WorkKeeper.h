@@ -12,12 +12,11 @@ namespace quorvane {
 
 class MainWindow;
 
-/// Keeps the work in a window that was not saved as a document: every two minutes, and when the program ends.
+/// Keeps the unsaved work of a window: every two minutes, and when the program ends.
 ///
-/// Work is a system whose document is another than when it was initialised, opened or saved last. The window
-/// has one copy, which the next one replaces and which goes once everything is saved. Draws nothing and
-/// leaves the system as it is. What cannot be kept is told in one line on standard error, once. Main thread
-/// only.
+/// Work is unsaved if the system's document differs from that of the last Initialise, Open or Save. The
+/// window has one copy, which is replaced each time and removed after a save. Makes no draws and does not
+/// change the system. A failure is reported once, in one line on standard error. Main thread only.
 class WorkKeeper : public QObject {
   Q_OBJECT
 
@@ -28,17 +27,17 @@ class WorkKeeper : public QObject {
   WorkKeeper(MainWindow& window, std::filesystem::path folder, std::chrono::milliseconds period = kPeriod);
   ~WorkKeeper() override;
 
-  /// Tells in the status line what earlier windows have kept and nobody was told of, and lets Open begin
-  /// there.
+  /// Reports kept work of earlier windows that was not reported before in the status line, and makes Open
+  /// start there.
   void tellOfEarlierWork();
 
-  /// Makes the copy what it should be now. True if there is one.
+  /// Updates the copy. True if there is one.
   bool keep();
-  /// The same with names that were typed and not yet handed to the model.
+  /// The same, after applying typed names that are not in the model yet.
   bool keepAtEnd();
 
-  /// Also keeps the work when a signal ends the program, or the toolkit where its display is lost, and tells
-  /// on standard error where. For one keeper of the process.
+  /// Also keeps the work when a signal ends the program or Qt loses its display, and reports the file on
+  /// standard error. For one keeper per process.
   void keepAtSignalsAndExit();
 
   const KeptCopy& copy() const { return copy_; }
@@ -53,8 +52,8 @@ class WorkKeeper : public QObject {
   MainWindow& window_;
   KeptCopy copy_;
   QTimer timer_;
-  std::string saved_;  // the document as the user has it elsewhere, or can have it again
-  std::string kept_;   // what stands in the copy
+  std::string saved_;  // the document of the last Initialise, Open or Save
+  std::string kept_;   // the content of the copy
   bool complained_ = false;
 };
 

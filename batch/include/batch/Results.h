@@ -10,10 +10,10 @@
 
 namespace quorvane {
 
-/// One of the results that a run can be asked for, with all that the command line, the checks before a run
-/// and the run itself need to know of it.
+/// One of the possible results of a run, with everything that the command line, the checks before a run and
+/// the run itself need to know about it.
 struct Result {
-  /// Where it goes; none in a run that is not asked for it.
+  /// The option with its path; none if the result is not requested.
   std::optional<std::filesystem::path> BatchOptions::*target;
   const char* option;
   const char* help;
@@ -23,11 +23,11 @@ struct Result {
   bool mayReplaceDocument = false;  ///< only what can be opened again
 };
 
-/// All of them, in the order in which they are checked and named in messages.
+/// All results, in the order of checks and messages.
 std::span<const Result> allResults();
 
-/// True if a result that fulfils a condition is asked for. The condition is a predicate of a Result that has
-/// a target, or a flag of it.
+/// True if a result that satisfies a condition is requested. condition: a predicate of a Result, or a flag of
+/// it.
 template <typename Condition>
 bool asksFor(const BatchOptions& options, const Condition& condition) {
   const auto results = allResults();

@@ -4,13 +4,13 @@
 
 namespace quorvane {
 
-/// What the system's own errors do not say plainly enough about a file.
+/// Errors of files that the system's own messages do not explain well.
 enum class FileError {
-  kWriteProtected = 1,  ///< an existing file that its permissions protect; is errc::permission_denied
-  kMountPoint,          ///< nothing can take its place; is errc::device_or_resource_busy
-  kNobodyReads,         ///< a pipe without a reader, or whose reader takes nothing; is errc::timed_out
-  kNotRegular,          ///< a pipe or a device where only a file will do; is errc::invalid_argument
-  kTooLarge,            ///< more than a document holds; is errc::file_too_large
+  kWriteProtected = 1,  ///< an existing file without write permission; is errc::permission_denied
+  kMountPoint,          ///< cannot be replaced; is errc::device_or_resource_busy
+  kNobodyReads,         ///< a pipe without a reader, or whose reader does not read; is errc::timed_out
+  kNotRegular,          ///< a pipe or a device instead of a regular file; is errc::invalid_argument
+  kTooLarge,            ///< larger than kMaxDocumentBytes; is errc::file_too_large
 };
 
 /// The error as a code whose message is one line without a path.

@@ -7,12 +7,12 @@
 
 namespace quorvane {
 
-/// The names in a folder, in no order. The standard library's way to read one ends the process where there is
-/// no memory left.
+/// The names in a folder, unsorted. std::filesystem's iterators are not used, since they end the process when
+/// memory runs out.
 std::error_code readFolder(const std::filesystem::path& folder, std::vector<std::string>& names);
 
-/// Waits until the names in a folder are on the disk. One that cannot be synchronised is no failure: what
-/// stands in it is whole in any case.
+/// Synchronises the names in a folder to the disk. Failure is ignored: the files in it are complete in any
+/// case.
 void syncFolder(const std::filesystem::path& folder);
 
 }  // namespace quorvane

@@ -10,42 +10,43 @@
 
 namespace quorvane {
 
-/// A file that grows beside its target and takes the target's place once it is whole.
+/// A file that is written beside its target and replaces it once complete.
 ///
-/// It is named after the target and the process, ".counts.csv.quorvane-4711.partial" beside "counts.csv"; a
-/// target's name is cut where the whole would be too long for the file system. Only its owner may read it
-/// until it is whole. Symbolic links are followed. Other hard links of the target keep the old content. A
-/// device or a pipe has no such file: it is opened once and written to directly. For one thread.
+/// It is named after the target and the process, ".counts.csv.quorvane-4711.partial" beside "counts.csv"; the
+/// target's name is shortened in it if the whole would be too long for the file system. Only its owner may
+/// read it until it is complete. Symbolic links are followed. Other hard links of the target keep the old
+/// content. For a device or a pipe there is no such file: it is opened once and written directly. For one
+/// thread.
 class GrowingFile {
  public:
   explicit GrowingFile(MayWait mayWait = waitForEver) : mayWait_(std::move(mayWait)) {}
-  /// Removes the file unless it took the target's place or is kept.
+  /// Removes the file unless it has replaced the target or is kept.
   ~GrowingFile();
   GrowingFile(const GrowingFile&) = delete;
   GrowingFile& operator=(const GrowingFile&) = delete;
 
-  /// Makes the file, empty. Once only. Fails where the target is write-protected, and where anything shows
-  /// already that would keep the file from taking its place.
+  /// Creates the empty file. Only once. Fails if the target is write-protected, or for any other reason known
+  /// by now that would prevent replacing it.
   std::error_code open(const std::filesystem::path& target);
 
-  /// Hands the text to the system, so that it stays whatever becomes of this process. On failure the file
-  /// holds what it held before.
+  /// Writes the text, unbuffered, so that it survives the process. On failure the file keeps its former
+  /// content.
   std::error_code append(std::string_view text);
 
-  /// Takes the target's place once everything, and then the folder, has reached the disk. The target keeps
-  /// its owner, group and permissions; where this process may not give them to a new file, the text is copied
-  /// into the target once it is safe on the disk. On failure the target is as it was, except that a copy that
-  /// fails half way leaves this file behind with everything.
+  /// Replaces the target after synchronising the file, and then synchronises the folder. The target keeps its
+  /// owner, group and permissions; if this process may not set these on a new file, the text is copied into
+  /// the target once it is safe on the disk. On failure the target is unchanged, except that a copy that
+  /// fails half way leaves this file behind with the whole text.
   std::error_code finish();
 
-  /// True if finish has copied into the target.
+  /// True if finish has copied the text into the target.
   bool wroteInPlace() const { return wroteInPlace_; }
 
-  /// Leaves the file where it is if it does not take the target's place.
+  /// Keeps the file if it does not replace the target.
   void keep() { kept_ = true; }
   bool isKept() const { return kept_; }
 
-  /// Where the file is; empty if there is none, or none any more.
+  /// The path of the file; empty if there is none (any more).
   const std::filesystem::path& partial() const { return partial_; }
 
  private:

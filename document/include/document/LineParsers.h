@@ -3,13 +3,13 @@
 #include <cstdint>
 #include <string_view>
 
-/// What a line of a document reads as, whatever the locale. Leading white space is skipped, the number ends
-/// at the first character that cannot belong to it, and what follows is ignored. No line is an error: one
-/// that does not begin with a number reads as 0.
+/// The value of a line of a document, independent of the locale. Leading white space is skipped, the number
+/// ends at the first character that cannot belong to it, and the rest is ignored. Never an error: a line that
+/// does not begin with a number reads as 0.
 namespace quorvane {
 
 /// The low 32 bits of the whole number at the start of the line: an optional sign and decimal digits. A
-/// number that needs more than 64 bits counts as the nearest one that does not.
+/// number beyond 64 bits is clamped to 64 bits first.
 std::int32_t fileReadINTFromLine(std::string_view line);
 
 /// The real number at the start of the line: an optional sign, decimal digits with an optional full stop, and

@@ -7,10 +7,10 @@
 
 #include "document/ModelDocument.h"
 
-/// A document taken apart, for those who look at one without opening it.
+/// A parsed document, for inspecting one without opening it.
 namespace quorvane {
 
-/// What the text gives of a pixel type: its first numLines fields.
+/// The first numLines fields of a pixel type.
 struct PixelTypeBlock {
   static constexpr int kLines = 9;
   static constexpr int kLinesToColor = 6;
@@ -20,7 +20,7 @@ struct PixelTypeBlock {
   double red = 0, green = 0, blue = 0, persistence = 0, alpha = 0, field = 0;
 };
 
-/// A rule of which the text gives every field.
+/// A complete rule.
 struct RuleBlock {
   SharedName name;
   int disabled = 0, ignoreEnergy = 0, type = 0, endA = 0, endB = 0;
@@ -28,28 +28,28 @@ struct RuleBlock {
   int facNum = 0, facPixel = 0;
 };
 
-/// What stands in a document, as far as its text goes.
+/// The content of a document as far as its text goes.
 struct ParsedDocument {
   std::optional<DocumentHeader> header;
   std::vector<int> sites;             ///< i outer, j inner
   std::vector<PixelTypeBlock> types;  ///< only the last may be incomplete
   std::vector<RuleBlock> rules;
-  /// Where the text ends and what was expected next, if it ends early.
+  /// The position where the text ends early and the value expected there, if so.
   std::optional<std::string> cutShort;
 };
 
-/// What opening a text would give, and what it would say.
+/// What opening a text would result in.
 struct Inspection {
   OpenResult result;
-  ParsedDocument document;  ///< empty where the text is refused
+  ParsedDocument document;  ///< empty if the text is refused
 };
 
-/// Answers as readDocument would for this model, which stays as it is. Makes no draws.
+/// The result that readDocument would give for this model, which is not changed. Makes no draws.
 Inspection inspectDocument(const LatticeModel& model, std::string_view text);
 
-/// Gives a model that nothing has used yet what a view shows of a document with a header right after opening:
-/// sizes, sites, traces and the types' names, colours and transparencies. Makes no draws: where opening would
-/// draw what the text lacks, sites stay black and the types' colours are greys, from black upwards.
+/// Gives an unused model everything that a view shows of a document right after opening: sizes, sites, traces
+/// and the types' names, colours and opacities. Makes no draws: where opening would draw missing values,
+/// sites stay black and the types' colours are greys, starting with black.
 void layOutLattice(LatticeModel& unused, const ParsedDocument& document);
 
 }  // namespace quorvane

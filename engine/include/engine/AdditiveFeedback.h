@@ -9,7 +9,7 @@
 namespace quorvane {
 
 /// The additive feedback generator of glibc's `rand`: r[i] = r[i-3] + r[i-31] modulo 2^32, of which the upper
-/// 31 bits are the value. Its state is its own, so nothing else in the process can disturb it.
+/// 31 bits are the value. The state is private, so other code of the process cannot disturb it.
 class AdditiveFeedback {
  public:
   /// Draws with the position cached in a register; the destructor stores it.

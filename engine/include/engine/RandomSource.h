@@ -12,10 +12,10 @@ namespace quorvane {
 /// A shuffle table of 97 slots in front of the C library's generator (Bays and Durham, ACM Trans. Math.
 /// Software 2, 59, 1976; `ran0` of Press et al., Numerical Recipes, 1986), seeded with 10 at the first draw.
 ///
-/// Yields bit for bit what `srand(10)` and `rand()` would yield through the table. Where the C library's
-/// generator is glibc's, the values come from `AdditiveFeedback`, because other code in the process (a
-/// graphics driver, say) may call `srand` and `rand` too; lookAtPlatform checks this, and where the generator
-/// is another, draws come from `rand` itself.
+/// Equals bit for bit `srand(10)` and `rand()` drawn through the table. If the C library's generator is
+/// glibc's, the values come from `AdditiveFeedback`, because other code in the process (a graphics driver,
+/// for example) may call `srand` and `rand` too; lookAtPlatform checks this. For another generator, draws
+/// come from `rand` itself.
 class RandomSource {
  public:
   static constexpr double maxran = 2147483648.0;
@@ -23,7 +23,7 @@ class RandomSource {
   constexpr RandomSource() = default;
   explicit constexpr RandomSource(PlatformRand platform) : platform_(platform) {}
 
-  /// The next value, 0 to 2^31 - 1 (less where RAND_MAX is less). Seeds the source when it is the first.
+  /// The next value, 0 to 2^31 - 1 (less if RAND_MAX is less). The first call seeds the source.
   std::uint32_t next() {
     start();
     if (!own_) [[unlikely]]
@@ -33,9 +33,8 @@ class RandomSource {
     return stream.nextTimesTwo() >> 1;
   }
 
-  /// Many draws in a row, with the state cached in registers; the destructor stores it. Draws that are made
-  /// elsewhere meanwhile disturb the order, never memory or range. Only for a source that has started and
-  /// drawsItself.
+  /// Consecutive draws with the state cached in registers; the destructor stores it. Concurrent draws
+  /// elsewhere disturb the order, never memory or range. Only for a source that has started and drawsItself.
   class Stream {
    public:
     /// The most draws between two calls of makeRoom.
@@ -70,9 +69,9 @@ class RandomSource {
     std::uint64_t y_;
   };
 
-  /// Finds out whether the platform's generator is the one computed here, if that is not known yet; the first
-  /// draw does so at the latest. Draws nothing from the source. The answer takes longer where other threads
-  /// use the platform's generator, so a program asks before there are any.
+  /// Compares the platform's generator with AdditiveFeedback, unless done already; the first draw does so at
+  /// the latest. Draws nothing from the source. Takes longer while other threads use the platform's
+  /// generator, so programs call it before they start threads.
   void lookAtPlatform();
 
   /// Seeds the source if nothing has been drawn from it yet.
@@ -87,7 +86,7 @@ class RandomSource {
     return static_cast<std::uint32_t>(slotOf(entryOf(2 * y)));
   }
 
-  /// True once the platform's generator has been found to be the one computed here.
+  /// True once the platform's generator was found to equal AdditiveFeedback.
   bool drawsItself() const { return own_; }
 
  private:

@@ -7,7 +7,7 @@
 
 namespace quorvane {
 
-/// Many attempts in a row: the same bits as one call of fModelCycle for each, several times as fast.
+/// Consecutive attempts: the same bits as one call of fModelCycle for each, several times as fast.
 ///
 /// Reads the size, rules, energies and flags at least once in 4096 attempts and compiles them for attempts; a
 /// change that another thread makes takes effect by then, usually within a tenth of a millisecond. Sites and
@@ -18,8 +18,8 @@ class Sweeper {
   explicit Sweeper(const SystemArrays& system);
   ~Sweeper();
 
-  /// imax * jmax + 1 attempts, one more than there are sites, left early when the state is another than the
-  /// given one. Draws for each attempt fRandInt(imax), fRandInt(jmax) and those of fModelCycle.
+  /// imax * jmax + 1 attempts, ended early if the state differs from the given one. Draws per attempt:
+  /// fRandInt(imax), fRandInt(jmax) and those of fModelCycle.
   void sweep(const Relaxed<std::int32_t>& state, std::int32_t whileState);
 
  private:

@@ -6,7 +6,7 @@
 
 namespace quorvane {
 
-/// The arrays that say what happens to a site: the arguments of fModelCycle with these names.
+/// The arrays that determine an attempt: the arguments of fModelCycle with these names.
 struct RuleArrays {
   const PerRuleInt& ruleType;
   const PerRuleInt& ruleDisabled;

@@ -5,8 +5,8 @@
 
 #include "engine/RandomSource.h"
 
-/// The process-wide random number source. Every random draw of the system goes through it, so a result is
-/// reproducible as long as every caller draws in its documented order.
+/// The process-wide random number source. Every draw of the system uses it, so results are reproducible as
+/// long as every caller draws in its documented order.
 ///
 /// The source is seeded with a fixed value at the first draw of the process and never again: two fresh
 /// processes draw the same sequence, which with glibc begins 0.32136549381539226, 0.84746248042210937,

@@ -5,15 +5,15 @@
 /// How a site is drawn, the same in the view and in pictures.
 namespace quorvane {
 
-/// The square of a site, relative to where sites are drawn at a spacing. The first square of a row or column
-/// starts at the inset and each next one a spacing further; a square ends at start + spacing + reach.
+/// The extent of a site's square along an axis. The first square of a row or column starts at the inset, each
+/// further one a spacing later; a square ends at start + spacing + reach.
 struct SiteSquare {
   int inset;
   int reach;
 };
 
-/// spacing: of neighbouring sites, in points or pixels. Above 8 a line of 2 stays free between squares; up to
-/// there a square overlaps the next by 1, so that no seam shows.
+/// spacing: of neighbouring sites, in points or pixels. Above 8 there is a gap of 2 between squares; up to 8
+/// a square overlaps the next by 1, to avoid seams.
 constexpr SiteSquare siteSquare(double spacing) {
   constexpr double largestWithoutLines = 8.0;
   constexpr int line = 2, overlap = 1;
@@ -21,7 +21,7 @@ constexpr SiteSquare siteSquare(double spacing) {
   return {.inset = 0, .reach = overlap};
 }
 
-/// The colour of a pixel type, in single precision as OpenGL takes it, and what its alpha is made of.
+/// The colour of a pixel type in single precision, for OpenGL, with its opacity and largest trace.
 struct TypeInk {
   float red, green, blue;
   double largestTrace, opacity;

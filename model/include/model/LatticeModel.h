@@ -11,15 +11,15 @@
 
 namespace quorvane {
 
-/// Whether sweeps update the display traces, which take no part in what happens on the lattice.
+/// Whether sweeps update the display traces, which do not affect the lattice.
 enum class Traces { kUpdated, kLeftAlone };
 
-/// A whole system and everything that can be done to it, without a window.
+/// A whole system with all its operations, without a window.
 ///
-/// The object is several megabytes large: make it on the heap. All operations belong to the main thread, but
-/// runLatticeModel, which blocks the thread that calls it; the main thread may use every other operation
-/// while it runs. Indices are not checked: callers keep pixel types below kMaxPixelTypes, rules below
-/// kMaxRules and sites inside the lattice, and every index they store too.
+/// The object has several megabytes: allocate it on the heap. All operations are for the main thread except
+/// runLatticeModel, which blocks its thread; meanwhile the main thread may use every other operation. Indices
+/// are not checked: callers keep pixel types below kMaxPixelTypes, rules below kMaxRules and sites inside the
+/// lattice, including every index that they store.
 class LatticeModel : public ModelState {
  public:
   /// All fields zero; awakeFromNib sets the start values.
@@ -35,17 +35,17 @@ class LatticeModel : public ModelState {
 
   /// Sets the size, fills the lattice at random and resets every trace; the run state becomes 1.
   ///
-  /// With numTypes 1 to 10 also gives all types their defaults (type 0 black, the others a random colour,
-  /// named "Pixel"), sets the rule count to 0 and the active pair energies to 0. With numTypes -1 types,
-  /// rules and pair energies stay. Draws: fRandInt(types) for each site, i outer and j inner; then, unless
-  /// numTypes is -1, red, green and blue for each type from 1 upwards. imax, jmax: 1 to 256.
+  /// With numTypes 1 to 10 also resets all types to their defaults (type 0 black, the others a random colour,
+  /// named "Pixel"), the rule count to 0 and the active pair energies to 0. With numTypes -1 types, rules and
+  /// pair energies are kept. Draws: fRandInt(types) for each site, i outer and j inner; then, unless numTypes
+  /// is -1, red, green and blue for each type from 1 upwards. imax, jmax: 1 to 256.
   void initializeLatticeModel(int numTypes, int imax, int jmax);
 
   /// Sets the trace of a type to 1 where a site holds it and to 0 elsewhere, and its maximum to 1.
   void reinitHistory(int type);
 
-  /// Appends a pixel type "New Pixel" of a random colour; callers keep the count at most 10. It stands in no
-  /// row of rules until a rule is made for it. Draws: red, green, blue.
+  /// Appends a pixel type "New Pixel" with a random colour; callers keep the count at most 10. It is not in
+  /// the rows of existing rules. Draws: red, green, blue.
   void addPixelType();
 
   // Accessors. Indices: t pixel type, r rule, a and b pixel types, i and j site.
@@ -53,14 +53,14 @@ class LatticeModel : public ModelState {
   int getIMax() const;
   int getJMax() const;
   int getSiteValue(int i, int j) const;
-  /// Leaves the trace as it is and asks for no redraw.
+  /// Does not change the trace and requests no redraw.
   void setSiteValue(int i, int j, int type);
   double getWidth() const;
   double getHeight() const;
   int getNumPixelTypes() const;
 
   const std::string& getPixelName(int t) const;
-  /// Keeps the given string object, not a copy of it.
+  /// Shares the given string object instead of copying it.
   void setPixelName(int t, SharedName name);
   double getPixelColorR(int t) const;
   double getPixelColorG(int t) const;
@@ -81,10 +81,10 @@ class LatticeModel : public ModelState {
 
   int getNumRules() const;
   const std::string& getRuleName(int r) const;
-  /// Keeps a copy of the text.
+  /// Copies the text.
   void setRuleName(int r, const std::string& name);
   int getRuleDisabled(int r) const;
-  /// The flag alone; disableInteraction and enableInteraction move an interaction rule's pair energies.
+  /// Sets only the flag; disableInteraction and enableInteraction move an interaction rule's pair energies.
   void setRuleDisabled(int r, int flag);
   int getRuleIgnoreEnergy(int r) const;
   void setRuleIgnoreEnergy(int r, int flag);
@@ -92,7 +92,7 @@ class LatticeModel : public ModelState {
   int getRulePixelA(int r) const;
   int getRulePixelB(int r) const;
   double getRuleParam(int r) const;
-  /// The parameter alone; setInteractionParams writes an interaction rule's pair energies.
+  /// Sets only the parameter; setInteractionParams writes an interaction rule's pair energies.
   void setRuleParam(int r, double parameter);
   int getRuleFacNum(int r) const;
   void setRuleFacNum(int r, int number);
@@ -113,34 +113,34 @@ class LatticeModel : public ModelState {
   // The rule table.
 
   /// Appends a rule with parameter 0, no facilitation and both flags 0, and enters it into the rows: types 0
-  /// and 2 into the row of end A, type 1 into the rows of end A and of end B (so it may stand in a row
-  /// twice), an end of -1 meaning every row in use. Type 3 enters no row and writes no pair energy. Keeps the
-  /// given name object. Has no effect when canMakeNewRule says no.
+  /// and 2 into the row of end A, type 1 into the rows of end A and of end B (possibly twice into the same
+  /// row), an end of -1 meaning every row in use. Type 3 enters no row and writes no pair energy. Shares the
+  /// given name object. No effect if canMakeNewRule is false.
   void makeNewRule(SharedName name, int type, int endA, int endB);
 
-  /// True if there is a rule slot left and a place in every row that the rule would enter.
+  /// True if there is a free rule slot and space in every row that the rule would enter.
   bool canMakeNewRule(int type, int endA, int endB) const;
 
-  /// Deletes a rule: later rules move down by one with everything but their two flags, which stay at their
-  /// index; the rows lose the rule and are renumbered. Deleting an interaction sets its active pair energies
-  /// to 0 and renumbers no row.
+  /// Deletes a rule: later rules move down by one, except their two flags, which stay at their index; the
+  /// rows lose the rule and are renumbered. Deleting an interaction sets its active pair energies to 0 and
+  /// renumbers no row.
   void delRule(int r);
 
-  /// Takes the first occurrence of the rule out of the type's row.
+  /// Removes the first occurrence of the rule from the type's row.
   void delRuleFromSiteList(int r, int type);
 
-  /// In each row, lowers the first entry above r by one; later entries keep their numbers.
+  /// In each row, decrements the first entry above r; later entries are not changed.
   void shiftRuleIDsInSiteLists(int r);
 
-  // Interaction rules. The pairs that a rule covers are (A,B) and (B,A), with an end of -1 standing for every
-  // pixel type in use when the operation is called.
+  // Interaction rules. A rule covers the pairs (A,B) and (B,A), where an end of -1 means every pixel type in
+  // use at the time of the call.
 
   /// Writes the value into every pair that the rule covers, in the backup table if the rule is disabled, else
   /// in the active one.
   void setInteractionParams(int r, double value);
 
-  /// Moves the pairs that the rule covers from the active table to the backup and sets them to 0. Of a rule
-  /// between any and any type only the values (t, t) survive in the backup.
+  /// Moves the pairs that the rule covers from the active table to the backup and sets them to 0. For a rule
+  /// between any and any type only the values (t, t) are preserved in the backup.
   void disableInteraction(int r);
 
   /// Copies the pairs that the rule covers from the backup to the active table.
@@ -148,57 +148,58 @@ class LatticeModel : public ModelState {
 
   // The run loop.
 
-  /// Runs sweeps on the calling thread until the run state is no longer 2, which it sets first. After each
-  /// sweep it updates the traces, asks for a redraw and waits.
+  /// Sets the run state to 2 and runs sweeps on the calling thread until it is no longer 2. After each sweep
+  /// it updates the traces, requests a redraw and waits.
   void runLatticeModel();
 
-  /// Starts runLatticeModel on a thread of its own. The run state is 2 when it returns, so a stop that
-  /// follows is never overtaken. A loop that a stop has not reached yet goes on beside the new one. Where the
-  /// system has no thread left, throws std::system_error with the run state 1.
+  /// Starts runLatticeModel on a new thread. The run state is already 2 on return, so a following stop is
+  /// never overwritten. A loop that has not seen a former stop yet continues beside the new one. Throws
+  /// std::system_error, with run state 1, if no thread can be created.
   void runLatticeModelInBackground();
 
   /// Sets the run state to 1 and returns at once; the loop ends at its next check.
   void stopLatticeModel();
 
-  /// Stops every loop in the background, ends its wait and joins it: at most one sweep's time. The run state
-  /// and the speed are lost. A derived class that overrides a redraw request calls it in its destructor.
+  /// Stops every background loop, ends its wait and joins it, which takes at most one sweep. Overwrites the
+  /// run state and the speed. A derived class that overrides a redraw request must call this in its
+  /// destructor.
   void endRunLoops();
 
   /// Sets the divisor of the wait: after each sweep the loop counts to (10^10 / speed) xor 10. Takes effect
-  /// within a wait. 5 and more give a wait that ends; 1 to 4, and 0, one that lasts until the speed changes;
-  /// a negative speed gives none.
+  /// within a wait. From 5 on the wait ends; for 0 to 4 it lasts until the speed changes; for negative values
+  /// there is none.
   void setSimulationSpeed(int speed);
 
-  /// Makes count sweeps, each with its history, on the calling thread, exactly as the run loop does but
-  /// without redraws and waits. Leaves early when the run state, 2 meanwhile, becomes another; else it ends
-  /// as 1. Where nobody looks at the traces, a sweep that leaves them alone is faster and otherwise the same.
+  /// Makes count sweeps with history updates on the calling thread, like the run loop but without redraws and
+  /// waits. Returns early if the run state, 2 meanwhile, changes; otherwise it ends as 1. Without traces a
+  /// sweep is faster and otherwise the same.
   void runSweeps(std::int64_t count, Traces traces = Traces::kUpdated);
 
-  /// While the model is stopped: one whole sweep with its history on the calling thread, exactly as the run
-  /// loop makes it, and one redraw. False, and nothing happens, in any other run state. The state stays 1, so
-  /// that no loop of a former run takes it for its own; one that is still inside its last sweep is waited
-  /// for, at most an attempt and an update of the traces.
+  /// If the model is stopped: makes one whole sweep with a history update on the calling thread, like the run
+  /// loop, and requests one redraw. In any other run state returns false and does nothing. The state stays 1,
+  /// so that a waiting loop of a former run ends; a loop that is still inside its last sweep is waited for,
+  /// at most an attempt and an update of the traces.
   bool sweepOnce();
 
-  /// One sweep: varImax * varJmax + 1 attempts at random sites, left early when the run state is not 2. Draws
-  /// for each attempt fRandInt(varImax), fRandInt(varJmax) and those of fModelCycle. What is changed
-  /// meanwhile takes effect as Sweeper says.
+  /// One sweep: varImax * varJmax + 1 attempts at random sites, ended early if the run state is not 2. Draws
+  /// per attempt: fRandInt(varImax), fRandInt(varJmax) and those of fModelCycle. For concurrent changes see
+  /// Sweeper.
   void sweep();
 
-  /// Lets every trace decay by its type's persistence, adds 1 where a site holds the type, and finds the new
+  /// Decays every trace by its type's persistence, adds 1 where a site holds the type, and updates the
   /// maxima, which are at least 1.
   void updateHistory();
 
-  /// Sweeps that the run loops, runSweeps and sweepOnce have finished since the model was made; a stopped
-  /// sweep counts too.
+  /// The number of sweeps by run loops, runSweeps and sweepOnce since the model was created, including
+  /// interrupted ones.
   std::int64_t sweepsDone() const { return sweepsDone_; }
 
  protected:
-  /// Called on the main thread when what is shown has changed.
+  /// Called on the main thread when the picture has changed.
   virtual void requestRedraw() {}
   /// Called on the run loop's thread after every sweep.
   virtual void requestRedrawFromRunLoop() {}
-  /// Called on the main thread when initializeLatticeModel has made another lattice.
+  /// Called on the main thread after initializeLatticeModel has made another lattice.
   virtual void latticeReplaced() {}
 
  private:

@@ -18,7 +18,7 @@ enum RunState : std::int32_t {
 
 /// In rule end points and facilitation: any pixel type.
 inline constexpr std::int32_t kAnyPixelType = -1;
-/// In masquerade: the type passes for no other.
+/// In masquerade: the type counts only as itself.
 inline constexpr std::int32_t kNoMasquerade = -1;
 
 /// Every field of a system, inline and of fixed size, all zero at the start.
@@ -46,7 +46,7 @@ struct ModelState {
   SharedName varSiteName[kMaxPixelTypes];
   Relaxed<double> varSiteColor[kMaxPixelTypes][3];  ///< red, green, blue, 0 to 1
   PerTypeReal varSiteAlpha;                         ///< 0 (not drawn) to 1 (opaque)
-  PerTypeReal varHistoryPersistenceConst;           ///< share of the trace that outlives a sweep
+  PerTypeReal varHistoryPersistenceConst;           ///< fraction of the trace that remains after a sweep
   PerTypeInt varPixelImmobile;                      ///< 1 if no swap moves the type
   PerTypeInt varSiteMasqueradeAs;                   ///< type it counts as for facilitation, or kNoMasquerade
   PerTypeReal varSiteField;                         ///< energy of a site for holding the type

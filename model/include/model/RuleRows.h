@@ -6,7 +6,7 @@
 
 namespace quorvane {
 
-/// How many entries each pixel type's row of rules has.
+/// The number of entries in each pixel type's row of rules.
 using RowCounts = std::array<int, kMaxPixelTypes>;
 
 /// The entries of a rule in each row: one for each end that the rule's kind enters, so that a reversible flip

@@ -6,16 +6,15 @@
 
 namespace quorvane {
 
-/// The name of a pixel type or a rule: a reference to a string that several owners may share. Main thread
-/// only.
+/// The name of a pixel type or rule: a reference to a string that may have several owners. Main thread only.
 class SharedName {
  public:
   /// No string yet; reads as the empty one.
   SharedName() = default;
-  /// A string of its own, with the given text.
+  /// A new string with the given text.
   SharedName(std::string text) : string_(std::make_shared<const std::string>(std::move(text))) {}
   SharedName(const char* text) : SharedName(std::string(text)) {}
-  /// The given string object itself: what its other owners write to it is seen here.
+  /// Shares the given string object: changes by its other owners are visible here.
   SharedName(std::shared_ptr<const std::string> string) : string_(std::move(string)) {}
 
   const std::string& text() const {

@@ -13,11 +13,11 @@ constexpr std::int64_t waitBound(std::int32_t speed) {
   return (countsAtSpeedOne / speed) ^ 10;
 }
 
-/// Counts from start until the count exceeds bound(), which is asked for before every pass.
+/// Counts from start until the count exceeds bound(), which is called before every pass.
 template <class Bound>
 void countBeyond(Bound&& bound, std::int32_t start = 0) {
-  // A volatile counter cannot be optimised away. It stays at its largest value instead of running over, so
-  // that a bound it can never exceed keeps it waiting, and a new bound still ends the wait at the next pass.
+  // volatile keeps the compiler from removing the loop. The counter saturates instead of overflowing, so that
+  // an unreachable bound keeps it waiting, and a new bound still ends the wait at the next pass.
   volatile std::int32_t count = start;
   while (count <= bound())
     if (count < std::numeric_limits<std::int32_t>::max()) count = count + 1;

@@ -53,7 +53,7 @@ void press(QWidget& widget, QPoint position) {
 }
 
 void drag(QWidget& widget, QPoint position) {
-  // QTest::mouseMove tells nothing of the button that is down.
+  // QTest::mouseMove does not report the pressed button.
   const QPointF local = position;
   QMouseEvent event(QEvent::MouseMove, local, widget.mapToGlobal(local), Qt::NoButton, Qt::LeftButton,
                     Qt::NoModifier);

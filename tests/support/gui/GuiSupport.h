@@ -9,36 +9,35 @@
 #include <chrono>
 #include <functional>
 
-/// What tests with a real window share. A program that links gui_support gets its main from it, which makes
-/// the application object with the surface format that the lattice view needs and then runs GoogleTest.
+/// Shared code of tests with a real window. Programs that link gui_support get their main from it, which
+/// creates the application object with the surface format of the lattice view and runs GoogleTest.
 namespace quorvane::gui {
 
 inline constexpr std::chrono::milliseconds kDeadline{10'000};
 
-/// Runs the event loop until the condition holds or the deadline passes; the condition's last answer.
+/// Runs the event loop until the condition holds or the deadline passes; returns the last result of the
+/// condition.
 bool waitUntil(const std::function<bool()>& condition, std::chrono::milliseconds deadline = kDeadline);
 
-/// Handles every event that waits, posted ones too.
+/// Handles all pending events, including posted ones.
 void processEvents();
 
-/// Shows a window and waits until it is on the screen and takes the keyboard.
+/// Shows a window and waits until it is on the screen and has the focus.
 ::testing::AssertionResult showAndActivate(QWidget& window);
 
-/// The frame as the view's framebuffer holds it after a fresh drawing: opaque RGB32, in device pixels, row 0
-/// on top.
+/// A freshly drawn frame from the view's framebuffer: opaque RGB32, in device pixels, row 0 at the top.
 QImage frameOf(QOpenGLWidget& view);
 
-/// What the screen shows of a window, in device pixels.
+/// The window as shown on the screen, in device pixels.
 QImage screenOf(QWidget& window);
 
-/// Success if both pictures have the same size and the same colour at every pixel, else names the first that
-/// differs.
+/// Success if both pictures have the same size and the same pixels; otherwise reports the first difference.
 ::testing::AssertionResult samePixels(const QImage& a, const QImage& b);
 
-/// The widget's position of a point given in view coordinates, y upwards: the pixel that the point lies in.
+/// The widget position of the pixel that contains a point in view coordinates, y upwards.
 QPoint pixelAt(const QWidget& view, double x, double y);
 
-/// Mouse events with the left button at a position of the widget, delivered as the platform's own are.
+/// Mouse events with the left button at a position of the widget, delivered like the platform's own.
 void press(QWidget& widget, QPoint position);
 void drag(QWidget& widget, QPoint position);
 void release(QWidget& widget, QPoint position);

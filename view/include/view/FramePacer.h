@@ -5,8 +5,8 @@
 
 namespace quorvane {
 
-/// Keeps drawing from taking up the main thread: after a frame as much time goes by as the frame took before
-/// the next one begins, so a click never waits for more than one frame. Main thread only.
+/// Limits drawing to half of the main thread's time: after a frame the next one waits for as long as the
+/// frame took, so a click never waits for more than one frame. Main thread only.
 /// Clock: the time, as std::chrono has it.
 template <class Clock>
 class BasicFramePacer {
