@@ -36,6 +36,7 @@ std::vector<Band> bandsAcross(double extent, double spacing, int sites) {
 
 std::vector<TypeInk> inksOf(const ModelState& model) {
   std::vector<TypeInk> inks;
+  inks.reserve(kMaxPixelTypes);
   for (int type = 0; type < model.varNumSiteTypes; ++type) inks.push_back(inkOf(model, type));
   return inks;
 }
