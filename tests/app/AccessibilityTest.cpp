@@ -64,9 +64,9 @@ TEST_F(Accessibility, EveryControlThatShowsHasANameInEveryStateOfThePanels) {
   initialise(3);
   expectNames("without a rule");
   click("checkMasqueradePixel");
-  for (const char* type : {"Irreversible Flip", "Reversible Flip", "Swap", "Pixel-Pixel Interaction"}) {
-    addRule(type, type, kAny, "1 - Pixel");
-    expectNames(type);
+  for (const RuleKind& kind : kRuleKinds) {
+    addRule(kind.label, kind.label, kAny, "1 - Pixel");
+    expectNames(kind.label);
   }
   choose("listSelectedRule", "0 - Irreversible Flip");
   choose("listSelectedRuleFacNum", "1");

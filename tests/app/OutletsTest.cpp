@@ -104,6 +104,15 @@ TEST_F(Outlets, ExistWithTheirNameAndKind) {
   EXPECT_EQ(&get<GraphicalLatticeModelGL>("myGraphicalLatticeModel"), &model());
 }
 
+TEST_F(Outlets, AreAllControlsOfTheWindow) {
+  const QSet<QByteArray> outlets(std::begin(kOutlets), std::end(kOutlets));
+  for (const QWidget* widget : window_->findChildren<QWidget*>()) {
+    const QByteArray name = widget->objectName().toUtf8();
+    for (const char* kind : {"button", "check", "list", "slider", "stepper", "color"})
+      EXPECT_TRUE(!name.startsWith(kind) || outlets.contains(name)) << name.constData();
+  }
+}
+
 TEST_F(Outlets, OnlyNamesCanBeTyped) {
   QSet<QString> fields;
   for (const QLineEdit* field : window_->findChildren<QLineEdit*>())

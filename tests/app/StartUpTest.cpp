@@ -64,8 +64,9 @@ TEST_F(StartUp, ShowsTheRulePanelAsWithoutARule) {
 }
 
 TEST_F(StartUp, ShowsTheItemsOfTheLayout) {
-  EXPECT_EQ(items("listNewRuleType"),
-            QStringList({"Irreversible Flip", "Reversible Flip", "Swap", "Pixel-Pixel Interaction"}));
+  QStringList ruleTypes;
+  for (const RuleKind& kind : kRuleKinds) ruleTypes << kind.label;
+  EXPECT_EQ(items("listNewRuleType"), ruleTypes);
   EXPECT_EQ(items("listSelectedRuleFacNum"), QStringList({"0", "1", "2", "3", "4", "5", "6", "7", "8"}));
   EXPECT_EQ(items("listNewRulePixelA"), QStringList({kAny}));
 }

@@ -188,15 +188,14 @@ class Inspection {
   }
 
   void checkSelectedRule() {
-    static constexpr const char* names[] = {"Irreversible Flip", "Reversible Flip", "Swap",
-                                            "Pixel-Pixel Interaction"};
-    const int r = chosen("listSelectedRule"), type = model_.getRuleType(r);
-    expect(label("textSelectedRuleType") == names[type], "type of the rule");
+    const int r = chosen("listSelectedRule");
+    const RuleKind& kind = *ruleKind(model_.getRuleType(r));
+    expect(label("textSelectedRuleType") == kind.label, "type of the rule");
     expectName("textSelectedRuleName", model_.getRuleName(r));
     const auto& parameter = get<DoubleSlider>("sliderSelectedRuleParam");
     expectValue("parameter", parameter.value(), model_.getRuleParam(r));
-    expectValue("largest parameter", parameter.maximumValue(), type == kPixelPixelInteraction ? 10.0 : 1.0);
-    expectValue("least parameter", parameter.minimumValue(), type == kPixelPixelInteraction ? -10.0 : 0.0);
+    expectValue("largest parameter", parameter.maximumValue(), kind.maxParameter);
+    expectValue("least parameter", parameter.minimumValue(), kind.minParameter);
     expect(label("textSelectedRuleParam") == QString::asprintf("%.3f", model_.getRuleParam(r)),
            "text of the parameter");
     expect(get<QCheckBox>("checkSelectedRuleDisabled").isChecked() == (model_.getRuleDisabled(r) != 0),
@@ -204,10 +203,10 @@ class Inspection {
     expect(
         get<QCheckBox>("checkSelectedRuleIgnoreEnergy").isChecked() == (model_.getRuleIgnoreEnergy(r) != 0),
         "ignore energy");
-    expect(shown("checkSelectedRuleIgnoreEnergy") == (type != kPixelPixelInteraction), "ignore energy box");
+    expect(shown("checkSelectedRuleIgnoreEnergy") == !kind.setsPairEnergy(), "ignore energy box");
     checkEnd("textSelectedRulePixelA", "colorSelectedRulePixelA", model_.getRulePixelA(r));
     checkEnd("textSelectedRulePixelB", "colorSelectedRulePixelB", model_.getRulePixelB(r));
-    checkFacilitation(r, type);
+    checkFacilitation(r, kind.flips());
   }
 
   void checkEnd(const char* text, const char* well, int end) {
@@ -216,10 +215,9 @@ class Inspection {
     if (end >= 0) expectColor(well, end);
   }
 
-  void checkFacilitation(int r, int type) {
-    const bool flip = type == kIrreversibleFlip || type == kReversibleFlip;
-    expect(shown("listSelectedRuleFacNum") == flip, "list of neighbours");
-    expect(shown("listSelectedRuleFacPixel") == (flip && model_.getRuleFacNum(r) >= 1),
+  void checkFacilitation(int r, bool flips) {
+    expect(shown("listSelectedRuleFacNum") == flips, "list of neighbours");
+    expect(shown("listSelectedRuleFacPixel") == (flips && model_.getRuleFacNum(r) >= 1),
            "list of neighbours' types");
     expect(chosen("listSelectedRuleFacNum") == model_.getRuleFacNum(r), "neighbours");
     expect(chosen("listSelectedRuleFacPixel") == model_.getRuleFacPixel(r), "type of neighbours");

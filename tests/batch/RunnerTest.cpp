@@ -2,6 +2,7 @@
 
 #include <numeric>
 
+#include "batch/Results.h"
 #include "batch/RunBatch.h"
 
 namespace quorvane {
@@ -20,6 +21,14 @@ TEST_F(Runner, DoesNotRunWithoutARequestedResult) {
   EXPECT_THAT(finished.out, IsEmpty());
   EXPECT_THAT(finished.err, HasSubstr("quorvane-batch: no result is asked for: "));
   EXPECT_THAT(namesIn(folder_.path()), ElementsAre("in.quorvane"));
+}
+
+TEST_F(Runner, WritesEveryResult) {
+  for (const Result& result : allResults()) {
+    const std::string target = (folder_ / ("result" + std::string(result.option))).string();
+    EXPECT_EQ(runBatchProgram({document_, "--sweeps", "1", result.option, target}).status, 0);
+    EXPECT_FALSE(fs::is_empty(target)) << result.option;
+  }
 }
 
 TEST(RunBatch, UpdatesTracesOnlyForPictures) {

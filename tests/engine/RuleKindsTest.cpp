@@ -10,10 +10,7 @@ namespace quorvane {
 namespace {
 
 TEST(RuleKinds, AreFoundByTheirType) {
-  for (const RuleType type : {kIrreversibleFlip, kReversibleFlip, kSwap, kPixelPixelInteraction}) {
-    ASSERT_NE(ruleKind(type), nullptr);
-    EXPECT_EQ(ruleKind(type)->type, type);
-  }
+  for (const RuleKind& kind : kRuleKinds) EXPECT_EQ(ruleKind(kind.type), &kind) << kind.label;
 }
 
 TEST(RuleKinds, OfAnyOtherValueIsNone) {

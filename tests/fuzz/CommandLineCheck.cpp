@@ -13,6 +13,7 @@
 #include "DocumentSupport.h"
 #include "batch/CommandLine.h"
 #include "batch/Messages.h"
+#include "batch/Results.h"
 #include "batch/Targets.h"
 
 namespace quorvane {
@@ -197,9 +198,9 @@ std::string checkOptions(const BatchOptions& options) {
   if (options.document.empty()) return "no document";
   if (options.sweeps < 0 || options.every < 1) return "sweeps beyond the limits";
   if (options.scale < 1 || options.scale > kMaxScale) return "scale beyond the limits";
-  if (!options.output && !options.populations && !options.picture && !options.frames) return "no result";
-  for (const auto* target : {&options.output, &options.populations, &options.picture, &options.frames})
-    if (*target && (*target)->empty()) return "an empty name";
+  if (!asksFor(options, [](const Result&) { return true; })) return "no result";
+  if (asksFor(options, [&](const Result& result) { return (options.*result.target)->empty(); }))
+    return "an empty name";
   if (options.frames == "-") return "frames to standard output";
   if (options.trace && !options.picture && !options.frames) return "traces for no picture";
   if (const auto conflict = conflictOf(options)) return "a conflict is left: " + *conflict;
@@ -209,24 +210,19 @@ std::string checkOptions(const BatchOptions& options) {
 Words writtenOut(const BatchOptions& options) {
   Words words = {"--sweeps=" + std::to_string(options.sweeps), "--every=" + std::to_string(options.every),
                  "--scale=" + std::to_string(options.scale)};
-  const auto add = [&words](const char* option, const std::optional<fs::path>& target) {
-    if (target) words.push_back(option + target->native());
-  };
-  add("--output=", options.output);
-  add("--populations=", options.populations);
-  add("--picture=", options.picture);
-  add("--frames=", options.frames);
+  for (const Result& result : allResults())
+    if (const auto& target = options.*result.target)
+      words.push_back(result.option + std::string("=") + target->native());
   if (options.trace) words.emplace_back("--trace");
   words.insert(words.end(), {"--", options.document.native()});
   return words;
 }
 
 bool same(const BatchOptions& a, const BatchOptions& b) {
-  const auto names = [](const BatchOptions& o) {
-    return std::tie(o.document, o.output, o.populations, o.picture, o.frames);
-  };
-  return names(a) == names(b) &&
-         std::tie(a.sweeps, a.every, a.scale, a.trace) == std::tie(b.sweeps, b.every, b.scale, b.trace);
+  const auto sameTarget = [&](const Result& result) { return a.*result.target == b.*result.target; };
+  return std::ranges::all_of(allResults(), sameTarget) &&
+         std::tie(a.document, a.sweeps, a.every, a.scale, a.trace) ==
+             std::tie(b.document, b.sweeps, b.every, b.scale, b.trace);
 }
 
 std::string checkAccepted(const BatchOptions& options, const std::string& err) {

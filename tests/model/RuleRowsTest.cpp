@@ -21,7 +21,7 @@ TEST(RuleRows, OfAReversibleFlipAreThoseOfBothEnds) {
 }
 
 TEST(RuleRows, OfAnInteractionAndOfATypeThatIsNoKindAreNone) {
-  for (const int type : {int{kPixelPixelInteraction}, -1, 4, 99})
+  for (const int type : {int{kPixelPixelInteraction}, -1, kNumRuleTypes, 99})
     EXPECT_EQ(rowEntries(type, kAnyPixelType, kAnyPixelType, kTypes), RowCounts{}) << type;
 }
 

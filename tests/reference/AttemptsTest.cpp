@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <set>
 #include <string>
 
+#include "engine/RuleKinds.h"
 #include "reference/Cases.h"
 #include "reference/Lockstep.h"
 
@@ -25,6 +27,15 @@ TEST_P(TypicalAttempts, EqualTheReferenceDrawForDrawAndSiteForSite) {
 
 INSTANTIATE_TEST_SUITE_P(Cases, TypicalAttempts, testing::ValuesIn(reference::typicalCases()),
                          [](const auto& system) { return system.param.name; });
+
+TEST(RandomSystems, HaveRulesOfEveryKind) {
+  std::set<int> types;
+  for (std::uint64_t seed = 0; seed < 100; ++seed) {
+    const auto system = reference::randomSystem({3, 3}, seed);
+    types.insert(system->ruleType, system->ruleType + system->numRules);
+  }
+  for (const RuleKind& kind : kRuleKinds) EXPECT_TRUE(types.contains(kind.type)) << kind.label;
+}
 
 class RandomRuleTables : public testing::TestWithParam<Size> {};
 

@@ -25,10 +25,19 @@ class Attempt {
     std::erase_if(enabled, [](const Rule& rule) { return rule.disabled; });
     for (const Rule& rule : enabled) {
       const double share = probability * rule.parameter / static_cast<double>(enabled.size());
-      if (rule.type == kSwap)
-        swap(site, rule, share);
-      else
-        flip(site, rule, share);
+      act(site, rule, share);
+    }
+  }
+
+  void act(Site site, const Rule& rule, double probability) {
+    switch (static_cast<RuleType>(rule.type)) {
+      case kIrreversibleFlip:
+      case kReversibleFlip:
+        return flip(site, rule, probability);
+      case kSwap:
+        return swap(site, rule, probability);
+      case kPixelPixelInteraction:
+        return;
     }
   }
 

@@ -29,6 +29,14 @@ System everyKindOfRule() {
   return system;
 }
 
+TEST(TransitionRules, HaveEveryKindThatChangesSites) {
+  const std::vector<Rule> rules = everyKindOfRule().rules;
+  for (const RuleKind& kind : kRuleKinds)
+    EXPECT_NE(kind.setsPairEnergy(),
+              std::ranges::any_of(rules, [&](const Rule& rule) { return rule.type == kind.type; }))
+        << kind.label;
+}
+
 /// Single attempts, each from a restored configuration, so that outcomes are independent.
 class Transitions : public ValidationTest {
  protected:

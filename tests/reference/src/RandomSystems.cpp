@@ -1,3 +1,4 @@
+#include <iterator>
 #include <limits>
 
 #include "RandomValues.h"
@@ -26,6 +27,7 @@ constexpr double kOddReals[] = {0.0,
                                 -710.0};
 constexpr int kFlags[] = {0, 0, 1, 1, 2, -1, 7};
 constexpr int kCapacity = 50;
+constexpr int kNumTypesOfRules = std::size(kEnteredRows);
 
 /// Builds one system from random choices. Each table first draws how odd it is, so that among thousands many
 /// have mostly accepted attempts and many have odd values everywhere.
@@ -73,7 +75,7 @@ class Builder {
     const int count =
         values_.oneIn(20) ? kCapacity : values_.below(values_.oneOf({4, 12, 24, kCapacity + 1}));
     for (int k = 0; k < count; ++k) {
-      const int rule = addRule(*system_, values_.below(4), end(), end());
+      const int rule = addRule(*system_, values_.below(kNumTypesOfRules), end(), end());
       if (rule == -1) return;
       system_->ruleParameter[rule] = parameter();
       // Only -1 means any type; a swap with another negative end never finds a partner.

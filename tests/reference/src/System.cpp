@@ -1,5 +1,7 @@
 #include "reference/System.h"
 
+#include <iterator>
+
 #include "engine/f_ran0.h"
 #include "reference/Assign.h"
 #include "reference/LatticeFunctions.h"
@@ -7,6 +9,11 @@
 
 namespace quorvane::reference {
 namespace {
+
+EnteredRows enteredRows(int type) {
+  const bool known = type >= 0 && type < static_cast<int>(std::size(kEnteredRows));
+  return known ? kEnteredRows[type] : EnteredRows{};
+}
 
 template <class Int, class Real>
 void enterRows(SystemOf<Int, Real>& system, int rule, int end) {
@@ -96,8 +103,9 @@ int addRule(SystemOf<Int, Real>& system, int type, int endA, int endB) {
   system.ruleParameter[r] = 1.0;
   system.ruleFac[r][0] = system.ruleFac[r][1] = 0;
   system.ruleDisabled[r] = system.ruleIgnoreEnergy[r] = 0;
-  if (type >= 0 && type <= 2) enterRows(system, r, endA);
-  if (type == 1) enterRows(system, r, endB);
+  const EnteredRows entered = enteredRows(type);
+  if (entered.ofA) enterRows(system, r, endA);
+  if (entered.ofB) enterRows(system, r, endB);
   return r;
 }
 
@@ -120,10 +128,10 @@ void deleteRule(System& system, int rule) {
   system.ruleParameter[last] = 0.0;
   system.ruleFac[last][0] = system.ruleFac[last][1] = 0;
   system.numRules = last;
-  if (type < 0 || type > 2) return;
-  leaveRows(system, rule, endA);
-  if (type == 1) leaveRows(system, rule, endB);
-  renumberRows(system, rule);
+  const EnteredRows entered = enteredRows(type);
+  if (entered.ofA) leaveRows(system, rule, endA);
+  if (entered.ofB) leaveRows(system, rule, endB);
+  if (entered.ofA || entered.ofB) renumberRows(system, rule);
 }
 
 void attemptAt(System& s, int i, int j) {

@@ -42,9 +42,16 @@ std::unique_ptr<EngineSystem> toEngine(const System& system);
 /// The arrays of a system for a Sweeper.
 SystemArrays arraysOf(EngineSystem& system);
 
-/// Appends a rule with the given ends, parameter 1 and all else 0, and enters it into the rows: types 0 and 2
-/// into end A's, type 1 into end A's and end B's; an end of -1 means every type in use. Returns its index, or
-/// -1 without effect if it does not fit.
+/// The ends whose rows a rule enters.
+struct EnteredRows {
+  bool ofA, ofB;
+};
+/// By the type of the rule: irreversible flip, reversible flip, swap, pair energy. A rule of another type
+/// enters none.
+inline constexpr EnteredRows kEnteredRows[] = {{true, false}, {true, true}, {true, false}, {false, false}};
+
+/// Appends a rule with the given ends, parameter 1 and all else 0, and enters it into its rows; an end of -1
+/// means every type in use. Returns its index, or -1 without effect if it does not fit.
 template <class Int, class Real>
 int addRule(SystemOf<Int, Real>& system, int type, int endA, int endB);
 
