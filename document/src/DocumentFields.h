@@ -61,8 +61,8 @@ template <class Block, class... Kinds, std::size_t numFields, class Value>
 constexpr int lineOf(const DocumentField<Block, Kinds...> (&fields)[numFields], Value Block::*member) {
   int line = 1;
   for (const auto& field : fields) {
-    const auto* found = std::get_if<Value Block::*>(&field.member);
-    if (found && *found == member) return line;
+    using Member = Value Block::*;
+    if (std::holds_alternative<Member>(field.member) && std::get<Member>(field.member) == member) return line;
     ++line;
   }
   return 0;
