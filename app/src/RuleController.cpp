@@ -8,6 +8,7 @@
 #include "ui_MainWindow.h"
 
 namespace quorvane {
+
 RuleController::RuleController(Ui::MainWindow& ui)
     : ui_(ui), model_(*ui.myGraphicalLatticeModel), panel_(std::make_unique<RulePanel>(ui, model_)) {
   connectControls();
