@@ -5,12 +5,11 @@
 #include <string>
 
 #include "EngineBench.h"
+#include "Repeated.h"
 #include "document/ModelDocument.h"
 
 namespace quorvane {
 namespace {
-
-constexpr int kRepetitions = 9;
 
 /// The largest system a document can hold.
 std::unique_ptr<LatticeModel> largestModel() {
@@ -26,13 +25,13 @@ std::unique_ptr<LatticeModel> largestModel() {
 
 void writeText(benchmark::State& state) {
   const auto model = largestModel();
-  for (auto _ : state) benchmark::DoNotOptimize(writeDocument(*model));
+  for ([[maybe_unused]] auto _ : state) benchmark::DoNotOptimize(writeDocument(*model));
 }
 
 void readText(benchmark::State& state) {
   const std::string text = writeDocument(*largestModel());
   auto model = std::make_unique<LatticeModel>();
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     state.PauseTiming();
     model = std::make_unique<LatticeModel>();
     model->awakeFromNib();
@@ -47,7 +46,7 @@ std::filesystem::path temporaryFile() {
 
 void save(benchmark::State& state) {
   const auto model = largestModel();
-  for (auto _ : state)
+  for ([[maybe_unused]] auto _ : state)
     if (!saveDocument(*model, temporaryFile()).saved) state.SkipWithError("was not saved");
   std::filesystem::remove(temporaryFile());
 }
@@ -55,7 +54,7 @@ void save(benchmark::State& state) {
 void open(benchmark::State& state) {
   if (!saveDocument(*largestModel(), temporaryFile()).saved) state.SkipWithError("was not saved");
   auto model = std::make_unique<LatticeModel>();
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     state.PauseTiming();
     model = std::make_unique<LatticeModel>();
     model->awakeFromNib();
@@ -66,20 +65,13 @@ void open(benchmark::State& state) {
   std::filesystem::remove(temporaryFile());
 }
 
-void repeated(const char* name, void (*function)(benchmark::State&)) {
-  benchmark::RegisterBenchmark(name, function)
-      ->Unit(benchmark::kMicrosecond)
-      ->Iterations(10)
-      ->Repetitions(kRepetitions);
-}
-
 }  // namespace
 
 void registerDocumentBenchmarks() {
-  repeated("WriteText", writeText);
-  repeated("ReadText", readText);
-  repeated("Save", save);
-  repeated("Open", open);
+  repeated("WriteText", 10, writeText);
+  repeated("ReadText", 10, readText);
+  repeated("Save", 10, save);
+  repeated("Open", 10, open);
 }
 
 }  // namespace quorvane

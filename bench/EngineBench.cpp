@@ -4,8 +4,8 @@
 
 #include <memory>
 #include <string>
-#include <utility>
 
+#include "Repeated.h"
 #include "WarmedUp.h"
 #include "engine/Sweeper.h"
 #include "engine/f_ran0.h"
@@ -20,7 +20,6 @@ using reference::Case;
 using reference::System;
 
 constexpr int kDraws = 1'000'000;
-constexpr int kRepetitions = 9;
 
 void itemsOfAnIteration(benchmark::State& state, int items) {
   state.counters["items"] = items;
@@ -29,14 +28,14 @@ void itemsOfAnIteration(benchmark::State& state, int items) {
 
 void draw(benchmark::State& state) {
   reference::restartSources();
-  for (auto _ : state)
+  for ([[maybe_unused]] auto _ : state)
     for (int k = 0; k < kDraws; ++k) benchmark::DoNotOptimize(fRandReal());
   itemsOfAnIteration(state, kDraws);
 }
 
 void referenceDraw(benchmark::State& state) {
   reference::restartSources();
-  for (auto _ : state)
+  for ([[maybe_unused]] auto _ : state)
     for (int k = 0; k < kDraws; ++k) benchmark::DoNotOptimize(reference::fRandReal());
   itemsOfAnIteration(state, kDraws);
 }
@@ -47,24 +46,16 @@ void attempt(benchmark::State& state, const Case& typical) {
   Sweeper sweeper(reference::arraysOf(*system));
   const Relaxed<std::int32_t> going = 1;
   reference::restartSources();
-  for (auto _ : state) sweeper.sweep(going, going);
+  for ([[maybe_unused]] auto _ : state) sweeper.sweep(going, going);
   itemsOfAnIteration(state, kAttempts);
 }
 
 void referenceAttempt(benchmark::State& state, const Case& typical) {
   const auto system = std::make_unique<System>(warmedUp(typical));
   reference::restartSources();
-  for (auto _ : state)
+  for ([[maybe_unused]] auto _ : state)
     for (int k = 0; k < kAttempts; ++k) reference::attempt(*system);
   itemsOfAnIteration(state, kAttempts);
-}
-
-template <class... Args>
-void repeated(const std::string& name, int iterations, Args&&... args) {
-  benchmark::RegisterBenchmark(name.c_str(), std::forward<Args>(args)...)
-      ->Unit(benchmark::kMicrosecond)
-      ->Iterations(iterations)
-      ->Repetitions(kRepetitions);
 }
 
 }  // namespace

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <memory>
 #include <string>
-#include <utility>
 
 #include "EngineBench.h"
 #include "Goals.h"
+#include "Repeated.h"
 #include "WarmedUp.h"
 #include "reference/Lockstep.h"
 #include "reference/ToModel.h"
@@ -18,7 +18,6 @@ using reference::Case;
 
 constexpr const char* kTwoTypes = "FlipsWithPairEnergies";
 constexpr int kSweeps = 10;
-constexpr int kRepetitions = 9;
 
 const Case& caseOf(const std::string& name) {
   return *std::ranges::find(reference::typicalCases(), name, &Case::name);
@@ -34,20 +33,20 @@ std::unique_ptr<LatticeModel> tracedModel(const Case& typical) {
 /// Whole sweeps of the run loop: attempts, polling of the run state, traces of all types.
 void sweep(benchmark::State& state, const std::string& name) {
   const auto model = tracedModel(caseOf(name));
-  for (auto _ : state) model->runSweeps(kSweeps);
+  for ([[maybe_unused]] auto _ : state) model->runSweeps(kSweeps);
   state.counters["items"] = kSweeps * kAttempts;
 }
 
 /// The same without updating the traces, as in the runner without pictures.
 void sweepWithoutTraces(benchmark::State& state, const std::string& name) {
   const auto model = tracedModel(caseOf(name));
-  for (auto _ : state) model->runSweeps(kSweeps, Traces::kLeftAlone);
+  for ([[maybe_unused]] auto _ : state) model->runSweeps(kSweeps, Traces::kLeftAlone);
   state.counters["items"] = kSweeps * kAttempts;
 }
 
 void traceUpdate(benchmark::State& state) {
   const auto model = tracedModel(caseOf(kTwoTypes));
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     model->updateHistory();
     benchmark::ClobberMemory();
   }
@@ -61,18 +60,10 @@ void traceUpdateOfVanishedType(benchmark::State& state) {
       model->setSiteValue(i, j, 0);
       model->varMobileHistory[1][i][j] = 5e-324;
     }
-  for (auto _ : state) {
+  for ([[maybe_unused]] auto _ : state) {
     model->updateHistory();
     benchmark::ClobberMemory();
   }
-}
-
-template <class... Args>
-void repeated(const std::string& name, int iterations, Args&&... args) {
-  benchmark::RegisterBenchmark(name.c_str(), std::forward<Args>(args)...)
-      ->Unit(benchmark::kMicrosecond)
-      ->Iterations(iterations)
-      ->Repetitions(kRepetitions);
 }
 
 }  // namespace

@@ -30,7 +30,7 @@ constexpr const char* kTold = ".told";
 
 std::error_code lastError() { return {errno, std::generic_category()}; }
 
-fs::path variable(const char* name) {
+fs::path folderVariable(const char* name) {
   const char* value = std::getenv(name);
   return value ? value : "";
 }
@@ -136,8 +136,8 @@ void noteTold(const fs::path& folder, const std::vector<fs::path>& copies) {
 }  // namespace
 
 fs::path keptFolder() {
-  if (const fs::path state = variable("XDG_STATE_HOME"); state.is_absolute()) return state / "quorvane";
-  const fs::path home = variable("HOME");
+  if (const fs::path state = folderVariable("XDG_STATE_HOME"); state.is_absolute()) return state / "quorvane";
+  const fs::path home = folderVariable("HOME");
   std::error_code error;
   if (!home.is_absolute() || !fs::is_directory(home, error)) return {};
   return home / ".local" / "state" / "quorvane";

@@ -1,9 +1,9 @@
 #include <gmock/gmock.h>
-#include <signal.h>
 
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTest>
+#include <csignal>
 
 #include "GuiSupport.h"
 #include "KeptFolderSupport.h"
@@ -126,7 +126,7 @@ class KeptAtEnd : public ::testing::Test {
                                                QString::fromStdString(copies()[0].string())));
   }
 
-  const TemporaryKeptFolder kept_;
+  const TemporaryKeptFolder kept_{};
 };
 
 TEST_F(KeptAtEnd, WhenASignalEndsTheProgram) {

@@ -21,7 +21,7 @@ class KeptCopyTest : public ::testing::Test {
  protected:
   static std::string nameOf(const KeptCopy& copy) { return copy.path().filename(); }
 
-  const TemporaryKeptFolder kept_;
+  const TemporaryKeptFolder kept_{};
 };
 
 TEST_F(KeptCopyTest, IsOneFileThatTheNextCopyReplaces) {

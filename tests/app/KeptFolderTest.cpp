@@ -31,7 +31,7 @@ class KeptFolder : public ::testing::Test {
     kept_.age(copyOf(second), std::chrono::seconds(1000 - second));
   }
 
-  const TemporaryKeptFolder kept_;
+  const TemporaryKeptFolder kept_{};
 };
 
 TEST_F(KeptFolder, IsInTheStateHomeOrInTheUsersHome) {

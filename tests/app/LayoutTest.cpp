@@ -90,7 +90,7 @@ class Layout : public WindowTest, public ::testing::WithParamInterface<int> {
       EXPECT_FALSE(bar->isVisible()) << bar->parentWidget()->parentWidget()->objectName().toStdString();
   }
 
-  static int widthOf(const QWidget& widget, QString text) {
+  static int widthOf(const QWidget& widget, const QString& text) {
     return widget.fontMetrics().size(Qt::TextShowMnemonic, text).width();
   }
 

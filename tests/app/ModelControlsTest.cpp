@@ -89,7 +89,7 @@ TEST_F(ModelControls, AHeldSpaceBarPressesRunAndNotStopAfterIt) {
 }
 
 TEST_F(ModelControls, SteppingChangesOnlyTheTextBesideIt) {
-  Stepper& stepper = get<Stepper>("stepperNumPixelTypes");
+  auto& stepper = get<Stepper>("stepperNumPixelTypes");
   gui::click(stepper, QPoint(stepper.width() / 2, stepper.height() / 4));
   EXPECT_EQ(text("textNumPixelTypes"), "3");
   gui::click(stepper, QPoint(stepper.width() / 2, stepper.height() * 3 / 4));

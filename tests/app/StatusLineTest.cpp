@@ -142,7 +142,7 @@ TEST_F(StatusLineTest, AMessageOfAnActionStaysDuringTheActionsOwnEvents) {
 }
 
 TEST_F(StatusLineTest, ShowsALongMessageWholeInItsToolTip) {
-  StatusLine& status = get<StatusLine>("statusLine");
+  auto& status = get<StatusLine>("statusLine");
   const int room = window_->width();
   status.showMessage(QString(500, 'x'));
   gui::processEvents();

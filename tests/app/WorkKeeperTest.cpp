@@ -67,7 +67,7 @@ class WorkKeeperTest : public WindowTest {
   }
 
   const QTemporaryDir folder_;
-  const TemporaryKeptFolder kept_;
+  const TemporaryKeptFolder kept_{};
   const Variable state_{"XDG_STATE_HOME", kept_.state().string()};
   std::unique_ptr<WorkKeeper> keeper_;
 };

@@ -22,8 +22,6 @@ using testing::HasSubstr;
 using testing::StartsWith;
 using Clock = std::chrono::steady_clock;
 
-const std::string kForever = "9000000000000000000";
-
 /// The partial table of a run.
 class Rows : public Runner {
  protected:

@@ -13,8 +13,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-const std::string kForever = "9000000000000000000";
-
 TEST_F(Runner, DoesNotRunWithoutARequestedResult) {
   const Finished finished = runBatchProgram({document_, "--sweeps", kForever});
   EXPECT_EQ(finished.status, 2);

@@ -18,6 +18,9 @@ namespace quorvane {
 inline const std::filesystem::path kExample =
     std::filesystem::path(QUORVANE_EXAMPLES) / "growth-from-a-seed.quorvane";
 
+/// More sweeps than any test can wait for.
+inline const std::string kForever = "9000000000000000000";
+
 /// The time after a first signal from which a second one counts.
 inline constexpr std::chrono::milliseconds kSecondSignalCounts{1100};
 

@@ -18,7 +18,7 @@ using testing::IsEmpty;
 using testing::StartsWith;
 
 /// More sweeps than any test can wait for, with six digits for frames.
-const std::string kForever = "900000";
+const std::string kEndlessFilm = "900000";
 
 /// A pipe without a reader.
 class FullPipe {
@@ -54,7 +54,7 @@ bool isWaiting(pid_t process) {
 class Stop : public Runner {
  protected:
   std::vector<std::string> endlessRun() const {
-    return {kExample, "--sweeps", kForever, "--every", "20", "--frames", film_};
+    return {kExample, "--sweeps", kEndlessFilm, "--every", "20", "--frames", film_};
   }
   bool waitForFrame(int number) const {
     return waitUntil([&] { return fs::exists(film_ / ("frame-00000" + std::to_string(number) + ".png")); });
@@ -63,7 +63,7 @@ class Stop : public Runner {
   static long sweepsSaid(const std::string& err) {
     long sweeps = -1;
     int end = 0;
-    const std::string format = "quorvane-batch: stopped after %ld of " + kForever + " sweeps\n%n";
+    const std::string format = "quorvane-batch: stopped after %ld of " + kEndlessFilm + " sweeps\n%n";
     return std::sscanf(err.c_str(), format.c_str(), &sweeps, &end) == 1 && end == static_cast<int>(err.size())
                ? sweeps
                : -1;
@@ -121,7 +121,7 @@ TEST_F(Stop, BySignalsThatComeTogetherWritesTheResults) {
 
 TEST_F(Stop, ByAClosedTerminalEqualsOneBySighup) {
   BatchProcess process(
-      {kExample, "--sweeps", kForever, "--every", "20", "--frames", film_, "--output", output_});
+      {kExample, "--sweeps", kEndlessFilm, "--every", "20", "--frames", film_, "--output", output_});
   ASSERT_TRUE(waitForFrame(1));
   process.signal(SIGHUP);
   const Finished finished = process.wait();
@@ -133,7 +133,7 @@ TEST_F(Stop, ByAClosedTerminalEqualsOneBySighup) {
 TEST_F(Stop, IsNotCausedByASignalThatWasIgnoredAtTheStart) {
   // As with nohup, and for a background program of a shell.
   for (const int signal : {SIGHUP, SIGINT}) std::signal(signal, SIG_IGN);
-  BatchProcess process({kExample, "--sweeps", kForever, "--every", "20", "--frames", film_});
+  BatchProcess process({kExample, "--sweeps", kEndlessFilm, "--every", "20", "--frames", film_});
   for (const int signal : {SIGHUP, SIGINT}) std::signal(signal, SIG_DFL);
   ASSERT_TRUE(waitForFrame(1));
   for (const int signal : {SIGHUP, SIGINT}) process.signal(signal);
@@ -188,7 +188,7 @@ TEST_F(Stop, AtAnyMomentLeavesNoTemporaryAndNoIncompleteFile) {
   for (int round = 0; round < rounds; ++round) {
     fs::remove_all(film_);
     // A frame per sweep, so that a file is being written most of the time.
-    BatchProcess process({document_, "--sweeps", kForever, "--frames", film_, "--scale", "32"});
+    BatchProcess process({document_, "--sweeps", kEndlessFilm, "--frames", film_, "--scale", "32"});
     ASSERT_TRUE(waitForFrame(round % 10));
     process.signal(SIGINT);
     process.signal(SIGTERM);

@@ -12,8 +12,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-const std::string kForever = "9000000000000000000";
-
 class Targets : public Runner {
  protected:
   using Arguments = std::vector<std::string>;

@@ -43,7 +43,7 @@ using quorvane::faults;
 
 ssize_t write(int file, const void* bytes, size_t size) {
   if (faults && file > STDERR_FILENO) {
-    faults->calls.push_back("write");
+    faults->calls.emplace_back("write");
     if (faults->writeGives == 0) return 0;
   }
   return quorvane::systems<ssize_t(int, const void*, size_t)>("write")(file, bytes, size);

@@ -102,7 +102,7 @@ bool isForEachNeighbour(const LatticeModel& model, int r, const std::string& nam
 std::vector<std::string> expectedList(const LatticeModel& model) {
   std::vector<std::string> list = {typesLine(model), "| rule | type | ends | parameter | needs |"};
   for (int r = 0; r < model.getNumRules(); ++r) {
-    const std::string name = model.getRuleName(r);
+    const std::string& name = model.getRuleName(r);
     const std::string unnumbered = name.substr(0, name.size() - 1);
     if (isForEachNeighbour(model, r, unnumbered)) {
       list.push_back(ruleRow(model, r, unnumbered + "1 to 8", "1 to 8"));

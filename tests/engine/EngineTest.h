@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <memory>
 
 #include "ForeseenDraws.h"
@@ -52,5 +53,6 @@ inline constexpr int kIrreversible = 0;
 inline constexpr int kReversible = 1;
 inline constexpr int kSwapping = 2;
 inline constexpr int kAny = -1;
+inline constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 }  // namespace quorvane

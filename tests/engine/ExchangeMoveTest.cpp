@@ -9,8 +9,6 @@
 namespace quorvane {
 namespace {
 
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
-
 /// One site of type 1 in the middle of sites of type 0.
 class ExchangeMove : public EngineTest {
  protected:

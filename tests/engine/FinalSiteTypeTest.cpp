@@ -1,12 +1,11 @@
 #include <gtest/gtest.h>
 
+#include "EngineTest.h"
 #include "ForeseenDraws.h"
 #include "engine/f_LMlattice.h"
 
 namespace quorvane {
 namespace {
-
-constexpr int kAny = -1;
 
 void expectRandom(int current, int endA, int endB) {
   int seen[5] = {};

@@ -8,7 +8,6 @@
 namespace quorvane {
 namespace {
 
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
 
 /// A flip of the site (2, 2) from type 0 to type 1, among eight neighbours of type 2.

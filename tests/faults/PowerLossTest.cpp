@@ -3,9 +3,9 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <memory>
 #include <optional>
+#include <stdexcept>
 
 #include "DocumentSupport.h"
 #include "Faults.h"
@@ -61,7 +61,11 @@ Calls withoutSync(const Calls& calls, bool ofFolders) {
 
 class PowerLoss : public testing::Test {
  protected:
-  PowerLoss() { std::strcpy(plan_->record.data(), (elsewhere_ / "record").c_str()); }
+  PowerLoss() {
+    const std::string record = elsewhere_ / "record";
+    if (record.size() >= plan_->record.size()) throw std::runtime_error("the folder's name is too long");
+    std::ranges::copy(record, plan_->record.begin());
+  }
 
   Disk disk() const {
     Disk files;

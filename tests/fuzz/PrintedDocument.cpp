@@ -5,14 +5,14 @@
 namespace quorvane {
 namespace {
 
-class Lines {
+class PrintedLines {
  public:
-  Lines& operator<<(const std::string& name) {
+  PrintedLines& operator<<(const std::string& name) {
     text_ += name + '\n';
     return *this;
   }
-  Lines& operator<<(int value) { return *this << std::to_string(value); }
-  Lines& operator<<(double value) {
+  PrintedLines& operator<<(int value) { return *this << std::to_string(value); }
+  PrintedLines& operator<<(double value) {
     char digits[352];
     std::snprintf(digits, sizeof digits, "%.10f", value);
     return *this << std::string(digits);
@@ -27,7 +27,7 @@ class Lines {
 }  // namespace
 
 std::string printedDocument(const ParsedDocument& document) {
-  Lines out;
+  PrintedLines out;
   out << document.header->imax << document.header->jmax << document.header->numTypes;
   for (const int site : document.sites) out << site;
   for (const PixelTypeBlock& type : document.types)

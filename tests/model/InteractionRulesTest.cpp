@@ -7,8 +7,6 @@
 namespace quorvane {
 namespace {
 
-constexpr int kAny = kAnyPixelType;
-
 std::unique_ptr<TestModel> modelWithInteraction(int numTypes, int endA, int endB) {
   auto model = makeModel(numTypes, 2, 2);
   model->makeNewRule("pair", kPixelPixelInteraction, endA, endB);

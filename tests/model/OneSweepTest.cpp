@@ -10,9 +10,6 @@
 namespace quorvane {
 namespace {
 
-constexpr int kFastest = 1'000'000'000;
-constexpr int kSlowest = 5;
-
 /// A model in which every attempt may change something and every trace has a history.
 std::unique_ptr<TestModel> livelyModel(int imax, int jmax) {
   auto model = makeModel(3, imax, jmax);

@@ -11,8 +11,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr int kAny = kAnyPixelType;
-
 TEST(RuleTable, ANewRuleHasItsDefaults) {
   auto model = makeModel(3, 2, 2);
   model->varRuleDisabled[0] = 1;

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
-#include <time.h>
 
 #include <chrono>
+#include <ctime>
 #include <mutex>
 #include <set>
 #include <thread>
@@ -14,8 +14,6 @@ namespace quorvane {
 namespace {
 
 using Clock = std::chrono::steady_clock;
-constexpr int kFastest = 1'000'000'000;
-constexpr int kSlowest = 5;
 
 /// A model that records the threads of its sweeps.
 class ThreadedModel : public LatticeModel {

@@ -9,9 +9,6 @@
 namespace quorvane {
 namespace {
 
-constexpr int kAny = kAnyPixelType;
-constexpr int kFastest = 1'000'000'000;
-
 /// One edit that a user could make during a run.
 void editAtRandom(LatticeModel& model, std::mt19937& random) {
   const auto below = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };

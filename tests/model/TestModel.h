@@ -9,6 +9,12 @@
 
 namespace quorvane {
 
+inline constexpr int kAny = kAnyPixelType;
+
+/// Speeds without and with a wait of seconds behind a sweep.
+inline constexpr int kFastest = 1'000'000'000;
+inline constexpr int kSlowest = 5;
+
 /// A model that counts redraw requests.
 class TestModel : public LatticeModel {
  public:

@@ -14,8 +14,13 @@ std::string seedsGivenBy(const std::string& program, const std::vector<std::stri
   const TemporaryFolder folder;
   const std::string log = (folder / "seeds").string();
   put(log, "");
-  std::vector<std::string> all = {
-      "-u", "DISPLAY", "-u", "WAYLAND_DISPLAY", "SRAND_LOG=" + log, "LD_PRELOAD=" SRAND_LOG_LIBRARY, program};
+  std::vector<std::string> all = {"-u",
+                                  "DISPLAY",
+                                  "-u",
+                                  "WAYLAND_DISPLAY",
+                                  "SRAND_LOG=" + log,
+                                  std::string("LD_PRELOAD=") + SRAND_LOG_LIBRARY,
+                                  program};
   all.insert(all.end(), arguments.begin(), arguments.end());
   run("/usr/bin/env", all);
   return contentOf(log);

@@ -3,7 +3,7 @@
 namespace quorvane::validation {
 
 Configurations::Configurations(const System& system)
-    : imax_(system.imax), jmax_(system.jmax), types_(system.types), count_(1) {
+    : imax_(system.imax), jmax_(system.jmax), types_(system.types) {
   for (int site = 0; site < system.sites(); ++site) count_ *= types_;
 }
 

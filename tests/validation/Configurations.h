@@ -25,7 +25,8 @@ class Configurations {
   void write(int number, LatticeModel& model) const;
 
  private:
-  int imax_, jmax_, types_, count_;
+  int imax_, jmax_, types_;
+  int count_ = 1;
 };
 
 /// The neighbouring site in direction dir, 1 to 8.

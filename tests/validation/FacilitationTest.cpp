@@ -6,7 +6,7 @@
 namespace quorvane::validation {
 namespace {
 
-constexpr int kSide = 64;
+constexpr int kFacilitatedSide = 64;
 constexpr double kField = 1.0;
 
 struct Constraint {
@@ -27,7 +27,8 @@ class FacilitatedFlips : public ValidationTest, public testing::WithParamInterfa
   Blocks measure() const {
     constexpr int numBlocks = 100, warmUp = 1000;
     const int sweepsPerBlock = GetParam().sweepsPerBlock;
-    System system{kSide, kSide, 3, {{kReversibleFlip, 0, 1, 1.0, GetParam().facilitators, 1}}};
+    System system{
+        kFacilitatedSide, kFacilitatedSide, 3, {{kReversibleFlip, 0, 1, 1.0, GetParam().facilitators, 1}}};
     system.field[1] = kField;
     system.masquerade[2] = 1;
     const auto model = modelOf(system);
@@ -46,8 +47,8 @@ class FacilitatedFlips : public ValidationTest, public testing::WithParamInterfa
   int placeDisguised(LatticeModel& model) const {
     const int every = GetParam().shareOfDisguised > 0 ? static_cast<int>(1 / GetParam().shareOfDisguised) : 0;
     int site = 0, count = 0;
-    for (int i = 0; i < kSide; ++i)
-      for (int j = 0; j < kSide; ++j, ++site) {
+    for (int i = 0; i < kFacilitatedSide; ++i)
+      for (int j = 0; j < kFacilitatedSide; ++j, ++site) {
         const bool disguised = every > 0 && site % every == 0;
         if (disguised)
           model.setSiteValue(i, j, 2);
@@ -66,10 +67,10 @@ class FacilitatedFlips : public ValidationTest, public testing::WithParamInterfa
       ++pairs;
       both += a * b;
     };
-    for (int i = 0; i < kSide; ++i) {
-      const int next = (i + 1) % kSide;
-      for (int j = 0; j < kSide; ++j) {
-        const int above = (j + 1) % kSide;
+    for (int i = 0; i < kFacilitatedSide; ++i) {
+      const int next = (i + 1) % kFacilitatedSide;
+      for (int j = 0; j < kFacilitatedSide; ++j) {
+        const int above = (j + 1) % kFacilitatedSide;
         const int type = model.varSiteValues[i][j];
         ones += type == 1 ? 1 : 0;
         countPair(type, model.varSiteValues[next][j], edges, bothOnEdge);
@@ -77,7 +78,7 @@ class FacilitatedFlips : public ValidationTest, public testing::WithParamInterfa
         countPair(type, model.varSiteValues[next][above], corners, bothOnCorner);
       }
     }
-    blocks.sample({ones / static_cast<double>(kSide * kSide - disguised),
+    blocks.sample({ones / static_cast<double>(kFacilitatedSide * kFacilitatedSide - disguised),
                    bothOnEdge / static_cast<double>(edges), bothOnCorner / static_cast<double>(corners)});
   }
 };

@@ -7,14 +7,15 @@
 namespace quorvane::validation {
 namespace {
 
-constexpr int kSide = 12;
+constexpr int kTracerSide = 12;
 constexpr int kTracers = 9;
 
 /// Nine tracers, each a type of its own (1 to 9), among sites of type 0.
 class Tracers {
  public:
   explicit Tracers(double parameter)
-      : model_(modelOf({kSide, kSide, kTracers + 1, {{kSwap, kAnyPixelType, kAnyPixelType, parameter}}})) {
+      : model_(modelOf(
+            {kTracerSide, kTracerSide, kTracers + 1, {{kSwap, kAnyPixelType, kAnyPixelType, parameter}}})) {
     fill(*model_, 0);
     for (int k = 0; k < kTracers; ++k) {
       at_[static_cast<std::size_t>(k)] = {4 * (k / 3), 4 * (k % 3)};
@@ -39,8 +40,8 @@ class Tracers {
   };
 
   void find(std::array<Step, kTracers>& moved) {
-    for (int i = 0; i < kSide; ++i)
-      for (int j = 0; j < kSide; ++j) {
+    for (int i = 0; i < kTracerSide; ++i)
+      for (int j = 0; j < kTracerSide; ++j) {
         const int type = model_->varSiteValues[i][j];
         if (type == 0) continue;
         const auto k = static_cast<std::size_t>(type - 1);
@@ -53,8 +54,8 @@ class Tracers {
   /// A tracer makes half a move per sweep on average, so six moves in one direction within a sweep do not
   /// occur.
   static int shortest(int step) {
-    if (step >= kSide / 2) return step - kSide;
-    return step < -kSide / 2 ? step + kSide : step;
+    if (step >= kTracerSide / 2) return step - kTracerSide;
+    return step < -kTracerSide / 2 ? step + kTracerSide : step;
   }
 
   std::unique_ptr<LatticeModel> model_;
@@ -77,7 +78,7 @@ TEST_F(Tracer, WalksAtRandomWhateverTheOthersDo) {
 
   // A tracer moves when it is drawn, or when a neighbour is drawn with the direction to it. Of the eight
   // directions six change x, six change y, four both.
-  const double sites = kSide * kSide, move = 2 * p / sites;
+  const double sites = kTracerSide * kTracerSide, move = 2 * p / sites;
   const double n = sweeps * (sites + 1);
   const double xx = move * 6 / 8, xxyy = move * 4 / 8;
   expectAgreement("⟨x²⟩ after 8 sweeps", blocks.mean(kXX), n * xx);

@@ -5,12 +5,17 @@
 #include <QColor>
 #include <QImage>
 #include <functional>
+#include <limits>
 #include <memory>
 
 #include "GuiSupport.h"
 #include "view/GraphicalLatticeModelGL.h"
 
 namespace quorvane {
+
+/// Speeds without and with a wait of seconds behind a sweep.
+inline constexpr int kFastest = std::numeric_limits<int>::max();
+inline constexpr int kSlowest = 5;
 
 using SiteType = std::function<int(int i, int j)>;
 

@@ -3,7 +3,6 @@
 #include <QElapsedTimer>
 #include <QSignalSpy>
 #include <cmath>
-#include <limits>
 #include <utility>
 #include <vector>
 
@@ -11,8 +10,6 @@
 
 namespace quorvane {
 namespace {
-
-constexpr int kFastest = std::numeric_limits<int>::max();
 
 /// A view 100 by 100 of 10 by 10 sites of type 0, drawn once, with the brush at type 1.
 std::unique_ptr<GraphicalLatticeModelGL> viewToPaintOn(int numTypes = 3, int imax = 10, int jmax = 10,

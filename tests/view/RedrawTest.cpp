@@ -4,7 +4,6 @@
 #include <QOffscreenSurface>
 #include <QOpenGLContext>
 #include <QSignalSpy>
-#include <limits>
 #include <thread>
 
 #include "Lattices.h"
@@ -12,9 +11,6 @@
 
 namespace quorvane {
 namespace {
-
-constexpr int kFastest = std::numeric_limits<int>::max();
-constexpr int kSlowest = 5;
 
 /// Counts the events that reach an object, of whatever kind.
 class Events : public QObject {
