@@ -4,6 +4,8 @@
 #include <limits>
 #include <system_error>
 
+#include "RealFromChars.h"
+
 namespace quorvane {
 namespace {
 
@@ -80,7 +82,7 @@ double fileReadDBLFromLine(std::string_view line) {
   if (!beginsWithDigits(number.digits)) return 0.0;
   double magnitude = 0.0;
   const auto [end, error] =
-      std::from_chars(number.digits.data(), number.digits.data() + number.digits.size(), magnitude);
+      realFromChars(number.digits.data(), number.digits.data() + number.digits.size(), magnitude);
   if (error == std::errc::result_out_of_range)
     magnitude = isLarge({number.digits.data(), end}) ? std::numeric_limits<double>::infinity() : 0.0;
   return number.negative ? -magnitude : magnitude;
