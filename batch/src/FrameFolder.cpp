@@ -34,9 +34,14 @@ void requireNoFrames(const fs::path& folder) {
 void makeFolder(const fs::path& folder) {
   std::error_code error;
   std::vector<fs::path> foldersThatChange;
-  for (fs::path path = folder; !path.empty() && !fs::exists(path, error); path = path.parent_path())
+  fs::path path = folder;
+  for (; !path.empty() && !fs::exists(path, error); path = path.parent_path())
     foldersThatChange.push_back(path.parent_path());
-  fs::create_directories(folder, error);
+  // Otherwise the standard libraries report different errors for a file in the path.
+  if (fs::exists(path, error) && !fs::is_directory(path, error))
+    error = std::make_error_code(std::errc::not_a_directory);
+  else
+    fs::create_directories(folder, error);
   if (error) throw BatchFailure(nameOf(folder), error.message());
   // Without this, a loss of power could take the folder with its synchronised frames.
   for (const fs::path& changed : foldersThatChange) syncFolder(changed);

@@ -64,7 +64,7 @@ class PowerLoss : public testing::Test {
   PowerLoss() {
     const std::string record = elsewhere_ / "record";
     if (record.size() >= plan_->record.size()) throw std::runtime_error("the folder's name is too long");
-    std::ranges::copy(record, plan_->record.begin());
+    std::copy(record.begin(), record.end(), plan_->record.begin());
   }
 
   Disk disk() const {

@@ -220,7 +220,8 @@ Words writtenOut(const BatchOptions& options) {
 
 bool same(const BatchOptions& a, const BatchOptions& b) {
   const auto sameTarget = [&](const Result& result) { return a.*result.target == b.*result.target; };
-  return std::ranges::all_of(allResults(), sameTarget) &&
+  const auto results = allResults();
+  return std::all_of(results.begin(), results.end(), sameTarget) &&
          std::tie(a.document, a.sweeps, a.every, a.scale, a.trace) ==
              std::tie(b.document, b.sweeps, b.every, b.scale, b.trace);
 }

@@ -32,8 +32,8 @@ System everyKindOfRule() {
 TEST(TransitionRules, HaveEveryKindThatChangesSites) {
   const std::vector<Rule> rules = everyKindOfRule().rules;
   for (const RuleKind& kind : kRuleKinds)
-    EXPECT_NE(kind.setsPairEnergy(),
-              std::ranges::any_of(rules, [&](const Rule& rule) { return rule.type == kind.type; }))
+    EXPECT_NE(kind.setsPairEnergy(), std::any_of(rules.begin(), rules.end(),
+                                                 [&](const Rule& rule) { return rule.type == kind.type; }))
         << kind.label;
 }
 
