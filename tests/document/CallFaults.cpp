@@ -10,7 +10,7 @@
 namespace quorvane {
 namespace {
 
-CallFaults* faults = nullptr;
+CallFaults* activeFaults = nullptr;
 
 template <typename Function>
 Function* systems(const char* name) {
@@ -19,7 +19,7 @@ Function* systems(const char* name) {
 
 /// True if the call is to fail.
 bool fails(const std::string& name, int error) {
-  faults->calls.push_back(name);
+  activeFaults->calls.push_back(name);
   errno = error;
   return error != 0;
 }
@@ -31,50 +31,50 @@ bool isFolder(int file) {
 
 }  // namespace
 
-CallFaults::CallFaults() { faults = this; }
-CallFaults::~CallFaults() { faults = nullptr; }
+CallFaults::CallFaults() { activeFaults = this; }
+CallFaults::~CallFaults() { activeFaults = nullptr; }
 
 }  // namespace quorvane
 
 // These take precedence over the C library's.
 extern "C" {
 
-using quorvane::faults;
+using quorvane::activeFaults;
 
 ssize_t write(int file, const void* bytes, size_t size) {
-  if (faults && file > STDERR_FILENO) {
-    faults->calls.emplace_back("write");
-    if (faults->writeGives == 0) return 0;
+  if (activeFaults && file > STDERR_FILENO) {
+    activeFaults->calls.emplace_back("write");
+    if (activeFaults->writeGives == 0) return 0;
   }
   return quorvane::systems<ssize_t(int, const void*, size_t)>("write")(file, bytes, size);
 }
 
 int fsync(int file) {
-  if (faults && quorvane::fails(quorvane::isFolder(file) ? "fsync folder" : "fsync file", faults->fsyncFails))
+  if (activeFaults && quorvane::fails(quorvane::isFolder(file) ? "fsync folder" : "fsync file", activeFaults->fsyncFails))
     return -1;
   return quorvane::systems<int(int)>("fsync")(file);
 }
 
 int stat(const char* path, struct stat* status) noexcept {
-  if (faults && faults->statFails != 0) {
-    errno = faults->statFails;
+  if (activeFaults && activeFaults->statFails != 0) {
+    errno = activeFaults->statFails;
     return -1;
   }
   return quorvane::systems<int(const char*, struct stat*)>("stat")(path, status);
 }
 
 int fchmod(int file, mode_t mode) noexcept {
-  if (faults && quorvane::fails("fchmod", faults->fchmodFails)) return -1;
+  if (activeFaults && quorvane::fails("fchmod", activeFaults->fchmodFails)) return -1;
   return quorvane::systems<int(int, mode_t)>("fchmod")(file, mode);
 }
 
 int fchown(int file, uid_t owner, gid_t group) noexcept {
-  if (faults && quorvane::fails("fchown", faults->fchownFails)) return -1;
+  if (activeFaults && quorvane::fails("fchown", activeFaults->fchownFails)) return -1;
   return quorvane::systems<int(int, uid_t, gid_t)>("fchown")(file, owner, group);
 }
 
 int rename(const char* from, const char* to) noexcept {
-  if (faults && quorvane::fails("rename", faults->renameFails)) return -1;
+  if (activeFaults && quorvane::fails("rename", activeFaults->renameFails)) return -1;
   return quorvane::systems<int(const char*, const char*)>("rename")(from, to);
 }
 }
