@@ -50,7 +50,8 @@ ssize_t write(int file, const void* bytes, size_t size) {
 }
 
 int fsync(int file) {
-  if (activeFaults && quorvane::fails(quorvane::isFolder(file) ? "fsync folder" : "fsync file", activeFaults->fsyncFails))
+  if (activeFaults &&
+      quorvane::fails(quorvane::isFolder(file) ? "fsync folder" : "fsync file", activeFaults->fsyncFails))
     return -1;
   return quorvane::systems<int(int)>("fsync")(file);
 }
