@@ -40,6 +40,20 @@ struct Action {
   static_assert(kMaxPixelTypes <= std::numeric_limits<decltype(finalType)>::max());
   static_assert(2 * kNumDirections + 1 <= std::numeric_limits<decltype(needed)>::max());
 
+  bool operator==(const Action&) const = default;
+
+  bool isFacilitated() const {
+    return kind == ActionKind::kFacilitatedFreeFlip || kind == ActionKind::kFacilitatedFlip;
+  }
+  /// False for the kinds that are free.
+  bool hasEnergies() const {
+    return kind == ActionKind::kSwap || kind == ActionKind::kFlip || kind == ActionKind::kFacilitatedFlip;
+  }
+  bool flipsToGivenType() const {
+    const bool flips = isFacilitated() || kind == ActionKind::kFreeFlip || kind == ActionKind::kFlip;
+    return flips && finalType != kRandomType;
+  }
+
   bool swapsWith(Type neighbour) const { return (typeBits >> neighbour & 1u) != 0; }
   bool facilitatedBy(const Neighbours& neighbours) const {
     std::uint32_t count = 0;

@@ -1,16 +1,22 @@
 #include "ActionTable.h"
 
+#include <utility>
+
 namespace quorvane {
 
-void ActionTable::read(int numTypes, const RuleArrays& rules) {
+bool ActionTable::read(int numTypes, const RuleArrays& rules) {
+  bool changed = false;
   for (int type = 0; type < kMaxPixelTypes; ++type) {
-    length_[type] = rowLength(rules.accessibleCount[type]);
-    for (std::uint32_t position = 0; position < length_[type]; ++position) {
+    const std::uint32_t length = rowLength(rules.accessibleCount[type]);
+    changed |= std::exchange(length_[type], length) != length;
+    for (std::uint32_t position = 0; position < length; ++position) {
       const int rule = rules.accessible[type][position];
-      rows_[type][position] =
+      const Action action =
           usable(rule, rules.ruleDisabled) ? actionOf(rule, type, numTypes, rules) : Action{};
+      changed |= std::exchange(rows_[type][position], action) != action;
     }
   }
+  return changed;
 }
 
 }  // namespace quorvane

@@ -2,19 +2,22 @@
 
 #include <cassert>
 #include <concepts>
+#include <type_traits>
 #include <utility>
 
 #include "Acceptance.h"
 #include "Action.h"
 #include "Energies.h"
+#include "engine/RandomSource.h"
 
 namespace quorvane {
 
-/// The draws of an attempt: real() is fRandReal(), below(n) is fRandInt(n) - 1, and makeRoom() is called at
-/// least once every kMostDrawsOfAnAttempt draws.
+/// The draws of an attempt: real() is fRandReal(), whole() is 2^31 times that, below(n) is fRandInt(n) - 1,
+/// and makeRoom() is called at least once every kMostDrawsOfAnAttempt draws.
 template <class T>
 concept DrawSource = requires(T draws, std::uint32_t n) {
   { draws.real() } -> std::same_as<double>;
+  { draws.whole() } -> std::same_as<std::uint32_t>;
   { draws.below(n) } -> std::same_as<std::uint32_t>;
   draws.makeRoom();
 };
@@ -25,6 +28,15 @@ inline constexpr int kDrawsOfASite = 2;
 inline constexpr int kDrawsOfARule = 1;
 inline constexpr int kMostDrawsOfAnAction = 3;
 inline constexpr int kMostDrawsOfAnAttempt = kDrawsOfASite + kDrawsOfARule + kMostDrawsOfAnAction;
+
+/// Energies with tables by neighbourhood, as FewTypes has them.
+template <class T>
+concept TabledEnergies = BondEnergies<T> && requires(const T& energies, const Action& flip, Type type,
+                                                     const Neighbours& neighbours, std::uint32_t code) {
+  { energies.numAccepted(flip, type, neighbours) } -> std::same_as<std::uint32_t>;
+  { energies.bondsAt(type, code) } -> std::same_as<double>;
+  { T::Code::of(neighbours) } -> std::same_as<std::uint32_t>;
+};
 
 /// The state that an attempt reads and changes.
 template <DrawSource Draws, BondEnergies Energies, AcceptanceTest Acceptance>
@@ -54,8 +66,25 @@ inline std::int32_t chosen(bool accepted, Type ifNot, Type ifSo) {
   return static_cast<std::int32_t>(outcomes[accepted ? 1 : 0]);
 }
 
+template <class Context>
+inline constexpr bool kHasTables = TabledEnergies<std::remove_cvref_t<decltype(Context::energies)>>;
+
+/// A flip to a given type, on a wide lattice.
+template <class Context>
+void tabledFlip(const Context& context, const Action& action, Site site, Type current) {
+  const std::uint32_t draw = context.draws.whole();
+  if (action.rare && !(action.parameter * RandomSource::maxran > draw)) return;
+  const Neighbours neighbours = context.template neighboursOf<true>(site);
+  const bool accepted = draw < context.energies.numAccepted(action, current, neighbours);
+  context.at(site) = chosen(accepted, current, static_cast<Type>(action.finalType));
+}
+
 template <bool kWide, bool kFacilitated, bool kEnergies, class Context>
 void flip(const Context& context, const Action& action, Site site, Type current) {
+  if constexpr (kWide && (kFacilitated || kEnergies) && kHasTables<Context>)
+    if (action.finalType != Action::kRandomType) [[likely]]
+      return tabledFlip(context, action, site, current);
+
   const Type final = action.finalType == Action::kRandomType ? context.draws.below(context.numTypes)
                                                              : static_cast<Type>(action.finalType);
   const double u = context.draws.real();
@@ -84,10 +113,27 @@ double pairEnergy(const Energies& energies, Type a, const Neighbours& ofA, Type 
   return energies.bonds(a, ofA) + energies.bonds(b, ofB);
 }
 
+/// The energy difference of an exchange on a wide lattice whose neighbourhoods both have a code.
+template <class Energies>
+double tabledExchangeEnergy(const Energies& energies, Type typeA, const Neighbours& ofA, Type typeB,
+                            const Neighbours& ofB, std::size_t direction) {
+  using Code = typename Energies::Code;
+  const std::uint32_t beforeA = Code::of(ofA), beforeB = Code::of(ofB);
+  const std::uint32_t afterA = Code::withChange(beforeA, direction, typeB, typeA);
+  const std::uint32_t afterB = Code::withChange(beforeB, kOpposite[direction], typeA, typeB);
+  const double before = energies.bondsAt(typeA, beforeA) + energies.bondsAt(typeB, beforeB);
+  return energies.bondsAt(typeB, afterA) + energies.bondsAt(typeA, afterB) - before;
+}
+
 template <bool kWide, class Context>
 double exchangeEnergy(const Context& context, Site a, Type typeA, Site b, Type typeB, std::size_t direction) {
   const Neighbours beforeA = context.template neighboursOf<kWide>(a);
   const Neighbours beforeB = context.template neighboursOf<kWide>(b);
+  if constexpr (kWide && kHasTables<Context>) {
+    using Code = typename std::remove_cvref_t<decltype(context.energies)>::Code;
+    if (Code::exists(beforeA) && Code::exists(beforeB)) [[likely]]
+      return tabledExchangeEnergy(context.energies, typeA, beforeA, typeB, beforeB, direction);
+  }
   Neighbours afterA = beforeA;
   Neighbours afterB = beforeB;
   if constexpr (kWide) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <concepts>
+#include <utility>
 
 #include "Neighbourhood.h"
 #include "engine/SystemArrays.h"
@@ -44,11 +45,14 @@ struct LiveEnergies : LiveBonds {
 /// A copy of pair energies, halved, and of fields.
 class EnergyTable {
  public:
-  void read(const RuleArrays& rules) {
+  /// Whether anything differs from what was read before.
+  bool read(const RuleArrays& rules) {
+    bool changed = false;
     for (Type a = 0; a < kMaxPixelTypes; ++a) {
-      for (Type b = 0; b < kMaxPixelTypes; ++b) half_[a][b] = halfBond(rules.J[a][b]);
-      field_[a] = rules.field[a];
+      for (Type b = 0; b < kMaxPixelTypes; ++b) changed |= replace(half_[a][b], halfBond(rules.J[a][b]));
+      changed |= replace(field_[a], rules.field[a]);
     }
+    return changed;
   }
 
   double bonds(Type type, const Neighbours& neighbours) const {
@@ -58,8 +62,10 @@ class EnergyTable {
   double field(Type type) const { return field_[type]; }
 
  private:
-  double half_[kMaxPixelTypes][kMaxPixelTypes];
-  double field_[kMaxPixelTypes];
+  static bool replace(double& old, double value) { return std::exchange(old, value) != value; }
+
+  double half_[kMaxPixelTypes][kMaxPixelTypes] = {};
+  double field_[kMaxPixelTypes] = {};
 };
 
 }  // namespace quorvane

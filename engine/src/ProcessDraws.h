@@ -9,6 +9,7 @@ namespace quorvane {
 /// The draws of the process one by one, with the operations of RandomSource::Stream.
 struct ProcessDraws {
   static double real() { return fRandReal(); }
+  static std::uint32_t whole() { return processRandomSource.next(); }
   static std::uint32_t below(std::uint32_t n) {
     return static_cast<std::uint32_t>(fRandInt(static_cast<int>(n)) - 1);
   }

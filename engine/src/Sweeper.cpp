@@ -1,9 +1,11 @@
 #include "engine/Sweeper.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "ActionTable.h"
 #include "Attempt.h"
+#include "FewTypes.h"
 #include "SiteAttempt.h"
 #include "engine/f_ran0.h"
 
@@ -57,17 +59,17 @@ struct Batch {
   Size size;
   std::uint32_t numTypes;
   const ActionTable& actions;
-  const EnergyTable& energies;
   std::int64_t count;
   const Relaxed<std::int32_t>& state;
   std::int32_t whileState;
 };
 
 /// Returns the number of attempts made. Everything is inlined, to keep the stream's state in registers.
-template <AcceptanceTest Acceptance>
-[[gnu::flatten, gnu::noinline]] std::int64_t makeAttempts(const Batch& batch, Acceptance& acceptance) {
+template <BondEnergies Energies, AcceptanceTest Acceptance>
+[[gnu::flatten, gnu::noinline]] std::int64_t makeAttempts(const Batch& batch, const Energies& energies,
+                                                          Acceptance& acceptance) {
   RandomSource::Stream draws(processRandomSource);
-  const AttemptContext context{batch.lattice, batch.size, batch.numTypes, draws, batch.energies, acceptance};
+  const AttemptContext context{batch.lattice, batch.size, batch.numTypes, draws, energies, acceptance};
   std::int64_t made = 0;
   for (; made < batch.count && batch.state == batch.whileState; ++made) tableAttempt(context, batch.actions);
   return made;
@@ -79,9 +81,24 @@ template <AcceptanceTest Acceptance>
 struct Sweeper::Tables {
   ActionTable actions;
   EnergyTable energies;
+  FewTypes<2> twoTypes{actions, energies};
+  bool twoTypesAreCurrent = false;
   CachedAcceptance cached;
   BoundedAcceptance bounded;
   bool cachePays = true;
+
+  void read(int numTypes, const RuleArrays& rules) {
+    const bool actionsChanged = actions.read(numTypes, rules);
+    const bool energiesChanged = energies.read(rules);
+    if (actionsChanged || energiesChanged) twoTypesAreCurrent = false;
+  }
+
+  /// The tables of a system of two types; none if it has others.
+  const FewTypes<2>* ofTwoTypes(int numTypes) {
+    if (numTypes != 2) return nullptr;
+    if (!std::exchange(twoTypesAreCurrent, true)) twoTypes.compute();
+    return &twoTypes;
+  }
 };
 
 Sweeper::Sweeper(const SystemArrays& system) : system_(system), tables_(std::make_unique<Tables>()) {}
@@ -101,18 +118,18 @@ std::int64_t Sweeper::batch(std::int64_t count, const Relaxed<std::int32_t>& sta
     return 1;
   }
   const int numTypes = system_.numTypes;
-  tables_->actions.read(numTypes, system_.rules);
-  tables_->energies.read(system_.rules);
+  tables_->read(numTypes, system_.rules);
   const Batch batch{.lattice = system_.lattice,
                     .size = size,
                     .numTypes = static_cast<std::uint32_t>(numTypes),
                     .actions = tables_->actions,
-                    .energies = tables_->energies,
                     .count = count,
                     .state = state,
                     .whileState = whileState};
-  if (!tables_->cachePays) return makeAttempts(batch, tables_->bounded);
-  const std::int64_t made = makeAttempts(batch, tables_->cached);
+  if (const auto* twoTypes = tables_->ofTwoTypes(numTypes))
+    return makeAttempts(batch, *twoTypes, tables_->cached);
+  if (!tables_->cachePays) return makeAttempts(batch, tables_->energies, tables_->bounded);
+  const std::int64_t made = makeAttempts(batch, tables_->energies, tables_->cached);
   tables_->cachePays = tables_->cached.takeMisses() <= count / kAttemptsPerMiss;
   return made;
 }

@@ -56,6 +56,8 @@ class RandomSource {
       return timesTwoOf(y_);
     }
 
+    /// The next value, of which real() is the 2^31st part.
+    std::uint32_t whole() { return nextTimesTwo() >> 1; }
     /// fRandReal().
     double real() { return static_cast<std::int64_t>(nextTimesTwo()) / (2 * maxran); }
     /// fRandInt(n) - 1, 0 to n - 1; n is 1 to 2^22.
