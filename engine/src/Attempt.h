@@ -59,11 +59,11 @@ template <class Draws, class Energies, class Acceptance>
 AttemptContext(Lattice&, Size, std::uint32_t, Draws&, const Energies&, Acceptance&)
     -> AttemptContext<Draws, Energies, Acceptance>;
 
-/// A look-up instead of a branch, since acceptance cannot be predicted. The result is written to the site in
+/// A mask instead of a branch, since acceptance cannot be predicted. The result is written to the site in
 /// either case, because a conditional address would delay the loads that follow.
 inline std::int32_t chosen(bool accepted, Type ifNot, Type ifSo) {
-  const Type outcomes[] = {ifNot, ifSo};
-  return static_cast<std::int32_t>(outcomes[accepted ? 1 : 0]);
+  const Type mask = accepted ? ~Type{0} : 0;
+  return static_cast<std::int32_t>(ifNot ^ ((ifNot ^ ifSo) & mask));
 }
 
 template <class Context>

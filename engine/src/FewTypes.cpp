@@ -9,7 +9,8 @@
 namespace quorvane {
 namespace {
 
-/// How many whole draws k satisfy p > k / 2^31; none if p is not a number. Scaling by a power of two is exact.
+/// How many whole draws k satisfy p > k / 2^31; none if p is not a number. Scaling by a power of two is
+/// exact.
 std::uint32_t numBelow(double p) {
   return p > 0.0 ? static_cast<std::uint32_t>(std::ceil(std::min(p, 1.0) * RandomSource::maxran)) : 0;
 }
@@ -41,6 +42,12 @@ std::uint32_t FewTypes<kTypes>::computeNumAccepted(const Action& flip, Type curr
   const double before = bonds(current, neighbours) + field(current);
   const double after = bonds(final, neighbours) + field(final);
   return std::min(byParameter, numBelow(flip.parameter * acceptance(after - before)));
+}
+
+template <Type kTypes>
+std::uint32_t FewTypes<kTypes>::numAcceptedAmongMany(const Action& flip, Type current,
+                                                     PackedNeighbours neighbours) const {
+  return computeNumAccepted(flip, current, unpacked(neighbours));
 }
 
 template class FewTypes<2>;

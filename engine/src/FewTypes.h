@@ -8,15 +8,16 @@
 
 namespace quorvane {
 
-/// What follows from the types of a site's neighbours, for each of their kTypes^8 combinations: the bond energy
-/// of the site and, for each flip to a given type, the draws that accept it. A lattice may also hold types
-/// that are not in use; for a neighbourhood with one of them nothing has been computed beforehand.
+/// What follows from the types of a site's neighbours, for each of their kTypes^8 combinations: the bond
+/// energy of the site and, for each flip to a given type, the draws that accept it. A lattice may also hold
+/// types that are not in use; for a neighbourhood with one of them nothing has been computed beforehand.
 template <Type kTypes>
 class FewTypes {
  public:
   using Code = NeighbourhoodCode<kTypes>;
 
-  FewTypes(const ActionTable& actions, const EnergyTable& energies) : actions_(actions), energies_(energies) {}
+  FewTypes(const ActionTable& actions, const EnergyTable& energies)
+      : actions_(actions), energies_(energies) {}
 
   /// To be called when the actions or the energies have changed.
   void compute();
@@ -30,13 +31,14 @@ class FewTypes {
   /// How many of the 2^31 values of a draw accept a flip to the action's final type: those from 0 on.
   std::uint32_t numAccepted(const Action& flip, Type current, const Neighbours& neighbours) const {
     if (!Code::exists(neighbours) || current >= kTypes) [[unlikely]]
-      return computeNumAccepted(flip, current, neighbours);
+      return numAcceptedAmongMany(flip, current, packed(neighbours));
     return numAccepted_[actions_.numberOf(flip)][Code::of(neighbours)];
   }
 
  private:
-  [[gnu::noinline]] std::uint32_t computeNumAccepted(const Action& flip, Type current,
-                                                     const Neighbours& neighbours) const;
+  std::uint32_t computeNumAccepted(const Action& flip, Type current, const Neighbours& neighbours) const;
+  /// The same, not inlined. A reference to the neighbours would keep them in memory, also on the usual path.
+  std::uint32_t numAcceptedAmongMany(const Action& flip, Type current, PackedNeighbours neighbours) const;
 
   const ActionTable& actions_;
   const EnergyTable& energies_;

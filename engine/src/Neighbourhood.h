@@ -50,6 +50,21 @@ struct Neighbours {
   Type type[kNumDirections];
 };
 
+/// Neighbours in a register: four bits for each.
+using PackedNeighbours = std::uint32_t;
+static_assert(kMaxPixelTypes <= 16);
+
+inline PackedNeighbours packed(const Neighbours& neighbours) {
+  PackedNeighbours bits = 0;
+  for (int k = 0; k < kNumDirections; ++k) bits |= neighbours.type[k] << (4 * k);
+  return bits;
+}
+inline Neighbours unpacked(PackedNeighbours bits) {
+  Neighbours neighbours;
+  for (int k = 0; k < kNumDirections; ++k) neighbours.type[k] = bits >> (4 * k) & 15u;
+  return neighbours;
+}
+
 /// The neighbours' types, each from a function of its step. Unrolled, so that every step is a constant.
 template <class TypeAfter>
 Neighbours neighboursBy(TypeAfter&& typeAfter) {

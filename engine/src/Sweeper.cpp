@@ -81,8 +81,9 @@ template <BondEnergies Energies, AcceptanceTest Acceptance>
 struct Sweeper::Tables {
   ActionTable actions;
   EnergyTable energies;
-  FewTypes<2> twoTypes{actions, energies};
+  std::unique_ptr<FewTypes<2>> twoTypes;
   bool twoTypesAreCurrent = false;
+  std::int64_t attemptsSinceChange = 0;
   CachedAcceptance cached;
   BoundedAcceptance bounded;
   bool cachePays = true;
@@ -90,14 +91,17 @@ struct Sweeper::Tables {
   void read(int numTypes, const RuleArrays& rules) {
     const bool actionsChanged = actions.read(numTypes, rules);
     const bool energiesChanged = energies.read(rules);
-    if (actionsChanged || energiesChanged) twoTypesAreCurrent = false;
+    if (!actionsChanged && !energiesChanged) return;
+    twoTypesAreCurrent = false;
+    attemptsSinceChange = 0;
   }
 
-  /// The tables of a system of two types; none if it has others.
+  /// The tables of a system of two types, once they pay; none until then and for other systems.
   const FewTypes<2>* ofTwoTypes(int numTypes) {
-    if (numTypes != 2) return nullptr;
-    if (!std::exchange(twoTypesAreCurrent, true)) twoTypes.compute();
-    return &twoTypes;
+    if (numTypes != 2 || attemptsSinceChange < kBatch) return nullptr;
+    if (!twoTypes) twoTypes = std::make_unique<FewTypes<2>>(actions, energies);
+    if (!std::exchange(twoTypesAreCurrent, true)) twoTypes->compute();
+    return twoTypes.get();
   }
 };
 
@@ -126,8 +130,9 @@ std::int64_t Sweeper::batch(std::int64_t count, const Relaxed<std::int32_t>& sta
                     .count = count,
                     .state = state,
                     .whileState = whileState};
-  if (const auto* twoTypes = tables_->ofTwoTypes(numTypes))
-    return makeAttempts(batch, *twoTypes, tables_->cached);
+  const auto* twoTypes = tables_->ofTwoTypes(numTypes);
+  tables_->attemptsSinceChange += count;
+  if (twoTypes) return makeAttempts(batch, *twoTypes, tables_->cached);
   if (!tables_->cachePays) return makeAttempts(batch, tables_->energies, tables_->bounded);
   const std::int64_t made = makeAttempts(batch, tables_->energies, tables_->cached);
   tables_->cachePays = tables_->cached.takeMisses() <= count / kAttemptsPerMiss;

@@ -1,5 +1,3 @@
-#include "FewTypes.h"
-
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -8,6 +6,7 @@
 #include <vector>
 
 #include "EngineTest.h"
+#include "FewTypes.h"
 #include "engine/RandomSource.h"
 #include "reference/LatticeFunctions.h"
 
@@ -138,7 +137,8 @@ TEST(FewTypes, AcceptExactlyTheDrawsOfSingleAttemptsForAnyParameter) {
 
 TEST(FewTypes, AcceptExactlyTheDrawsOfSingleAttemptsForAnyEnergy) {
   // 1e16 + 1 rounds, so that the order of a sum decides; two infinities may differ by no number.
-  for (const double energy : {0.0, 1e-17, 1.0, 1e16, -1e16, 700.0, -750.0, kInfinity, -kInfinity, kNotANumber})
+  for (const double energy :
+       {0.0, 1e-17, 1.0, 1e16, -1e16, 700.0, -750.0, kInfinity, -kInfinity, kNotANumber})
     for (const auto& place : {std::pair(0, 0), {0, 1}, {1, 0}, {1, 1}}) {
       SCOPED_TRACE(testing::Message() << energy << " between " << place.first << " and " << place.second);
       const auto system = twoTypes();
@@ -181,12 +181,12 @@ TEST(FewTypes, AreReadAnewAfterAnyChange) {
   Tables tables(*system);
   EXPECT_FALSE(tables.read()) << "nothing has changed";
   const std::function<void(System&)> changes[] = {
-      [](System& s) { s.ruleParameter[3] = 0.9; },    [](System& s) { s.ruleFac[2][0] = 5; },
-      [](System& s) { s.ruleFac[3][1] = 1; },         [](System& s) { s.ruleIgnoreEnergy[4] = 1; },
-      [](System& s) { s.ruleDisabled[1] = 1; },       [](System& s) { s.ruleEndPoints[0][1] = 0; },
-      [](System& s) { s.ruleType[3] = 2; },           [](System& s) { s.masquerade[1] = 0; },
-      [](System& s) { s.field[1] = 0.25; },           [](System& s) { s.J[0][1] = 0.7; },
-      [](System& s) { --s.accessibleCount[0]; },      [](System& s) { s.accessible[1][0] = 2; },
+      [](System& s) { s.ruleParameter[3] = 0.9; }, [](System& s) { s.ruleFac[2][0] = 5; },
+      [](System& s) { s.ruleFac[3][1] = 1; },      [](System& s) { s.ruleIgnoreEnergy[4] = 1; },
+      [](System& s) { s.ruleDisabled[1] = 1; },    [](System& s) { s.ruleEndPoints[0][1] = 0; },
+      [](System& s) { s.ruleType[3] = 2; },        [](System& s) { s.masquerade[1] = 0; },
+      [](System& s) { s.field[1] = 0.25; },        [](System& s) { s.J[0][1] = 0.7; },
+      [](System& s) { --s.accessibleCount[0]; },   [](System& s) { s.accessible[1][0] = 2; },
   };
   for (std::size_t k = 0; k < std::size(changes); ++k) {
     changes[k](*system);

@@ -94,16 +94,18 @@ class RandomSource {
  private:
   static constexpr std::uint32_t kSlots = 97;
 
-  /// A value times two, with the slot that it selects, less 1, in the upper half. Each draw depends on the
-  /// slot of the one before it, so the slot is computed when the value enters the table, off the critical
-  /// path.
+  /// A value times two times the number of slots: the upper half is the slot that it selects, less 1. Each
+  /// draw depends on the slot of the one before it, so the slot is computed when the value enters the table,
+  /// off the critical path. The lower half still determines the value, since an odd factor has an inverse
+  /// modulo 2^32.
   using Entry = std::uint64_t;
-  static constexpr Entry entryOf(std::uint32_t valueTimesTwo) {
-    constexpr Entry upperHalf = 0xFFFFFFFF00000000;
-    return (Entry{kSlots} * valueTimesTwo & upperHalf) | valueTimesTwo;
-  }
+  static constexpr Entry entryOf(std::uint32_t valueTimesTwo) { return Entry{kSlots} * valueTimesTwo; }
   static constexpr std::uint64_t slotOf(Entry entry) { return 1 + (entry >> 32); }
-  static constexpr std::uint32_t timesTwoOf(Entry entry) { return static_cast<std::uint32_t>(entry); }
+  static constexpr std::uint32_t timesTwoOf(Entry entry) {
+    constexpr std::uint32_t inverse = 1'594'008'481;
+    static_assert(std::uint32_t{kSlots} * inverse == 1);
+    return static_cast<std::uint32_t>(entry) * inverse;
+  }
 
   std::uint32_t draw();
   std::uint32_t nextOfPlatform();
