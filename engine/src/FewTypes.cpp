@@ -38,7 +38,7 @@ std::uint32_t FewTypes<kTypes>::computeNumAccepted(const Action& flip, Type curr
   if (flip.isFacilitated() && !flip.facilitatedBy(neighbours)) return 0;
   const std::uint32_t byParameter = numBelow(flip.parameter);
   if (!flip.hasEnergies()) return byParameter;
-  const auto final = static_cast<Type>(flip.finalType);
+  const auto final = static_cast<Type>(static_cast<std::uint8_t>(flip.finalType));
   const double before = bonds(current, neighbours) + field(current);
   const double after = bonds(final, neighbours) + field(final);
   return std::min(byParameter, numBelow(flip.parameter * acceptance(after - before)));
