@@ -17,7 +17,7 @@ class ActionTable {
   /// The entries of a type's row; one that is not usable is an action of the kind kNone.
   const Action* row(Type type) const { return rows_[type]; }
 
-  /// The number of an entry: those of a row follow each other, row by row, each with kPlaces places.
+  /// The number of an entry: kPlaces times its type, plus its position.
   std::size_t numberOf(const Action& action) const { return static_cast<std::size_t>(&action - rows_[0]); }
   /// A power of two, so that indexing a row takes a shift.
   static constexpr int kPlaces = 64;

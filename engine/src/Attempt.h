@@ -31,10 +31,10 @@ inline constexpr int kMostDrawsOfAnAttempt = kDrawsOfASite + kDrawsOfARule + kMo
 
 /// Energies with tables by neighbourhood, as FewTypes has them.
 template <class T>
-concept TabledEnergies = BondEnergies<T> && requires(const T& energies, const Action& flip, Type type,
-                                                     const Neighbours& neighbours, std::uint32_t code) {
-  { energies.numAccepted(flip, type, neighbours) } -> std::same_as<std::uint32_t>;
-  { energies.bondsAt(type, code) } -> std::same_as<double>;
+concept TabledEnergies = BondEnergies<T> &&
+    requires(const T& energies, Type type, std::uint32_t number, const Neighbours& neighbours) {
+  { energies.flip(type, number).numAccepted[number] } -> std::convertible_to<std::uint32_t>;
+  { energies.bondsAt(type, number) } -> std::same_as<double>;
   { T::Code::of(neighbours) } -> std::same_as<std::uint32_t>;
 };
 
@@ -69,22 +69,23 @@ inline std::int32_t chosen(bool accepted, Type ifNot, Type ifSo) {
 template <class Context>
 inline constexpr bool kHasTables = TabledEnergies<std::remove_cvref_t<decltype(Context::energies)>>;
 
-/// A flip to a given type, on a wide lattice.
+/// Makes the flip at a position of the row if it has a table, on a wide lattice. False, and nothing drawn, if
+/// it has none or the site has a neighbour of a type that is not in use.
 template <class Context>
-void tabledFlip(const Context& context, const Action& action, Site site, Type current) {
-  const std::uint32_t draw = context.draws.whole();
-  if (action.rare && !(action.parameter * RandomSource::maxran > draw)) return;
+bool flippedByTable(const Context& context, std::uint32_t position, Site site, Type current) {
+  using Code = typename std::remove_cvref_t<decltype(context.energies)>::Code;
+  const auto& flip = context.energies.flip(current, position);
+  if (flip.numAccepted == nullptr) return false;
   const Neighbours neighbours = context.template neighboursOf<true>(site);
-  const bool accepted = draw < context.energies.numAccepted(action, current, neighbours);
-  context.at(site) = chosen(accepted, current, static_cast<Type>(action.finalType));
+  if (!Code::exists(neighbours)) [[unlikely]]
+    return false;
+  const bool accepted = context.draws.whole() < flip.numAccepted[Code::of(neighbours)];
+  context.at(site) = chosen(accepted, current, flip.final);
+  return true;
 }
 
 template <bool kWide, bool kFacilitated, bool kEnergies, class Context>
 void flip(const Context& context, const Action& action, Site site, Type current) {
-  if constexpr (kWide && (kFacilitated || kEnergies) && kHasTables<Context>)
-    if (action.finalType != Action::kRandomType) [[likely]]
-      return tabledFlip(context, action, site, current);
-
   const Type final = action.finalType == Action::kRandomType ? context.draws.below(context.numTypes)
                                                              : static_cast<Type>(action.finalType);
   const double u = context.draws.real();
@@ -125,29 +126,49 @@ double tabledExchangeEnergy(const Energies& energies, Type typeA, const Neighbou
   return energies.bondsAt(typeB, afterA) + energies.bondsAt(typeA, afterB) - before;
 }
 
+/// The energy difference of an exchange on a wide lattice, where each site is the other's neighbour exactly
+/// once, and not its own.
+template <BondEnergies Energies>
+double exchangeEnergyOnWide(const Energies& energies, Type typeA, const Neighbours& ofA, Type typeB,
+                            const Neighbours& ofB, std::size_t direction) {
+  Neighbours afterA = ofA, afterB = ofB;
+  afterA.type[direction] = typeA;
+  afterB.type[kOpposite[direction]] = typeB;
+  const double before = pairEnergy(energies, typeA, ofA, typeB, ofB);
+  return pairEnergy(energies, typeB, afterA, typeA, afterB) - before;
+}
+
+/// The same where the neighbours have no code. Not inlined, and with packed neighbours: an array that may be
+/// changed would keep them in memory, also on the usual path.
+template <BondEnergies Energies>
+[[gnu::noinline]] double exchangeEnergyWithoutCode(const Energies& energies, Type typeA, PackedNeighbours ofA,
+                                                   Type typeB, PackedNeighbours ofB, std::size_t direction) {
+  return exchangeEnergyOnWide(energies, typeA, unpacked(ofA), typeB, unpacked(ofB), direction);
+}
+
 template <bool kWide, class Context>
 double exchangeEnergy(const Context& context, Site a, Type typeA, Site b, Type typeB, std::size_t direction) {
+  const auto& energies = context.energies;
   const Neighbours beforeA = context.template neighboursOf<kWide>(a);
   const Neighbours beforeB = context.template neighboursOf<kWide>(b);
   if constexpr (kWide && kHasTables<Context>) {
-    using Code = typename std::remove_cvref_t<decltype(context.energies)>::Code;
-    if (Code::exists(beforeA) && Code::exists(beforeB)) [[likely]]
-      return tabledExchangeEnergy(context.energies, typeA, beforeA, typeB, beforeB, direction);
-  }
-  Neighbours afterA = beforeA;
-  Neighbours afterB = beforeB;
-  if constexpr (kWide) {
-    // Each is the other's neighbour exactly once, and not its own.
-    afterA.type[direction] = typeA;
-    afterB.type[kOpposite[direction]] = typeB;
+    using Code = typename std::remove_cvref_t<decltype(energies)>::Code;
+    // Each site is a neighbour of the other, but another thread may have changed it since its type was read.
+    const bool areInUse = typeA < Code::kNumTypes && typeB < Code::kNumTypes;
+    if (Code::exists(beforeA) && Code::exists(beforeB) && areInUse) [[likely]]
+      return tabledExchangeEnergy(energies, typeA, beforeA, typeB, beforeB, direction);
+    return exchangeEnergyWithoutCode(energies, typeA, packed(beforeA), typeB, packed(beforeB), direction);
+  } else if constexpr (kWide) {
+    return exchangeEnergyOnWide(energies, typeA, beforeA, typeB, beforeB, direction);
   } else {
+    Neighbours afterA = beforeA, afterB = beforeB;
     for (const auto& [site, type] : {std::pair(a, typeB), std::pair(b, typeA)}) {
       afterA = withChange(afterA, a, context.size, site, type);
       afterB = withChange(afterB, b, context.size, site, type);
     }
+    const double before = pairEnergy(energies, typeA, beforeA, typeB, beforeB);
+    return pairEnergy(energies, typeB, afterA, typeA, afterB) - before;
   }
-  const double before = pairEnergy(context.energies, typeA, beforeA, typeB, beforeB);
-  return pairEnergy(context.energies, typeB, afterA, typeA, afterB) - before;
 }
 
 /// The exchange with a random neighbour: always two draws.

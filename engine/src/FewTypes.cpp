@@ -18,17 +18,25 @@ std::uint32_t numBelow(double p) {
 }  // namespace
 
 template <Type kTypes>
-void FewTypes<kTypes>::compute() {
-  for (std::uint32_t code = 0; code < Code::kCount; ++code) {
-    const Neighbours neighbours = Code::neighboursOf(code);
-    for (Type type = 0; type < kTypes; ++type) {
-      bonds_[type][code] = bonds(type, neighbours);
-      const Action* row = actions_.row(type);
-      for (const Action* action = row; action < row + actions_.length(type); ++action)
-        if (action->flipsToGivenType())
-          numAccepted_[actions_.numberOf(*action)][code] = computeNumAccepted(*action, type, neighbours);
-    }
-  }
+FewTypes<kTypes>::FewTypes(const ActionTable& actions, const EnergyTable& energies) : energies_(energies) {
+  for (std::uint32_t code = 0; code < Code::kCount; ++code)
+    for (Type type = 0; type < kTypes; ++type) bonds_[type][code] = bonds(type, Code::neighboursOf(code));
+
+  numAccepted_.reserve(kMostTables * Code::kCount);  // The tables must not move.
+  for (Type type = 0; type < kTypes; ++type)
+    for (std::uint32_t position = 0; position < actions.length(type); ++position)
+      flips_[type][position] = tableOf(actions.row(type)[position], type);
+}
+
+template <Type kTypes>
+typename FewTypes<kTypes>::Flip FewTypes<kTypes>::tableOf(const Action& action, Type current) {
+  // A rare flip is usually rejected before its neighbours are read.
+  const bool isFull = numAccepted_.size() == numAccepted_.capacity();
+  if (!action.flipsToGivenType() || action.rare || isFull) return {};
+  const std::uint32_t* table = numAccepted_.data() + numAccepted_.size();
+  for (std::uint32_t code = 0; code < Code::kCount; ++code)
+    numAccepted_.push_back(computeNumAccepted(action, current, Code::neighboursOf(code)));
+  return {.numAccepted = table, .final = static_cast<Type>(static_cast<std::uint8_t>(action.finalType))};
 }
 
 /// The conditions of flip() in Attempt.h, each solved for the draw.
@@ -36,20 +44,14 @@ template <Type kTypes>
 std::uint32_t FewTypes<kTypes>::computeNumAccepted(const Action& flip, Type current,
                                                    const Neighbours& neighbours) const {
   if (flip.isFacilitated() && !flip.facilitatedBy(neighbours)) return 0;
-  const std::uint32_t byParameter = numBelow(flip.parameter);
-  if (!flip.hasEnergies()) return byParameter;
+  if (!flip.hasEnergies()) return numBelow(flip.parameter);
   const auto final = static_cast<Type>(static_cast<std::uint8_t>(flip.finalType));
   const double before = bonds(current, neighbours) + field(current);
   const double after = bonds(final, neighbours) + field(final);
-  return std::min(byParameter, numBelow(flip.parameter * acceptance(after - before)));
-}
-
-template <Type kTypes>
-std::uint32_t FewTypes<kTypes>::numAcceptedAmongMany(const Action& flip, Type current,
-                                                     PackedNeighbours neighbours) const {
-  return computeNumAccepted(flip, current, unpacked(neighbours));
+  return numBelow(flip.parameter * acceptance(after - before));
 }
 
 template class FewTypes<2>;
+template class FewTypes<3>;
 
 }  // namespace quorvane

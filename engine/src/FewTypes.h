@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <vector>
 
 #include "ActionTable.h"
 #include "Energies.h"
@@ -16,11 +18,15 @@ class FewTypes {
  public:
   using Code = NeighbourhoodCode<kTypes>;
 
-  FewTypes(const ActionTable& actions, const EnergyTable& energies)
-      : actions_(actions), energies_(energies) {}
+  /// A flip to a given type. By the code of the neighbours: how many of the 2^31 values of a draw accept it,
+  /// which are those from 0 on. Null for an entry of a row that has no table.
+  struct Flip {
+    const std::uint32_t* numAccepted = nullptr;
+    Type final = 0;
+  };
 
-  /// To be called when the actions or the energies have changed.
-  void compute();
+  /// Of actions and energies that outlive the object and do not change.
+  FewTypes(const ActionTable& actions, const EnergyTable& energies);
 
   double bonds(Type type, const Neighbours& neighbours) const { return energies_.bonds(type, neighbours); }
   double field(Type type) const { return energies_.field(type); }
@@ -28,22 +34,20 @@ class FewTypes {
   /// bonds() of one of the first kTypes types, for neighbours that have a code.
   double bondsAt(Type type, std::uint32_t code) const { return bonds_[type][code]; }
 
-  /// How many of the 2^31 values of a draw accept a flip to the action's final type: those from 0 on.
-  std::uint32_t numAccepted(const Action& flip, Type current, const Neighbours& neighbours) const {
-    if (!Code::exists(neighbours) || current >= kTypes) [[unlikely]]
-      return numAcceptedAmongMany(flip, current, packed(neighbours));
-    return numAccepted_[actions_.numberOf(flip)][Code::of(neighbours)];
-  }
+  /// The entry at a position of a type's row.
+  const Flip& flip(Type current, std::uint32_t position) const { return flips_[current][position]; }
 
  private:
-  std::uint32_t computeNumAccepted(const Action& flip, Type current, const Neighbours& neighbours) const;
-  /// The same, not inlined. A reference to the neighbours would keep them in memory, also on the usual path.
-  std::uint32_t numAcceptedAmongMany(const Action& flip, Type current, PackedNeighbours neighbours) const;
+  /// As many as fit a second-level cache.
+  static constexpr std::size_t kMostTables = (std::size_t{1} << 18) / (sizeof(std::uint32_t) * Code::kCount);
 
-  const ActionTable& actions_;
+  Flip tableOf(const Action& action, Type current);
+  std::uint32_t computeNumAccepted(const Action& flip, Type current, const Neighbours& neighbours) const;
+
   const EnergyTable& energies_;
-  double bonds_[kTypes][Code::kCount] = {};
-  std::uint32_t numAccepted_[kTypes * ActionTable::kPlaces][Code::kCount] = {};
+  double bonds_[kTypes][Code::kCount];
+  Flip flips_[kMaxPixelTypes][ActionTable::kPlaces];
+  std::vector<std::uint32_t> numAccepted_;
 };
 
 }  // namespace quorvane

@@ -15,9 +15,9 @@ void RandomSource::initialise() {
   else
     platform_.srand(static_cast<unsigned>(seed.load()));
   seed = 1;
-  for (std::uint32_t k = 1; k <= kSlots; ++k) draw();
-  for (std::uint32_t k = 1; k <= kSlots; ++k) v[k] = entryOf(2 * draw());
-  y = entryOf(2 * draw());
+  for (std::uint32_t k = 0; k < kSlots; ++k) draw();
+  for (Entry& entry : v_) entry.put(2 * draw());
+  selected_ = selectedBy(2 * draw());
   iff = 1;
 }
 
@@ -26,11 +26,12 @@ std::uint32_t RandomSource::draw() {
 }
 
 std::uint32_t RandomSource::nextOfPlatform() {
-  const Entry fresh = entryOf(2 * static_cast<std::uint32_t>(platform_.rand()));
-  auto& selected = v[slotOf(y)];
-  y = selected;
-  selected = fresh;
-  return timesTwoOf(y) >> 1;
+  const auto fresh = static_cast<std::uint32_t>(platform_.rand());
+  Entry& entry = v_[selected_];
+  const std::uint32_t value = entry.timesTwo >> 1;
+  selected_ = entry.selects;
+  entry.put(2 * fresh);
+  return value;
 }
 
 }  // namespace quorvane

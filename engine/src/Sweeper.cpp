@@ -1,7 +1,6 @@
 #include "engine/Sweeper.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "ActionTable.h"
 #include "Attempt.h"
@@ -18,6 +17,9 @@ constexpr std::int64_t kBatch = 4096;
 constexpr std::int64_t kFew = 64;
 /// The cache does not pay if more than one attempt in this many misses it.
 constexpr std::int64_t kAttemptsPerMiss = 32;
+/// Tables by neighbourhood pay if the rules do not change for at least this many attempts for each
+/// neighbourhood.
+constexpr std::int64_t kAttemptsPerNeighbourhood = 16;
 
 static_assert(kMostDrawsOfAnAttempt <= RandomSource::Stream::kRoom);
 
@@ -30,14 +32,14 @@ void singleAttempt(const SystemArrays& system) {
   attemptAt(siteAt(i, j), system.lattice, sizeOf(imax, jmax), system.numTypes, system.rules);
 }
 
-/// Draws entries of a row until one is usable; none if all have been drawn unusable.
+/// The usable entry of a row at a position, or one that is drawn instead; none if all have been drawn
+/// unusable.
 template <class Draws>
-const Action* drawAction(Draws& draws, const Action* row, std::uint32_t length) {
+const Action* usableAction(Draws& draws, const Action* row, std::uint32_t length, std::uint32_t position) {
   const auto isUsable = [row](std::uint32_t k) { return row[k].kind != ActionKind::kNone; };
-  const std::uint32_t first = draws.below(length);
-  if (isUsable(first)) [[likely]]
-    return row + first;
-  const int other = drawAnother(draws, length, first, isUsable);
+  if (isUsable(position)) [[likely]]
+    return row + position;
+  const int other = drawAnother(draws, length, position, isUsable);
   return other == -1 ? nullptr : row + other;
 }
 
@@ -50,7 +52,10 @@ void tableAttempt(const Context& context, const ActionTable& actions) {
   const Type current = typeOf(context.lattice[i][j]);
   const std::uint32_t length = actions.length(current);
   if (length == 0) return;
-  const Action* action = drawAction(context.draws, actions.row(current), length);
+  const std::uint32_t position = context.draws.below(length);
+  if constexpr (kHasTables<Context>)
+    if (flippedByTable(context, position, Site{i, j}, current)) return;
+  const Action* action = usableAction(context.draws, actions.row(current), length, position);
   if (action) perform<true>(context, *action, Site{i, j}, current);
 }
 
@@ -81,8 +86,9 @@ template <BondEnergies Energies, AcceptanceTest Acceptance>
 struct Sweeper::Tables {
   ActionTable actions;
   EnergyTable energies;
-  std::unique_ptr<FewTypes<2>> twoTypes;
-  bool twoTypesAreCurrent = false;
+  std::unique_ptr<FewTypes<2>> ofTwo;
+  std::unique_ptr<FewTypes<3>> ofThree;
+  /// Tables by neighbourhood pay only if the rules stay as they are.
   std::int64_t attemptsSinceChange = 0;
   CachedAcceptance cached;
   BoundedAcceptance bounded;
@@ -92,16 +98,33 @@ struct Sweeper::Tables {
     const bool actionsChanged = actions.read(numTypes, rules);
     const bool energiesChanged = energies.read(rules);
     if (!actionsChanged && !energiesChanged) return;
-    twoTypesAreCurrent = false;
+    ofTwo.reset();
+    ofThree.reset();
     attemptsSinceChange = 0;
   }
 
-  /// The tables of a system of two types, once they pay; none until then and for other systems.
-  const FewTypes<2>* ofTwoTypes(int numTypes) {
-    if (numTypes != 2 || attemptsSinceChange < kBatch) return nullptr;
-    if (!twoTypes) twoTypes = std::make_unique<FewTypes<2>>(actions, energies);
-    if (!std::exchange(twoTypesAreCurrent, true)) twoTypes->compute();
-    return twoTypes.get();
+  /// Whether tables by neighbourhood are to be used. The first call makes them.
+  template <Type kTypes>
+  bool have(std::unique_ptr<FewTypes<kTypes>>& tables, std::uint32_t numTypes) const {
+    if (numTypes != kTypes ||
+        attemptsSinceChange < kAttemptsPerNeighbourhood * FewTypes<kTypes>::Code::kCount)
+      return false;
+    if (!tables) tables = std::make_unique<FewTypes<kTypes>>(actions, energies);
+    return true;
+  }
+
+  std::int64_t make(const Batch& batch) {
+    if (have(ofTwo, batch.numTypes)) return make(batch, *ofTwo);
+    if (have(ofThree, batch.numTypes)) return make(batch, *ofThree);
+    return make(batch, energies);
+  }
+
+  template <BondEnergies Energies>
+  std::int64_t make(const Batch& batch, const Energies& ofSites) {
+    if (!cachePays) return makeAttempts(batch, ofSites, bounded);
+    const std::int64_t made = makeAttempts(batch, ofSites, cached);
+    cachePays = cached.takeMisses() <= batch.count / kAttemptsPerMiss;
+    return made;
   }
 };
 
@@ -130,12 +153,8 @@ std::int64_t Sweeper::batch(std::int64_t count, const Relaxed<std::int32_t>& sta
                     .count = count,
                     .state = state,
                     .whileState = whileState};
-  const auto* twoTypes = tables_->ofTwoTypes(numTypes);
-  tables_->attemptsSinceChange += count;
-  if (twoTypes) return makeAttempts(batch, *twoTypes, tables_->cached);
-  if (!tables_->cachePays) return makeAttempts(batch, tables_->energies, tables_->bounded);
-  const std::int64_t made = makeAttempts(batch, tables_->energies, tables_->cached);
-  tables_->cachePays = tables_->cached.takeMisses() <= count / kAttemptsPerMiss;
+  const std::int64_t made = tables_->make(batch);
+  tables_->attemptsSinceChange += made;
   return made;
 }
 

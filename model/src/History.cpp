@@ -1,6 +1,5 @@
 #include <bit>
 #include <cstdint>
-#include <limits>
 
 #include "model/LatticeModel.h"
 
@@ -12,32 +11,36 @@ class TraceUpdate {
  public:
   TraceUpdate(int type, double persistence) : type_(type), persistence_(persistence) {}
 
-  void operator()(Relaxed<double>& trace, std::int32_t site) {
+  /// Without checks denormal traces take processors up to a hundred times as long.
+  void unchecked(Relaxed<double>& trace, std::int32_t site) { put(trace, site, trace * persistence_); }
+
+  /// Notes small traces, and keeps the last product with one: a trace without additions for thousands of
+  /// sweeps stays at the same denormal value.
+  void checked(Relaxed<double>& trace, std::int32_t site) {
+    const double before = trace;
+    const bool small = isSmall(before);
+    foundSmall_ |= small;
+    put(trace, site, small ? keptProduct(before) : before * persistence_);
+  }
+
+  double max() const { return 1.0 > max_ ? 1.0 : max_; }
+  bool foundSmall() const { return foundSmall_; }
+
+ private:
+  void put(Relaxed<double>& trace, std::int32_t site, double decayed) {
     // A look-up instead of a branch, since which sites hold the type cannot be predicted. Adding -0 changes
     // no number, including 0 and -0.
     static constexpr double gain[] = {-0.0, 1.0};
-    const double updated = gain[site == type_ ? 1 : 0] + decayed(trace);
+    const double updated = gain[site == type_ ? 1 : 0] + decayed;
     trace = updated;
     max_ = updated > max_ ? updated : max_;
   }
 
-  double max() const { return 1.0 > max_ ? 1.0 : max_; }
-
- private:
-  double decayed(double trace) {
-    // Denormal products take processors up to a hundred times as long. A trace without additions for
-    // thousands of sweeps stays at the same denormal value, so the last product is cached.
-    if (isTiny(trace)) [[unlikely]]
-      return keptProduct(trace);
-    return trace * persistence_;
-  }
-
-  /// True for values above 0 and up to twice the smallest normal number. Positive numbers are ordered like
-  /// their bits. One comparison, because which traces are 0 cannot be predicted: 0 - 1 wraps to the largest
-  /// number.
-  static bool isTiny(double trace) {
-    constexpr double tiny = 2 * std::numeric_limits<double>::min();
-    return std::bit_cast<std::uint64_t>(trace) - 1 < std::bit_cast<std::uint64_t>(tiny);
+  /// True for values above 0 that may become denormal before the next check. Positive numbers are ordered
+  /// like their bits. One comparison, because which traces are 0 cannot be predicted: 0 - 1 wraps to the
+  /// largest number.
+  static bool isSmall(double trace) {
+    return std::bit_cast<std::uint64_t>(trace) - 1 < std::bit_cast<std::uint64_t>(1e-150);
   }
 
   double keptProduct(double trace) {
@@ -53,18 +56,32 @@ class TraceUpdate {
   double max_ = 0.0;
   double lastTrace_ = 0.0;
   double lastProduct_ = 0.0;
+  bool foundSmall_ = false;
 };
+
+/// The sweeps until a type is checked again after no small trace was found.
+constexpr int kSweepsBetweenChecks = 64;
 
 }  // namespace
 
 void LatticeModel::updateHistory() {
   const int imax = varImax, jmax = varJmax;
-  for (int type = 0; type < varNumSiteTypes; ++type) {
-    TraceUpdate update(type, varHistoryPersistenceConst[type]);
+  const auto updateAll = [&](int type, auto&& updateOne) {
     for (int i = 0; i < imax; ++i) {
       const auto& sites = varSiteValues[i];
       auto& traces = varMobileHistory[type][i];
-      for (int j = 0; j < jmax; ++j) update(traces[j], sites[j]);
+      for (int j = 0; j < jmax; ++j) updateOne(traces[j], sites[j]);
+    }
+  };
+  for (int type = 0; type < varNumSiteTypes; ++type) {
+    TraceUpdate update(type, varHistoryPersistenceConst[type]);
+    const int unchecked = uncheckedTraceUpdates_[type];
+    if (unchecked > 0) {
+      updateAll(type, [&](auto& trace, std::int32_t site) { update.unchecked(trace, site); });
+      uncheckedTraceUpdates_[type] = unchecked - 1;
+    } else {
+      updateAll(type, [&](auto& trace, std::int32_t site) { update.checked(trace, site); });
+      if (!update.foundSmall()) uncheckedTraceUpdates_[type] = kSweepsBetweenChecks;
     }
     varMobileHistoryMax[type] = update.max();
   }

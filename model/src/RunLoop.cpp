@@ -11,11 +11,11 @@
 namespace quorvane {
 namespace {
 
-/// Lowers the priority of the calling thread, so that the window stays responsive on few cores. Idle cores
-/// are still fully used.
+/// Lowers the priority of the calling thread a little, so that the window stays responsive on few cores. Idle
+/// cores are still fully used, and a busy process of normal priority leaves the run a fourth of their core.
 void letOthersGoFirst() {
 #ifdef __linux__
-  constexpr int niceness = 10;
+  constexpr int niceness = 5;
   // On Linux setpriority with id 0 applies to the calling thread. Failure is ignored.
   static_cast<void>(setpriority(PRIO_PROCESS, 0, niceness));
 #endif

@@ -131,6 +131,27 @@ TEST(SharedUse, EditingPaintingAndReadingWhileTwoLoopsRunKeepsTheModelWhole) {
   expectTypesBelow(kMaxPixelTypes, *model);
 }
 
+TEST(SharedUse, PaintingDuringSwapsOfFewTypesKeepsTheModelValid) {
+  // With energies, so that two or three types are swapped by tables of neighbourhoods. Painting also uses
+  // types that are not in use.
+  for (const int numTypes : {2, 3}) {
+    auto model = makeModel(numTypes, 32, 32);
+    model->setSimulationSpeed(kFastest);
+    model->makeNewRule("swap", kSwap, kAny, kAny);
+    model->setRuleParam(0, 1.0);
+    model->makeNewRule("pair", kPixelPixelInteraction, 0, 1);
+    model->setInteractionParams(1, 0.1);
+    model->runLatticeModelInBackground();
+    std::mt19937 random(5);
+    const auto below = [&random](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
+    for (int stroke = 0; stroke < 3'000'000; ++stroke)
+      model->setSiteValue(below(32), below(32), below(stroke % 16 == 0 ? kMaxPixelTypes : numTypes));
+    model->endRunLoops();
+    EXPECT_GT(model->sweepsDone(), 0);
+    expectTypesBelow(kMaxPixelTypes, *model);
+  }
+}
+
 TEST(SharedUse, RemakingAtOtherSizesDuringARunKeepsTheModelValid) {
   auto model = makeModel(3, 16, 16);
   model->setSimulationSpeed(kFastest);

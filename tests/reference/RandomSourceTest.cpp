@@ -23,6 +23,37 @@ TEST(RandomSource, EqualsTheSeededCLibraryThroughTheShuffleTableForTwelveMillion
   for (int k = 0; k < 12'000'000; ++k) ASSERT_EQ(fRandReal(), reference::fRandReal()) << "draw " << k;
 }
 
+TEST(RandomSource, StartsAnewAsTheCLibraryDoesWithTheSameSeed) {
+  for (const int seed : {1, 2, 10, 4711, 2147483646, 2147483647}) {
+    RandomSource source;
+    for (int k = 0; k < 5; ++k) source.next();
+    source.startAnew(seed);
+    // The first draw may look at the C library's generator, so it comes before the reference seeds it.
+    const double first = real(source);
+    reference::Ran0<reference::CLibrary> expected(seed);
+    ASSERT_EQ(first, expected.next()) << "seed " << seed;
+    for (int k = 0; k < 100'000; ++k)
+      ASSERT_EQ(real(source), expected.next()) << "seed " << seed << ", draw " << k;
+  }
+}
+
+TEST(RandomSource, StartsAnewWithTenAsItFirstStarts) {
+  RandomSource fresh, again;
+  for (int k = 0; k < 1000; ++k) again.next();
+  again.startAnew(10);
+  for (int k = 0; k < 1000; ++k) ASSERT_EQ(again.next(), fresh.next());
+}
+
+TEST(RandomSource, StartsAnewOnAnotherPlatform) {
+  using Ours = OtherPlatform<31, 0>;
+  using Theirs = OtherPlatform<31, 1>;
+  RandomSource source(PlatformRand{&Ours::srand, &Ours::rand});
+  for (int k = 0; k < 7; ++k) source.next();
+  source.startAnew(99);
+  reference::Ran0<Theirs> expected(99);
+  for (int k = 0; k < 1000; ++k) ASSERT_EQ(real(source), expected.next()) << "draw " << k;
+}
+
 TEST(RandomSource, KeepsItsSequenceWhenOtherCodeSeedsAndDrawsFromTheCLibrary) {
   RandomSource undisturbed;
   RandomSource disturbed;

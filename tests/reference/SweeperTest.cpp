@@ -101,6 +101,83 @@ TEST(Sweeper, UsesEveryChangeMadeBetweenSweeps) {
   }
 }
 
+/// After this many attempts with the same rules a sweeper uses tables by neighbourhood.
+int attemptsBeforeTables(int numTypes) { return numTypes == 2 ? 2 * 4096 : 110'000; }
+
+void sweepToTables(Swept& both) {
+  const int attempts = attemptsBeforeTables(both.plain().numTypes) + 4096;
+  for (int made = 0; made < attempts; made += both.plain().imax * both.plain().jmax + 1) both.sweep();
+}
+
+/// Random systems of so many types, of which a few also hold types that are not in use.
+std::unique_ptr<System> nextOf(int numTypes, Size size, std::uint64_t& seed) {
+  for (;;)
+    if (auto system = reference::randomSystem(size, ++seed); system->numTypes == numTypes) return system;
+}
+
+/// Compares with the tables of a number of types, also after changes of all rules.
+void compareWithTables(int numTypes, int changes) {
+  std::uint64_t seed = 70'000;
+  // All sizes have enough sites for compiled rules.
+  for (const Size size : {Size{3, 256}, Size{4, 64}, Size{13, 11}}) {
+    reference::restartSources();
+    Swept both(nextOf(numTypes, size, seed));
+    for (int change = 0; change < changes; ++change) {
+      sweepToTables(both);
+      ASSERT_EQ(both.difference(), "") << "system " << seed;
+      both.become(*nextOf(numTypes, size, seed));
+    }
+  }
+}
+
+TEST(Sweeper, EqualsTheReferenceWithTheTablesOfTwoTypesAndAfterEachChangeOfTheRules) {
+  compareWithTables(2, 60);
+}
+
+TEST(Sweeper, EqualsTheReferenceWithTheTablesOfThreeTypesAndAfterEachChangeOfTheRules) {
+  compareWithTables(3, 30);
+}
+
+TEST(Sweeper, RejectsADrawThatEqualsTheProbabilityInTheTablesOfTwoTypes) {
+  for (int attempt = 5000; attempt < 5010; ++attempt) {
+    // Every attempt makes four draws, the last for its acceptance.
+    RandomSource source;
+    source.next();
+    for (int k = 0; k < 4 * attempt + 3; ++k) source.next();
+    const double probability = source.next() / RandomSource::maxran;
+
+    reference::restartSources();
+    auto system = std::make_unique<System>();
+    system->imax = system->jmax = 20;
+    system->numTypes = 2;
+    const int rule = reference::addRule(*system, 1, 0, 1);
+    system->ruleParameter[rule] = probability;
+    Swept both(std::move(system));
+    for (int k = 0; k < 15; ++k) both.sweep();
+    ASSERT_EQ(both.difference(), "") << "attempt " << attempt << ", probability " << probability;
+  }
+}
+
+TEST(Sweeper, UsesAChangedEnergyOrParameterAfterTheTablesHaveBeenMade) {
+  for (const auto& typical : reference::typicalCases().subspan(1, 4)) {
+    reference::restartSources();
+    auto system = typical.make();
+    ASSERT_LE(system->numTypes, 3);
+    system->imax = system->jmax = 20;
+    Swept both(std::move(system));
+    for (int change = 0; change < 6; ++change) {
+      sweepToTables(both);
+      ASSERT_EQ(both.difference(), "") << typical.name << ", change " << change;
+      const auto changed = std::make_unique<System>(both.plain());
+      if (change % 2 == 0)
+        changed->J[0][1] = changed->J[1][0] = 0.2 + 0.1 * change;
+      else
+        for (double& parameter : changed->ruleParameter) parameter = 0.9 - 0.1 * change;
+      both.become(*changed);
+    }
+  }
+}
+
 TEST(Sweeper, EqualsTheReferenceWithMoreEnergyDifferencesThanTheCacheHolds) {
   // Few differences in each sweep, more over all of them than the cache holds.
   reference::restartSources();

@@ -3,6 +3,9 @@
 #include <QOpenGLContext>
 #include <QOpenGLExtraFunctions>
 #include <QOpenGLFunctions_2_1>
+#include <cmath>
+#include <random>
+#include <vector>
 
 #include "Lattices.h"
 #include "LiteralView.h"
@@ -178,6 +181,60 @@ INSTANTIATE_TEST_SUITE_P(Spacings, FrameOfTraces,
                                            std::tuple(171, 300, 20, 2), std::tuple(301, 207, 256, 5),
                                            std::tuple(64, 64, 1, 10), std::tuple(97, 203, 2, 6)));
 
+/// The largest and smallest alphas that count as something else than those next to them, and some others.
+std::vector<double> alphasAtLimits() {
+  std::vector<double> alphas{0.0, 1e-40, 1e-6,  0.5,
+                             2.0, -1.0,  -1e-6, std::numeric_limits<double>::infinity()};
+  for (const double limit : {1.0 / 512.0, 1.0 / 510.0, 1.0 - 1.0 / 510.0, 1.0 - 1.0 / 512.0, 1.0}) {
+    const auto single = static_cast<float>(limit);
+    for (const float alpha : {std::nextafter(single, 0.0f), single, std::nextafter(single, 2.0f)})
+      alphas.push_back(alpha);
+    alphas.push_back(0.995 * limit);
+    alphas.push_back(1.005 * limit);
+  }
+  return alphas;
+}
+
+/// Gives every type of every site one of the alphas at limits.
+void scatterAlphasAtLimits(LatticeModel& model, unsigned seed) {
+  const std::vector<double> alphas = alphasAtLimits();
+  std::mt19937 random(seed);
+  std::uniform_int_distribution<std::size_t> any(0, alphas.size() - 1);
+  std::uniform_real_distribution<double> component(-0.1, 1.1);
+  for (int type = 0; type < model.varNumSiteTypes; ++type) {
+    model.setPixelColor(type, component(random), component(random), component(random));
+    for (int i = 0; i < model.varImax; ++i)
+      for (int j = 0; j < model.varJmax; ++j) model.varMobileHistory[type][i][j] = alphas[any(random)];
+  }
+}
+
+TEST_P(FrameOfTraces, AtTheLimitsOfWhatIsSeenEqualsTheOneWithEveryRectangleDrawn) {
+  const auto [width, height, sites, types] = GetParam();
+  auto view = shownView(width, height);
+  auto literal = shownView<LiteralView>(width, height);
+  for (const unsigned seed : {1u, 2u, 3u}) {
+    for (LatticeModel* model :
+         {static_cast<LatticeModel*>(view.get()), static_cast<LatticeModel*>(literal.get())}) {
+      fillLattice(*model, types, sites, sites, scatteredTypes(types));
+      scatterAlphasAtLimits(*model, seed);
+    }
+    EXPECT_TRUE(gui::samePixels(gui::frameOf(*view), gui::frameOf(*literal)));
+  }
+}
+
+TEST_P(FrameOfTraces, OfPersistentTypesEqualsTheOneWithEveryRectangleDrawn) {
+  const auto [width, height, sites, types] = GetParam();
+  auto view = shownView(width, height);
+  auto literal = shownView<LiteralView>(width, height);
+  fillLattice(*view, types, sites, sites, scatteredTypes(types));
+  for (int type = 0; type < types; ++type) view->setPixelPersistence(type, 0.9);
+  view->makeNewRule("mix", kSwap, kAnyPixelType, kAnyPixelType);
+  view->setRuleParam(0, 0.05);
+  view->runSweeps(80);
+  copyPicture(*view, *literal);
+  EXPECT_TRUE(gui::samePixels(gui::frameOf(*view), gui::frameOf(*literal)));
+}
+
 /// Counts the rectangles that a frame submits, seen or not. What lies beyond the edge, and what is wholly
 /// transparent, changes no pixel, so nothing but the count tells whether it is drawn.
 class CountingView : public GraphicalLatticeModelGL {
@@ -231,10 +288,15 @@ TEST(Frame, LeavesOutRectanglesThatAreWhollyTransparent) {
   auto view = shownView<CountingView>(160, 160);
   fillLattice(*view, 3, 16, 16, scatteredTypes(3));
   EXPECT_EQ(view->rectangles(), 16u * 16u);
-  view->varMobileHistory[0][2][3] = 1e-6;
-  view->varMobileHistory[1][2][3] = 1e-6;
-  view->varMobileHistory[2][2][3] = 1e-6;
-  EXPECT_EQ(view->rectangles(), 16u * 16u + 2u);
+}
+
+TEST(Frame, LeavesOutRectanglesThatAreTooFaintToChangeAPixel) {
+  auto view = shownView<CountingView>(160, 160);
+  fillLattice(*view, 3, 16, 16, [](int, int) { return 0; });
+  view->varMobileHistory[1][2][3] = 1.0 / 512.0;
+  EXPECT_EQ(view->rectangles(), 16u * 16u + 1u);
+  view->varMobileHistory[1][2][3] = 0.99 / 512.0;
+  EXPECT_EQ(view->rectangles(), 16u * 16u);
 }
 
 TEST(Frame, OfAnEmptyViewOrAModelWithoutSitesIsHarmless) {

@@ -1,5 +1,6 @@
 #include "Lattices.h"
 
+#include <algorithm>
 #include <array>
 #include <random>
 
@@ -52,6 +53,20 @@ void scatterTraces(LatticeModel& model, unsigned seed) {
     model.varMobileHistoryMax[type] = 1.0 + share(random);
     for (int i = 0; i < model.varImax; ++i)
       for (int j = 0; j < model.varJmax; ++j) model.varMobileHistory[type][i][j] = oftenZero();
+  }
+}
+
+void copyPicture(const ModelState& from, ModelState& to) {
+  to.varMyState = from.varMyState;
+  to.varImax = from.varImax;
+  to.varJmax = from.varJmax;
+  to.varNumSiteTypes = from.varNumSiteTypes;
+  for (int type = 0; type < from.varNumSiteTypes; ++type) {
+    std::ranges::copy(from.varSiteColor[type], to.varSiteColor[type]);
+    to.varSiteAlpha[type] = from.varSiteAlpha[type];
+    to.varMobileHistoryMax[type] = from.varMobileHistoryMax[type];
+    for (int i = 0; i < from.varImax; ++i)
+      std::ranges::copy(from.varMobileHistory[type][i], to.varMobileHistory[type][i]);
   }
 }
 

@@ -31,6 +31,9 @@ SiteType scatteredTypes(int numTypes);
 /// Random colours, opacities and traces, many of them 0; the same for the same seed.
 void scatterTraces(LatticeModel& model, unsigned seed);
 
+/// Copies everything that is drawn.
+void copyPicture(const ModelState& from, ModelState& to);
+
 /// A view that is a top-level window, shown at a size in points.
 template <class View = GraphicalLatticeModelGL>
 std::unique_ptr<View> shownView(int width, int height) {

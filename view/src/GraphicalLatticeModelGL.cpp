@@ -1,13 +1,12 @@
 #include "view/GraphicalLatticeModelGL.h"
 
 #include <QGuiApplication>
-#include <QMetaObject>
 #include <QOffscreenSurface>
 #include <QOpenGLContext>
 #include <QOpenGLFunctions_2_1>
 #include <QOpenGLVersionFunctionsFactory>
-#include <QTimer>
 
+#include "FrameInSlices.h"
 #include "view/HeldSpaceBar.h"
 
 namespace quorvane {
@@ -36,12 +35,19 @@ GraphicalLatticeModelGL::GraphicalLatticeModelGL(QWidget* parent) : QOpenGLWidge
   setFormat(surfaceFormat());
   if (acceptsFirstResponder()) setFocusPolicy(Qt::StrongFocus);
   connect(this, &QOpenGLWidget::frameSwapped, this, [this] { pacer_.frameEnds(); });
+  turn_.setSingleShot(true);
+  turn_.setTimerType(Qt::PreciseTimer);
+  connect(&turn_, &QTimer::timeout, this, &GraphicalLatticeModelGL::takeTurn);
   HeldSpaceBar::watchApplication();
   viewDidMoveToWindow();
   awakeFromNib();
 }
 
-GraphicalLatticeModelGL::~GraphicalLatticeModelGL() { endRunLoops(); }
+GraphicalLatticeModelGL::~GraphicalLatticeModelGL() {
+  endRunLoops();
+  makeCurrent();
+  runFrame_.reset();
+}
 
 QSurfaceFormat GraphicalLatticeModelGL::surfaceFormat() {
   QSurfaceFormat format;
@@ -54,23 +60,6 @@ bool GraphicalLatticeModelGL::canDraw() {
   return platformShowsOpenGLWidgets() && contextCanBeHad(surfaceFormat());
 }
 
-void GraphicalLatticeModelGL::requestRedraw() { update(); }
-
 void GraphicalLatticeModelGL::latticeReplaced() { emit latticeRenewed(); }
-
-void GraphicalLatticeModelGL::requestRedrawFromRunLoop() {
-  // A run loop faster than the screen must not fill the event queue.
-  if (redrawPending_.exchange(true)) return;
-  const auto redraw = [this] {
-    redrawPending_ = false;
-    update();
-  };
-  const auto redrawInTime = [this, redraw] {
-    const auto pause = pacer_.pauseBeforeNextFrame();
-    if (pause.count() == 0) return redraw();
-    QTimer::singleShot(pause, Qt::PreciseTimer, this, redraw);
-  };
-  QMetaObject::invokeMethod(this, redrawInTime, Qt::QueuedConnection);
-}
 
 }  // namespace quorvane

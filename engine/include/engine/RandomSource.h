@@ -10,7 +10,8 @@
 namespace quorvane {
 
 /// A shuffle table of 97 slots in front of the C library's generator (Bays and Durham, ACM Trans. Math.
-/// Software 2, 59, 1976; `ran0` of Press et al., Numerical Recipes, 1986), seeded with 10 at the first draw.
+/// Software 2, 59, 1976; `ran0` of Press et al., Numerical Recipes, 1986), seeded at the first draw, with 10
+/// unless startAnew was called.
 ///
 /// Equals bit for bit `srand(10)` and `rand()` drawn through the table. If the C library's generator is
 /// glibc's, the values come from `AdditiveFeedback`, because other code in the process (a graphics driver,
@@ -40,8 +41,9 @@ class RandomSource {
     /// The most draws between two calls of makeRoom.
     static constexpr std::ptrdiff_t kRoom = AdditiveFeedback::Reader::kRoom;
 
-    explicit Stream(RandomSource& source) : source_(source), feedback_(source.generator_), y_(source.y) {}
-    ~Stream() { source_.y = y_; }
+    explicit Stream(RandomSource& source)
+        : source_(source), feedback_(source.generator_), selected_(source.selected_) {}
+    ~Stream() { source_.selected_ = selected_; }
     Stream(const Stream&) = delete;
     Stream& operator=(const Stream&) = delete;
 
@@ -50,10 +52,11 @@ class RandomSource {
 
     /// The next value times two: even and below 2^32.
     std::uint32_t nextTimesTwo() {
-      auto& slot = source_.v[slotOf(y_)];
-      y_ = slot;
-      slot = entryOf(feedback_.nextTimesTwo());
-      return timesTwoOf(y_);
+      Entry& entry = source_.v_[selected_];
+      selected_ = entry.selects;
+      const std::uint32_t value = entry.timesTwo;
+      entry.put(feedback_.nextTimesTwo());
+      return value;
     }
 
     /// The next value, of which real() is the 2^31st part.
@@ -68,13 +71,19 @@ class RandomSource {
    private:
     RandomSource& source_;
     AdditiveFeedback::Reader feedback_;
-    std::uint64_t y_;
+    std::uint32_t selected_;
   };
 
   /// Compares the platform's generator with AdditiveFeedback, unless done already; the first draw does so at
   /// the latest. Draws nothing from the source. Takes longer while other threads use the platform's
   /// generator, so programs call it before they start threads.
   void lookAtPlatform();
+
+  /// Makes the next draw the first one after a seed, as `srand(seed)` would start it. seed: 1 to 2^31 - 1.
+  void startAnew(std::int32_t newSeed) {
+    seed = newSeed;
+    iff = 0;
+  }
 
   /// Seeds the source if nothing has been drawn from it yet.
   void start() {
@@ -84,9 +93,7 @@ class RandomSource {
 
   /// The slot that the last value y selects, 1 to 97: truncation of 1.0 + 97.0 * y / maxran. The product has
   /// at most 38 bits and the division is by a power of two, so integers give exactly that.
-  static constexpr std::uint32_t slot(std::uint32_t y) {
-    return static_cast<std::uint32_t>(slotOf(entryOf(2 * y)));
-  }
+  static constexpr std::uint32_t slot(std::uint32_t y) { return 1 + selectedBy(2 * y); }
 
   /// True once the platform's generator was found to equal AdditiveFeedback.
   bool drawsItself() const { return own_; }
@@ -94,18 +101,21 @@ class RandomSource {
  private:
   static constexpr std::uint32_t kSlots = 97;
 
-  /// A value times two times the number of slots: the upper half is the slot that it selects, less 1. Each
-  /// draw depends on the slot of the one before it, so the slot is computed when the value enters the table,
-  /// off the critical path. The lower half still determines the value, since an odd factor has an inverse
-  /// modulo 2^32.
-  using Entry = std::uint64_t;
-  static constexpr Entry entryOf(std::uint32_t valueTimesTwo) { return Entry{kSlots} * valueTimesTwo; }
-  static constexpr std::uint64_t slotOf(Entry entry) { return 1 + (entry >> 32); }
-  static constexpr std::uint32_t timesTwoOf(Entry entry) {
-    constexpr std::uint32_t inverse = 1'594'008'481;
-    static_assert(std::uint32_t{kSlots} * inverse == 1);
-    return static_cast<std::uint32_t>(entry) * inverse;
+  /// The slot that a value selects, less 1.
+  static constexpr std::uint32_t selectedBy(std::uint32_t valueTimesTwo) {
+    return static_cast<std::uint32_t>((std::uint64_t{kSlots} * valueTimesTwo) >> 32);
   }
+
+  /// A value in the table. Each draw depends on the slot of the one before it, so the slot is computed when
+  /// the value enters the table, off the critical path.
+  struct Entry {
+    Relaxed<std::uint32_t> timesTwo, selects;
+
+    void put(std::uint32_t valueTimesTwo) {
+      timesTwo = valueTimesTwo;
+      selects = selectedBy(valueTimesTwo);
+    }
+  };
 
   std::uint32_t draw();
   std::uint32_t nextOfPlatform();
@@ -117,9 +127,9 @@ class RandomSource {
   Relaxed<bool> own_;
   Relaxed<int> seed = 10;
   Relaxed<int> iff;
-  /// Slots 1 to 97; slot 0 is not used.
-  Relaxed<Entry> v[kSlots + 1];
-  Relaxed<Entry> y;
+  Entry v_[kSlots];
+  /// By the last value y.
+  Relaxed<std::uint32_t> selected_;
 };
 
 }  // namespace quorvane

@@ -8,10 +8,10 @@
 /// The process-wide random number source. Every draw of the system uses it, so results are reproducible as
 /// long as every caller draws in its documented order.
 ///
-/// The source is seeded with a fixed value at the first draw of the process and never again: two fresh
-/// processes draw the same sequence, which with glibc begins 0.32136549381539226, 0.84746248042210937,
-/// 0.35341121396049857. Two threads that draw at once may disturb each other's order; every draw stays in its
-/// range.
+/// The source is seeded with a fixed value at the first draw of the process and never again, unless
+/// RandomSource::startAnew is called: two fresh processes draw the same sequence, which with glibc begins
+/// 0.32136549381539226, 0.84746248042210937, 0.35341121396049857. Two threads that draw at once may disturb
+/// each other's order; every draw stays in its range.
 namespace quorvane {
 
 extern constinit RandomSource processRandomSource;

@@ -222,6 +222,8 @@ class LatticeModel : public ModelState {
   void clearInteraction(int endA, int endB);
 
   Relaxed<std::int64_t> sweepsDone_;
+  /// Until the traces of a type are checked for small values again.
+  Relaxed<int> uncheckedTraceUpdates_[kMaxPixelTypes];
   std::atomic<int> loopsInASweep_{0};
   std::list<BackgroundLoop> backgroundLoops_;
 };

@@ -49,6 +49,19 @@ std::unique_ptr<System> facilitatedFlips() {
   return system;
 }
 
+/// A solvent in which two repelling types diffuse, turn into each other and dissolve.
+std::unique_ptr<System> threeTypes() {
+  auto system = mixture(3);
+  addRule(*system, 2, 0, -1);
+  addRule(*system, 2, 1, 2);
+  addRule(*system, 1, 1, 2);
+  addRule(*system, 1, 0, 2);
+  system->J[1][2] = system->J[2][1] = 0.9;
+  system->J[1][1] = system->J[2][2] = -0.4;
+  system->field[0] = -0.2;
+  return system;
+}
+
 /// Ten types with 24 rules of every kind, some facilitated, some disabled, with energies and masquerades.
 std::unique_ptr<System> tenTypes() {
   auto system = mixture(10);
@@ -81,6 +94,7 @@ std::span<const Case> typicalCases() {
       {"FlipsWithPairEnergies", 400'000, flips},
       {"SwapsWithPairEnergies", 400'000, swaps},
       {"FacilitatedFlips", 400'000, facilitatedFlips},
+      {"ThreeTypes", 400'000, threeTypes},
       {"TenTypesWithRulesOfAllKinds", 400'000, tenTypes},
   };
   return cases;

@@ -5,9 +5,8 @@
 
 namespace quorvane {
 
-/// Limits drawing to half of the main thread's time: after a frame the next one waits for as long as the
-/// frame took, so a click never waits for more than one frame. Main thread only.
-/// Clock: the time, as std::chrono has it.
+/// Limits drawing to half of the main thread's time: after a frame the next one of a run waits for as long as
+/// the frame took. Main thread only. Clock: the time, as std::chrono has it.
 template <class Clock>
 class BasicFramePacer {
  public:

@@ -3,14 +3,21 @@
 #include <QOpenGLWidget>
 #include <QPointer>
 #include <QSurfaceFormat>
+#include <QTimer>
 #include <atomic>
+#include <limits>
+#include <memory>
 
 #include "model/LatticeModel.h"
 #include "view/FramePacer.h"
 
+class QOpenGLFramebufferObjectFormat;
 class QOpenGLFunctions_2_1;
 
 namespace quorvane {
+
+class FrameInSlices;
+class LatticeDrawing;
 
 /// The model and its view in one object: draws the display trace, handles painting and the two keys of full
 /// screen. Coordinates are in points (device-independent pixels), x from the left and y from the bottom.
@@ -77,12 +84,15 @@ class GraphicalLatticeModelGL : public QOpenGLWidget, public LatticeModel {
   void fullScreenLeft();
 
  protected:
+  /// Has a whole frame drawn at once, instead of one that is drawn in slices.
   void requestRedraw() override;
   void latticeReplaced() override;
   /// Posts one redraw to the main thread, where it waits for as long as the last frame took; requests made
-  /// before that are merged into it.
+  /// before that are merged into it. The frame is drawn in slices between events and shown when it is whole.
   void requestRedrawFromRunLoop() override;
 
+  /// Called for each new context of the view.
+  void initializeGL() override;
   void paintGL() override;
   void resizeGL(int width, int height) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -95,8 +105,23 @@ class GraphicalLatticeModelGL : public QOpenGLWidget, public LatticeModel {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  /// The functions of the current context; null unless it is desktop OpenGL 2.1.
+  static QOpenGLFunctions_2_1* currentFunctions();
+  QOpenGLFramebufferObjectFormat framebufferFormat() const;
+  QSize pixels() const;
   void setViewport(QOpenGLFunctions_2_1& gl) const;
-  void drawSites(QOpenGLFunctions_2_1& gl) const;
+  /// Draws the background, and prepares the current framebuffer for the sites.
+  LatticeDrawing beginFrame(QOpenGLFunctions_2_1& gl);
+  void endFrame(QOpenGLFunctions_2_1& gl);
+
+  bool isOnScreen() const;
+  void awaitTurn();
+  /// Draws the next slice of a run's frame, begins one if requested, and shows it when it is whole.
+  void takeTurn();
+  /// False if the view cannot draw in slices, or not now.
+  bool drawSlice();
+  void showRunFrame();
+
   void paintSite(int i, int j);
   QPointF viewPoint(const QMouseEvent& event) const;
   void startRun();
@@ -105,6 +130,11 @@ class GraphicalLatticeModelGL : public QOpenGLWidget, public LatticeModel {
 
   std::atomic<bool> redrawPending_{false};
   FramePacer pacer_;
+  QTimer turn_;
+  std::unique_ptr<FrameInSlices> runFrame_;
+  bool showsRunFrame_ = false;
+  /// Rectangles below it are left out: until the context has been tried only those of alpha 0.
+  float smallestVisibleAlpha_ = std::numeric_limits<float>::denorm_min();
   QPointer<QWidget> followedWindow_;
   bool fillsScreen_ = false;
   QRect geometryInWindow_;

@@ -15,6 +15,8 @@ struct CLibrary {
 template <class Platform>
 class Ran0 {
  public:
+  explicit Ran0(int firstSeed = 10) : seed(firstSeed) {}
+
   double next() {
     if (iff == 0) {
       iff = 1;
@@ -38,7 +40,7 @@ class Ran0 {
   double upcoming() const { return v[slot(y)] / maxran; }
 
  private:
-  int seed = 10;
+  int seed;
   int iff = 0;
   double maxran = 0.0;
   double v[98] = {};
