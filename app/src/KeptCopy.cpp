@@ -1,25 +1,18 @@
 #include "app/KeptCopy.h"
 
 #include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <utility>
 
 #include "app/KeptFolder.h"
+#include "document/Folder.h"
 
 namespace quorvane {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-/// True while the path leads to the open file.
-bool isAt(const fs::path& path, int file) {
-  struct stat opened, there;
-  return file >= 0 && ::fstat(file, &opened) == 0 && ::lstat(path.c_str(), &there) == 0 &&
-         opened.st_dev == there.st_dev && opened.st_ino == there.st_ino;
-}
 
 SaveResult writeNext(const fs::path& folder, std::string_view document, fs::path& path) {
   if (const auto error = claimCopy(folder, path)) return {false, error.message()};

@@ -1,6 +1,7 @@
 #include "batch/CommandLine.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <functional>
@@ -15,6 +16,7 @@
 #include "batch/Results.h"
 #include "batch/Streams.h"
 #include "batch/Targets.h"
+#include "measure/Registry.h"
 
 namespace quorvane {
 namespace {
@@ -63,9 +65,14 @@ void requireSense(BatchOptions& options) {
       recogniseStandardOutput(target);
     else if (target && isStandardStream(*target))
       refuse(std::string(result.option) + ": needs a folder, not standard output (-)");
+    if (target && !result.mayBeStream && isStandardStream(*target))
+      refuse(std::string(result.option) + ": needs a file, not standard output (-)");
   }
   if (options.trace && !asksFor(options, &Result::showsTraces))
     refuse("--trace: needs " + oneOf(&Result::showsTraces));
+  if (options.measure && options.observables.empty())
+    refuse("--measure: needs --observables (--observables help lists them)");
+  if (!options.measure && !options.observables.empty()) refuse("--observables: needs --measure");
   const auto any = [](const Result&) { return true; };
   if (!asksFor(options, any)) refuse("no result is asked for: " + oneOf(any) + " is needed");
   if (const auto conflict = conflictOf(options)) refuse(*conflict);
@@ -79,10 +86,10 @@ same number of sweeps give the same bytes, here and in the window.
 
 constexpr const char* kFooter =
     R"(A file "-" is standard input for DOCUMENT and standard output for --output,
---populations or --picture; one of them only. Progress and messages go to standard
-error. Existing files are replaced, but never left half written. Rows of
---populations gather beside their FILE in .FILE.quorvane-PID.partial, which stays
-where the run is killed or fails.
+--populations, --measure or --picture; one of them only. Progress and messages
+go to standard error. Existing files are replaced, but never left half written.
+Rows gather beside their FILE in .FILE.quorvane-PID.partial, which stays where the
+run is killed or fails.
 
 Ctrl-C (SIGINT), SIGTERM or a terminal that closes (SIGHUP) stops the run after a
 whole sweep; what you asked for is then written as it stands. Another one, a second
@@ -115,6 +122,10 @@ Examples:
 
 constexpr const char* kFileName = "FILE";
 constexpr const char* kFolderName = "FOLDER";
+constexpr const char* kSettingName = "SETTING";
+constexpr const char* kSidesName = "IxJ";
+constexpr const char* kSharesName = "SHARES";
+constexpr const char* kListName = "LIST";
 
 /// Those of the end of the run first.
 void addResults(CLI::App& app, BatchOptions& options) {
@@ -126,7 +137,34 @@ void addResults(CLI::App& app, BatchOptions& options) {
             ->group("What to write");
 }
 
-void addOptions(CLI::App& app, BatchOptions& options) {
+void addStart(CLI::App& app, StartWords& words) {
+  constexpr const char* start = "The start, in this order";
+  app.add_option("--seed", words.seed,
+                 "Starts the random numbers as srand(S) does, 1 to\n"
+                 "2147483647, before the document is opened (default\n"
+                 "10)")
+      ->check(wholeNumber(1, std::numeric_limits<std::int32_t>::max()))
+      ->type_name("S")
+      ->group(start);
+  app.add_option("--set", words.settings,
+                 "Changes a value: \"rule NAME parameter=VALUE\",\n"
+                 "disabled=0|1 or facilitation=N, \"type NAME\n"
+                 "field=VALUE\" or immobile=0|1. NAME may be an index\n"
+                 "from 0, as #2. May be given several times")
+      ->type_name(kSettingName)
+      ->allow_extra_args(false)
+      ->group(start);
+  app.add_option("--remake", words.remake, "Makes the lattice anew with I times J sites")
+      ->type_name(kSidesName)
+      ->group(start);
+  app.add_option("--fill", words.fill,
+                 "Gives every site a pixel type at random, with\n"
+                 "shares that add up to 1: \"NAME=0.7,#2=0.3\"")
+      ->type_name(kSharesName)
+      ->group(start);
+}
+
+void addOptions(CLI::App& app, BatchOptions& options, StartWords& words) {
   app.add_option("DOCUMENT", options.document, "The document to open, - for standard input")
       ->required()
       ->type_name(kFileName);
@@ -138,14 +176,20 @@ void addOptions(CLI::App& app, BatchOptions& options) {
       ->type_name("N")
       ->group(run);
   app.add_option("--every", options.every,
-                 "Sweeps between rows of --populations and between\n"
-                 "--frames, which are of the same sweeps: the start,\n"
-                 "K, 2K, ... and the last one (default 1)")
+                 "Sweeps between rows and between --frames, which\n"
+                 "are of the same sweeps: the start, K, 2K, ... and\n"
+                 "the last one (default 1)")
       ->check(wholeNumber(1, kNoLimit))
       ->type_name("K")
       ->group(run);
 
+  addStart(app, words);
   addResults(app, options);
+  app.add_option("--observables", options.observables,
+                 "What --measure writes, as energy,order:Up:Down;\n"
+                 "help lists all observables and exits")
+      ->type_name(kListName)
+      ->group("What to write");
 
   constexpr const char* pictures = "How pictures and frames look";
   app.add_option("--scale", options.scale,
@@ -180,8 +224,11 @@ std::vector<OptionWord> wordsOf(const CLI::App& app) {
     if (option->get_lnames().empty()) continue;  // DOCUMENT
     const std::string value = option->get_type_name();
     const bool isFile = value == kFileName || value == kFolderName;
+    const bool isText =
+        value == kSettingName || value == kSidesName || value == kSharesName || value == kListName;
     const Takes takes = option->get_items_expected_max() == 0 ? Takes::kNothing
                         : isFile                              ? Takes::kFile
+                        : isText                              ? Takes::kText
                                                               : Takes::kNumber;
     words.push_back({"--" + option->get_lnames().front(), takes});
   }
@@ -199,20 +246,38 @@ ExitStatus print(const std::string& text) {
   }
 }
 
+/// The status after what CLI11 throws for a wrong command line, and for --help and --version.
+ExitStatus refused(const CLI::App& app, const CLI::ParseError& error) {
+  std::ostringstream text;
+  return app.exit(error, text, std::cerr) == 0 ? print(text.str()) : kExitUsage;
+}
+
+/// True for "--observables help", which needs no document.
+bool asksForObservables(const std::vector<std::string>& words) {
+  const auto help = std::find(words.begin(), words.end(), "help");
+  const bool apart = help != words.end() && help != words.begin() && *(help - 1) == "--observables";
+  return apart || std::find(words.begin(), words.end(), "--observables=help") != words.end();
+}
+
 }  // namespace
 
 std::variant<BatchOptions, ExitStatus> parseCommandLine(int argc, const char* const* argv) {
   BatchOptions options;
   CLI::App app(kDescription, kProgram);
-  addOptions(app, options);
+  StartWords words;
+  addOptions(app, options, words);
   addHelp(app);
   try {
-    if (const auto wrong = wrongWord({argv + 1, argv + argc}, wordsOf(app))) refuse(*wrong);
+    const std::vector<std::string> all(argv + 1, argv + argc);
+    if (const auto wrong = wrongWord(all, wordsOf(app))) refuse(*wrong);
+    if (asksForObservables(all)) return print(observablesHelp());
     app.parse(argc, argv);
     requireSense(options);
+    options.start = startFrom(words);
+  } catch (const SettingError& error) {
+    return refused(app, CLI::ParseError(error.what(), kExitUsage));
   } catch (const CLI::ParseError& error) {
-    std::ostringstream text;
-    return app.exit(error, text, std::cerr) == 0 ? print(text.str()) : kExitUsage;
+    return refused(app, error);
   }
   return options;
 }

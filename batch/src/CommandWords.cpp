@@ -46,12 +46,14 @@ std::string unknown(const std::string& word, const Options& options) {
 /// The error in an option's value, which may look like another option.
 std::optional<std::string> wrongValue(const OptionWord& option, const std::string* value) {
   const std::string& name = option.name;
-  const std::string what = option.takes == Takes::kNumber ? "a number" : "a name";
+  const std::string what = option.takes == Takes::kNumber ? "a number"
+                           : option.takes == Takes::kText ? "a value"
+                                                          : "a name";
   if (!value || value->empty()) return name + ": needs " + what;
   if (option.takes == Takes::kFile && value->starts_with("-") && *value != "-")
     return name + ": needs " + what + ", not the option " + inQuotes(*value) + " (./" + *value +
            " is a file of that name)";
-  if (option.takes == Takes::kNumber && value->starts_with("--"))
+  if (option.takes != Takes::kFile && value->starts_with("--"))
     return name + ": needs " + what + ", not the option " + inQuotes(*value);
   return std::nullopt;
 }

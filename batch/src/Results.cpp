@@ -16,6 +16,12 @@ constexpr Result kResults[] = {
              "a row every K sweeps",
      .kind = Result::kFile,
      .written = Result::kDuringRun},
+    {.target = &BatchOptions::measure,
+     .option = "--measure",
+     .help = "The values of --observables, as CSV, a row every K\n"
+             "sweeps",
+     .kind = Result::kFile,
+     .written = Result::kDuringRun},
     {.target = &BatchOptions::picture,
      .option = "--picture",
      .help = "The lattice after the run, as the window shows it,\n"
@@ -23,6 +29,13 @@ constexpr Result kResults[] = {
      .kind = Result::kFile,
      .written = Result::kAfterRun,
      .showsTraces = true},
+    {.target = &BatchOptions::lattices,
+     .option = "--lattices",
+     .help = "The type of every site every K sweeps, as a NumPy\n"
+             "array [record][i][j] of uint8",
+     .kind = Result::kFile,
+     .written = Result::kDuringRun,
+     .mayBeStream = false},
     {.target = &BatchOptions::frames,
      .option = "--frames",
      .help = "A picture every K sweeps: frame-000000.png is the\n"

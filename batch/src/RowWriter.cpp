@@ -20,6 +20,11 @@ void RowWriter::write(std::string_view rows) {
   require(file_.append(rows));
 }
 
+void RowWriter::overwriteBeginning(std::string_view text) {
+  const auto held = signalsHeldFor(target_);
+  require(file_.overwriteBeginning(text));
+}
+
 std::string RowWriter::finish() {
   if (isStandardStream(target_)) return {};
   const auto held = signalsHeldFor(target_);

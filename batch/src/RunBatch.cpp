@@ -12,6 +12,8 @@
 #include "batch/Streams.h"
 #include "document/ModelDocument.h"
 #include "document/PartialFiles.h"
+#include "engine/f_ran0.h"
+#include "measure/MeasureError.h"
 #include "process/StopSignals.h"
 
 namespace quorvane {
@@ -21,11 +23,13 @@ std::string documentName(const std::filesystem::path& document) {
   return isStandardStream(document) ? kStandardInput : nameOf(document);
 }
 
-std::unique_ptr<LatticeModel> openModel(const std::filesystem::path& document) {
+std::unique_ptr<LatticeModel> openModel(const std::filesystem::path& document, const Start& start) {
+  if (start.seed) processRandomSource.startAnew(*start.seed);
   auto model = std::make_unique<LatticeModel>();
   model->awakeFromNib();
   const OpenResult result = readDocument(*model, readInput(document));
   if (result.status != OpenStatus::kOpened) throw BatchFailure(documentName(document), result.reason);
+  changeBeforeRun(*model, start);
   return model;
 }
 
@@ -119,7 +123,7 @@ ExitStatus openAndRun(const BatchOptions& options, Messages& messages) {
   // A regular file is read quickly. A pipe may block, so until it is read a signal ends the process as usual.
   std::error_code error;
   if (std::filesystem::is_regular_file(options.document, error)) watchStopSignals();
-  const auto model = openModel(options.document);
+  const auto model = openModel(options.document, options.start);
   watchStopSignals();
   const auto done = runAndWrite(*model, options, messages);
   const bool stopped = done && *done < options.sweeps && stopSignal() != 0;
@@ -140,6 +144,12 @@ ExitStatus runBatch(const BatchOptions& options, std::ostream& err) {
   Messages messages(err);
   try {
     return openAndRun(options, messages);
+  } catch (const MeasureError& error) {
+    messages.fail("--observables: " + onOneLine(error.what()));
+    return kExitUsage;
+  } catch (const SettingError& error) {
+    messages.fail(onOneLine(error.what()));
+    return kExitUsage;
   } catch (const std::exception& error) {
     messages.fail(lineOf(error, documentName(options.document)));
     return kExitFailed;

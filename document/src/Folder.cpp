@@ -2,6 +2,7 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -43,6 +44,12 @@ std::error_code readFolder(const std::filesystem::path& path, std::vector<std::s
     const std::string_view name = entry->d_name;
     if (name != "." && name != "..") names.emplace_back(name);
   }
+}
+
+bool isAt(const std::filesystem::path& path, int file) {
+  struct stat opened, there;
+  return file >= 0 && ::fstat(file, &opened) == 0 && ::lstat(path.c_str(), &there) == 0 &&
+         opened.st_dev == there.st_dev && opened.st_ino == there.st_ino;
 }
 
 void syncFolder(const std::filesystem::path& folder) {

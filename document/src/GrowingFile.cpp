@@ -39,23 +39,25 @@ std::error_code GrowingFile::create() {
   const std::size_t longest = longestName(folder);
   std::string name = target_.filename();
 
-  // The file was left by an earlier process with the same id.
+  // A name may be that of a file that an earlier process with the same id left.
   constexpr int attempts = 1000;
   for (int attempt = 0; attempt < attempts;) {
     fs::path path = folder / partialName(name, attempt, longest);
     file_ = openFile(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
-    if (file_ >= 0) {
+    if (file_ >= 0 && !holdPartialFile(file_)) {
+      close();
+      ++attempt;
+    } else if (file_ >= 0) {
       partial_ =
           std::move(path);  // Moved, since a copy may fail for lack of memory and leave the file behind.
-      holdPartialFile(file_);
       return {};
-    }
-    if (errno == EEXIST)
+    } else if (errno == EEXIST) {
       ++attempt;
-    else if (errno == ENAMETOOLONG && !name.empty())
+    } else if (errno == ENAMETOOLONG && !name.empty()) {
       name.clear();  // The whole path is too long.
-    else
+    } else {
       return lastError();
+    }
   }
   return std::make_error_code(std::errc::file_exists);
 }
@@ -70,6 +72,10 @@ std::error_code GrowingFile::append(std::string_view text) {
   size_ += static_cast<std::int64_t>(text.size());
   return {};
 }
+
+// What the file holds is part of the object.
+// NOLINTNEXTLINE(readability-make-member-function-const)
+std::error_code GrowingFile::overwriteBeginning(std::string_view text) { return writeAllAt(file_, text, 0); }
 
 std::error_code GrowingFile::finish() {
   if (partial_.empty()) return close();
@@ -92,8 +98,13 @@ std::error_code GrowingFile::replaceTarget() {
   // After the rename nothing may fail.
   const fs::path folder = target_.parent_path();
   if (const auto error = syncFile(file_)) return error;
-  if (const auto error = close()) return error;
-  if (::rename(partial_.c_str(), target_.c_str()) != 0) return lastError();
+  // The second descriptor keeps the lock until the file has its name: without it a sweep could remove the
+  // file.
+  const int lock = ::fcntl(file_, F_DUPFD_CLOEXEC, 0);
+  std::error_code error = close();
+  if (!error && ::rename(partial_.c_str(), target_.c_str()) != 0) error = lastError();
+  if (lock >= 0) ::close(lock);
+  if (error) return error;
   partial_.clear();
   syncFolder(folder);
   return {};

@@ -4,7 +4,7 @@
 #include <limits>
 #include <system_error>
 
-#include "RealFromChars.h"
+#include "document/RealFromChars.h"
 
 namespace quorvane {
 namespace {

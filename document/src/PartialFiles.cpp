@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -48,13 +49,13 @@ std::optional<pid_t> processOf(std::string_view name, std::string_view target) {
 /// In containers every run may have the same process id, so that of this process proves nothing.
 bool isGone(pid_t process) { return process == ::getpid() || (::kill(process, 0) != 0 && errno == ESRCH); }
 
-/// On a shared folder also false for a file that a process on another machine is writing.
-bool isLeftAlone(const fs::path& path) {
+/// Removes a file that nobody writes. The lock is held until it is removed, so that a process that has just
+/// created it notices. On a shared folder a file that a process on another machine is writing stays.
+void removeIfLeftAlone(const fs::path& path) {
   const int file = openFile(path.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
-  if (file < 0) return false;
-  const bool locked = ::flock(file, LOCK_EX | LOCK_NB) == 0;
+  if (file < 0) return;
+  if (::flock(file, LOCK_EX | LOCK_NB) == 0 && isAt(path, file)) ::unlink(path.c_str());
   ::close(file);
-  return locked;
 }
 
 std::vector<fs::path> filesOfGoneProcesses(const fs::path& path) {
@@ -81,15 +82,17 @@ std::string partialName(const std::string& target, int attempt, std::size_t long
   return '.' + cut(target, longest - std::min(longest, 1 + end.size())) + end;
 }
 
-void holdPartialFile(int file) {
+bool holdPartialFile(int file) {
   // Without locks only the process id tells whether the file is in use.
-  (void)::flock(file, LOCK_EX | LOCK_NB);
+  if (::flock(file, LOCK_EX | LOCK_NB) != 0) return errno != EWOULDBLOCK;
+  struct stat status;
+  const bool isRemoved = ::fstat(file, &status) == 0 && status.st_nlink == 0;
+  return !isRemoved;
 }
 
 void sweepPartialFiles(const fs::path& path) {
   try {
-    for (const fs::path& file : filesOfGoneProcesses(path))
-      if (isLeftAlone(file)) ::unlink(file.c_str());
+    for (const fs::path& file : filesOfGoneProcesses(path)) removeIfLeftAlone(file);
   } catch (const std::bad_alloc&) {
     // Failure is ignored: the target is written, and the next write tries again.
   }

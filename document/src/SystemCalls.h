@@ -26,6 +26,9 @@ std::error_code closeFile(int file);
 /// Writes all bytes.
 std::error_code writeAll(int file, std::string_view content);
 
+/// Writes all bytes from an offset on, without moving the file's position.
+std::error_code writeAllAt(int file, std::string_view content, off_t offset);
+
 /// fsync, if the file system supports it.
 std::error_code syncFile(int file);
 

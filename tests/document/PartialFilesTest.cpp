@@ -3,7 +3,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <fstream>
+#include <future>
 
 #include "DocumentSupport.h"
 #include "document/GrowingFile.h"
@@ -46,6 +48,22 @@ TEST(PartialFiles, OfThisProcessAreRemovedUnlessTheyAreBeingWritten) {
   ASSERT_FALSE(file.open(folder / "file"));
   sweepPartialFiles(folder / "file");
   EXPECT_THAT(namesIn(folder.path()), ElementsAre(partialOf("file", ::getpid(), "-1")));
+}
+
+TEST(PartialFiles, AreNotLostToASweepAtTheMomentOfTheirCreation) {
+  const TemporaryFolder folder;
+  std::atomic<bool> done = false;
+  auto sweeps = std::async(std::launch::async, [&] {
+    while (!done) sweepPartialFiles(folder / "file");
+  });
+  int lost = 0;
+  for (int time = 0; time < 500; ++time) {
+    GrowingFile file;
+    if (file.open(folder / "file") || file.append("text") || file.finish()) ++lost;
+  }
+  done = true;
+  sweeps.get();
+  EXPECT_EQ(lost, 0);
 }
 
 TEST(PartialFiles, AreRemovedByTheNextSaveOfTheDocument) {

@@ -203,6 +203,12 @@ std::string checkOptions(const BatchOptions& options) {
     return "an empty name";
   if (options.frames == "-") return "frames to standard output";
   if (options.trace && !options.picture && !options.frames) return "traces for no picture";
+  const Start& start = options.start;
+  if (start.seed && *start.seed < 1) return "a seed beyond the limits";
+  if (start.remake && std::min(start.remake->imax, start.remake->jmax) < 1) return "no sites";
+  double sum = 0.0;
+  for (const Share& share : start.fill) sum += share.share;
+  if (!start.fill.empty() && std::abs(sum - 1.0) > 1e-9) return "shares that do not add up to 1";
   if (const auto conflict = conflictOf(options)) return "a conflict is left: " + *conflict;
   return {};
 }
@@ -214,6 +220,15 @@ Words writtenOut(const BatchOptions& options) {
     if (const auto& target = options.*result.target)
       words.push_back(result.option + std::string("=") + target->native());
   if (options.trace) words.emplace_back("--trace");
+  const Start& start = options.start;
+  if (options.measure) words.push_back("--observables=" + options.observables);
+  if (start.seed) words.push_back("--seed=" + std::to_string(*start.seed));
+  for (const Setting& setting : start.settings)
+    words.push_back("--set=" + std::string(setting.of == Setting::kRule ? "rule " : "type ") + setting.name +
+                    ' ' + setting.field + '=' + setting.value);
+  if (start.remake)
+    words.push_back("--remake=" + std::to_string(start.remake->imax) + 'x' +
+                    std::to_string(start.remake->jmax));
   words.insert(words.end(), {"--", options.document.native()});
   return words;
 }
@@ -222,8 +237,10 @@ bool same(const BatchOptions& a, const BatchOptions& b) {
   const auto sameTarget = [&](const Result& result) { return a.*result.target == b.*result.target; };
   const auto results = allResults();
   return std::all_of(results.begin(), results.end(), sameTarget) &&
-         std::tie(a.document, a.sweeps, a.every, a.scale, a.trace) ==
-             std::tie(b.document, b.sweeps, b.every, b.scale, b.trace);
+         std::tie(a.document, a.sweeps, a.every, a.observables, a.scale, a.trace) ==
+             std::tie(b.document, b.sweeps, b.every, b.observables, b.scale, b.trace) &&
+         std::tie(a.start.seed, a.start.remake, a.start.settings) ==
+             std::tie(b.start.seed, b.start.remake, b.start.settings);
 }
 
 std::string checkAccepted(const BatchOptions& options, const std::string& err) {

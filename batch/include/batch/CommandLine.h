@@ -3,8 +3,10 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <string>
 #include <variant>
 
+#include "batch/Start.h"
 #include "output/LatticePicture.h"
 
 namespace quorvane {
@@ -22,9 +24,13 @@ enum ExitStatus : int {
 /// A parsed command line. A path "-" is standard input or output; at most one result goes there.
 struct BatchOptions {
   std::filesystem::path document;
+  Start start;
   std::int64_t sweeps = 0;                           ///< 0 or more
   std::optional<std::filesystem::path> output;       ///< the document after the run
   std::optional<std::filesystem::path> populations;  ///< sites per type as CSV
+  std::optional<std::filesystem::path> measure;      ///< observables as CSV
+  std::string observables;                           ///< the list of them, empty without measure
+  std::optional<std::filesystem::path> lattices;     ///< the sites as a NumPy array, never "-"
   std::optional<std::filesystem::path> frames;       ///< the folder of numbered PNGs, never "-"
   std::int64_t every = 1;                            ///< sweeps between rows and between frames, 1 or more
   std::optional<std::filesystem::path> picture;      ///< the lattice after the run as PNG

@@ -6,7 +6,7 @@
 
 namespace quorvane {
 
-enum class Takes { kNothing, kNumber, kFile };
+enum class Takes { kNothing, kNumber, kText, kFile };
 
 /// An option, such as "--sweeps", and the kind of its value.
 struct OptionWord {

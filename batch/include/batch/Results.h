@@ -20,6 +20,7 @@ struct Result {
   enum { kFile, kFolder } kind;
   enum { kAfterRun, kDuringRun } written;
   bool showsTraces = false;         ///< pictures do
+  bool mayBeStream = true;          ///< standard output, for a file
   bool mayReplaceDocument = false;  ///< only what can be opened again
 };
 

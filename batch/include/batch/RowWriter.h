@@ -19,6 +19,9 @@ class RowWriter {
   /// Writes whole rows, unbuffered.
   void write(std::string_view rows);
 
+  /// Writes over the beginning of the growing file.
+  void overwriteBeginning(std::string_view text);
+
   /// Replaces the target with the growing file, and removes partial files of killed runs. Returns a note like
   /// writeOutput.
   std::string finish();

@@ -33,6 +33,10 @@ class GrowingFile {
   /// content.
   std::error_code append(std::string_view text);
 
+  /// Writes the text over the beginning of the file, which must be as long at least. Not for a device or a
+  /// pipe.
+  std::error_code overwriteBeginning(std::string_view text);
+
   /// Replaces the target after synchronising the file, and then synchronises the folder. The target keeps its
   /// owner, group and permissions; if this process may not set these on a new file, the text is copied into
   /// the target once it is safe on the disk. On failure the target is unchanged, except that a copy that

@@ -10,8 +10,9 @@ namespace quorvane {
 /// the target is cut between characters. attempt: 0, or a number that distinguishes files of one process.
 std::string partialName(const std::string& target, int attempt, std::size_t longest);
 
-/// Locks an open file, to mark it as being written.
-void holdPartialFile(int file);
+/// Locks a file that has just been created, to mark it as being written. False if a sweep took it for one
+/// that was left, before it was locked, and removes it.
+bool holdPartialFile(int file);
 
 /// Removes partial files of a target that dead processes left. Files with a shortened name stay, since they
 /// might belong to another target.

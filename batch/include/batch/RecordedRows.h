@@ -1,0 +1,53 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "batch/Messages.h"
+#include "batch/RowWriter.h"
+
+namespace quorvane {
+
+/// The rows of one result of a run. They are buffered for a tenth of a second and some 64 kB at most, so
+/// memory does not grow with the length of the run. Their file replaces its target only at the end of the
+/// run; if the run is killed or a row fails after the start, the partial file stays with the rows so far. A
+/// failure is reported at once, and then the result is dropped.
+class RecordedRows {
+ public:
+  /// Gives the beginning of a file for a number of rows, always of the same length.
+  using Beginning = std::function<std::string(std::int64_t rows)>;
+
+  /// Makes the growing file, if there is a target.
+  RecordedRows(std::optional<std::filesystem::path> target, Messages& messages);
+  /// The same for a file whose beginning is written again whenever rows are. It cannot be a pipe or a device.
+  RecordedRows(std::optional<std::filesystem::path> target, Messages& messages, Beginning beginning);
+
+  /// Adds the rows that make returns, unless the result is dropped or there is none.
+  void add(std::int64_t sweep, const std::function<std::string()>& make);
+  /// Writes the buffered rows if they are due. Call it every few sweeps.
+  void keepUp();
+  /// Writes the remaining rows, and replaces the target with their file.
+  void finish();
+
+  bool isRecording() const { return writer_.has_value(); }
+
+ private:
+  void guarded(const std::function<void()>& work);
+  bool areDue() const;
+  void write();
+  std::string whereTheyAre();
+
+  std::optional<std::filesystem::path> target_;
+  Messages& messages_;
+  Beginning beginning_;
+  std::optional<RowWriter> writer_;
+  std::string buffer_;
+  std::int64_t lastSweep_ = 0, numRows_ = 0;
+  std::chrono::steady_clock::time_point nextWriting_;
+};
+
+}  // namespace quorvane
