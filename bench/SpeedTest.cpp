@@ -6,6 +6,7 @@
 #include <limits>
 #include <ostream>
 #include <string>
+#include <thread>
 
 #include "Goals.h"
 #include "WarmedUp.h"
@@ -14,7 +15,9 @@
 #include "reference/Lockstep.h"
 
 // The cost of an attempt in draws must stay below 1.5 times the recorded one. Minima of many short times
-// within one run, since these are least affected by other load.
+// within one run, since these are least affected by other load. Another machine's load on the same processor
+// can last for seconds, so a measurement that exceeds the limit is continued after a pause: it only lowers
+// the minima.
 
 namespace quorvane {
 
@@ -23,6 +26,8 @@ void PrintTo(const Goal& goal, std::ostream* out) { *out << goal.name; }
 namespace {
 
 constexpr int kRounds = 60;
+constexpr int kMostMeasurements = 20;
+constexpr std::chrono::seconds kPause{4};
 
 template <class Work>
 double nanoseconds(Work&& work) {
@@ -40,6 +45,21 @@ void drawAsOftenAsASweepHasAttempts() {
   }
 }
 
+/// The least times so far of one draw and of one attempt.
+struct LeastTimes {
+  double draws = std::numeric_limits<double>::infinity();
+  double attempts = std::numeric_limits<double>::infinity();
+
+  void measure(Sweeper& sweeper) {
+    const Relaxed<std::int32_t> going = 1;
+    for (int round = 0; round < kRounds; ++round) {
+      draws = std::min(draws, nanoseconds(drawAsOftenAsASweepHasAttempts));
+      attempts = std::min(attempts, nanoseconds([&] { sweeper.sweep(going, going); }));
+    }
+  }
+  double ratio() const { return attempts / draws; }
+};
+
 class Attempts : public testing::TestWithParam<Goal> {};
 
 TEST_P(Attempts, CostAtMostHalfAsMuchAgainAsRecorded) {
@@ -49,19 +69,19 @@ TEST_P(Attempts, CostAtMostHalfAsMuchAgainAsRecorded) {
   ASSERT_NE(typical, cases.end());
   const auto system = reference::toEngine(warmedUp(*typical));
   Sweeper sweeper(reference::arraysOf(*system));
-  const Relaxed<std::int32_t> going = 1;
   reference::restartSources();
 
-  double draws = std::numeric_limits<double>::infinity();
-  double attempts = draws;
-  for (int round = 0; round < kRounds; ++round) {
-    draws = std::min(draws, nanoseconds(drawAsOftenAsASweepHasAttempts));
-    attempts = std::min(attempts, nanoseconds([&] { sweeper.sweep(going, going); }));
+  const double limit = 1.5 * goal.recorded;
+  LeastTimes least;
+  least.measure(sweeper);
+  for (int more = 1; more < kMostMeasurements && least.ratio() > limit; ++more) {
+    std::this_thread::sleep_for(kPause);
+    least.measure(sweeper);
   }
-  const double ratio = attempts / draws;
+  const double ratio = least.ratio();
   RecordProperty("ratio", std::to_string(ratio));
   std::printf("an attempt takes %.2f draws, recorded %.1f\n", ratio, goal.recorded);
-  EXPECT_LE(ratio, 1.5 * goal.recorded);
+  EXPECT_LE(ratio, limit);
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, Attempts, testing::ValuesIn(goals()),
