@@ -43,6 +43,8 @@ class RandomUser {
   QString paint();
   QString resize();
   QString visitFullScreen();
+  /// Activates the window. False if the window manager never lets it be.
+  bool comeBack();
   QString pressAMnemonic();
   QString walkByTab();
   QString addARule();
