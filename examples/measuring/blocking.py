@@ -54,6 +54,7 @@ if __name__ == "__main__":
     try:
         with open(0 if sys.argv[1] == "-" else sys.argv[1], encoding="utf-8") as table:
             numbers = column(table, sys.argv[2], *map(int, sys.argv[3:]))
-        print(fmean(numbers), error_by_blocking(numbers), autocorrelation_time(numbers))
+        error, time = error_by_blocking(numbers), autocorrelation_time(numbers)
+        print(f"{fmean(numbers):.10g} {error:.6g} {time:.4g}")
     except (OSError, TypeError, ValueError) as problem:
         sys.exit(f"blocking.py: {sys.argv[1]}: {problem}")
