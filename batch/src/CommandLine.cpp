@@ -88,13 +88,13 @@ constexpr const char* kFooter =
     R"(A file "-" is standard input for DOCUMENT and standard output for --output,
 --populations, --measure or --picture; one of them only. Progress and messages
 go to standard error. Existing files are replaced, but never left half written.
-Rows gather beside their FILE in .FILE.quorvane-PID.partial, which stays where the
-run is killed or fails.
+Rows gather beside their FILE in .FILE.quorvane-PID.partial, which stays where
+the run is killed or fails.
 
-Ctrl-C (SIGINT), SIGTERM or a terminal that closes (SIGHUP) stops the run after a
-whole sweep; what you asked for is then written as it stands. Another one, a second
-later or more, ends the program at once. A result that fails is told, and the
-others are written.
+Ctrl-C (SIGINT), SIGTERM or a terminal that closes (SIGHUP) stops the run after
+a whole sweep; what you asked for is then written as it stands. Another one, a
+second later or more, ends the program at once. A result that fails is told, and
+the others are written.
 
 Exit status:
   0    done
