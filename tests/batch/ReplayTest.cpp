@@ -4,6 +4,7 @@
 
 #include "FileSizeLimit.h"
 #include "RecordedRun.h"
+#include "batch/Results.h"
 #include "record/Record.h"
 
 namespace quorvane {
@@ -65,6 +66,23 @@ TEST_F(Replay, OfEveryKindOfResultIsTheSame) {
   EXPECT_EQ(finished.out, same(outputs[0]) + same(outputs[1]) + same(outputs[2]) + same(outputs[3]) +
                               "same: --frames " + named(folder_ / "film") + ": 4 frames\n" +
                               same(outputs[5]));
+}
+
+TEST_F(RecordedRun, HasEveryResultAndReplaysIt) {
+  for (const Result& result : allResults()) {
+    if (result.written == Result::kAfterAllOthers) continue;
+    const std::string target = (folder_ / ("result" + std::string(result.option))).string();
+    std::vector<std::string> arguments = {document_, "--sweeps",    "3",   "--record",
+                                          record_,   result.option, target};
+    if (result.target == &BatchOptions::measure)
+      arguments.insert(arguments.end(), {"--observables", "counts"});
+    makeRun(arguments);
+    ASSERT_EQ(recorded()["outputs"].size(), 1u) << result.option;
+    EXPECT_EQ(recorded()["outputs"][0]["option"], result.option);
+    const Finished again = runBatchProgram({"--replay", record_});
+    EXPECT_EQ(again.status, 0) << again.out;
+    EXPECT_THAT(again.out, StartsWith("same: " + std::string(result.option) + ' ' + named(target)));
+  }
 }
 
 TEST_F(Replay, OfResultsOnStandardOutputIsTheSame) {

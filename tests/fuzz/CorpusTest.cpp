@@ -4,6 +4,7 @@
 #include "DocumentHarness.h"
 #include "DocumentSupport.h"
 #include "ParserCheck.h"
+#include "RecordCheck.h"
 
 namespace quorvane {
 namespace {
@@ -19,6 +20,7 @@ void expectNothingWrong(const std::string& corpus, std::string (*check)(std::str
 TEST(Corpus, OfTheParserPassesItsCheck) { expectNothingWrong("parser", checkParser); }
 TEST(Corpus, OfTheWholeReaderPassesItsCheck) { expectNothingWrong("document", checkDocument); }
 TEST(Corpus, OfTheCommandLinePassesItsCheck) { expectNothingWrong("command-line", checkCommandLine); }
+TEST(Corpus, OfRecordsPassesItsCheck) { expectNothingWrong("record", checkRecord); }
 
 }  // namespace
 }  // namespace quorvane
