@@ -21,7 +21,7 @@ std::string workingFolder() {
 RunStart startNow(const BatchOptions& options) {
   return {.program = thisProgram(),
           .machine = thisMachine(),
-          .started = timeText(std::chrono::system_clock::now()),
+          .started = utcText(std::chrono::system_clock::now()),
           .seconds = 0.0,
           .drawsMade = 0,
           .commandLine = options.commandLine,

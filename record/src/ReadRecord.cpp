@@ -60,7 +60,7 @@ RunStart startIn(JsonFields& fields) {
   start.program = programIn(fields.object("program"));
   start.machine = machineIn(fields.object("machine"));
   start.started = fields.text("started");
-  if (!isTimeText(start.started)) fields.refuse("started", "is no time such as 2026-11-22T23:40:00Z");
+  if (!isUtcText(start.started)) fields.refuse("started", "is no time such as 2026-11-22T23:40:00Z");
   start.seconds = fields.real("seconds");
   start.drawsMade = fields.whole("drawsMade", 0);
   start.commandLine = fields.texts("commandLine");

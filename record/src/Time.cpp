@@ -15,14 +15,14 @@ std::string textOf(const std::tm& parts) {
 
 }  // namespace
 
-std::string timeText(std::chrono::system_clock::time_point moment) {
+std::string utcText(std::chrono::system_clock::time_point moment) {
   const std::time_t seconds = std::chrono::system_clock::to_time_t(moment);
   std::tm parts = {};
   ::gmtime_r(&seconds, &parts);
   return textOf(parts);
 }
 
-bool isTimeText(std::string_view text) {
+bool isUtcText(std::string_view text) {
   const std::string whole(text);
   std::tm parts = {};
   const char* end = ::strptime(whole.c_str(), kFormat, &parts);

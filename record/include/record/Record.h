@@ -35,7 +35,7 @@ struct RecordedDocument {
 struct RunStart {
   Program program;
   Machine machine;
-  std::string started;         ///< as timeText gives it
+  std::string started;         ///< as utcText gives it
   double seconds = 0.0;        ///< spent on the run so far, 0 or more
   std::int64_t drawsMade = 0;  ///< of the random source so far, 0 or more
   std::vector<std::string> commandLine;
