@@ -145,7 +145,7 @@ TEST_F(RecordedRun, HasItsStartAndItsDuration) {
 }
 
 TEST_F(RecordedRun, ChangesNoOtherByte) {
-  const auto filesWith = [&](std::vector<std::string> arguments) {
+  const auto filesWith = [&](const std::vector<std::string>& arguments) {
     fs::remove_all(folder_ / "film");
     makeRun(arguments);
     std::string all;
