@@ -3,6 +3,7 @@
 #include <csignal>
 
 #include "RecordedRun.h"
+#include "batch/Provenance.h"
 #include "engine/f_ran0.h"
 #include "record/Record.h"
 
@@ -99,6 +100,28 @@ TEST_F(RecordedRun, HasTheHashOfWhatWentToStandardOutput) {
   }
 }
 
+TEST_F(RecordedRun, HasTheHashOfWhatWentToADevice) {
+  for (const char* option : {"--output", "--populations", "--picture"}) {
+    makeRun({document_, "--sweeps", "30", option, output_, "--record", record_});
+    const json toFile = recorded()["outputs"][0];
+    makeRun({document_, "--sweeps", "30", option, "/dev/null", "--record", record_});
+    const json toDevice = recorded()["outputs"][0];
+    EXPECT_EQ(toDevice["path"], "/dev/null");
+    EXPECT_EQ(toDevice["sha256"], toFile["sha256"]) << option;
+    EXPECT_EQ(toDevice["bytes"], toFile["bytes"]) << option;
+  }
+}
+
+TEST_F(RecordedRun, HasTheHashOfTheDocumentAsItWasReadEvenIfTheOutputReplacesIt) {
+  const std::string before = sha256sum(document_);
+  makeRun({document_, "--sweeps", "30", "--output", document_, "--record", record_});
+  EXPECT_EQ(recorded()["document"]["sha256"], before);
+  expectHashOf(recorded()["outputs"][0], document_);
+  expectFailure({"--replay", record_},
+                named(document_) + ": has changed since the run: its SHA-256 begins with " +
+                    sha256sum(document_).substr(0, 12) + ", recorded is " + before.substr(0, 12));
+}
+
 TEST_F(RecordedRun, HasTheHashOfADocumentFromStandardInput) {
   const Finished finished =
       runBatchProgram({"-", "--sweeps", "2", "--output", output_, "--record", record_}, contentOf(document_));
@@ -157,6 +180,32 @@ TEST_F(RecordedRun, ChangesNoOtherByte) {
   };
   const auto with = everything();
   EXPECT_EQ(filesWith(with), filesWith({with.begin(), with.end() - 2}));
+}
+
+TEST(Provenance, OfAContinuedRunAddsSecondsAndDrawsToItsFirstStart) {
+  BatchOptions options;
+  options.document = "in.quorvane";
+  options.commandLine = {"quorvane-batch", "in.quorvane"};
+  Provenance first(options);
+  first.addDocument("text");
+  for (int k = 0; k < 1000; ++k) fRandReal();
+  RunStart left = startFromJson(toJson(first.start()));
+  EXPECT_EQ(left.drawsMade, 1000);
+  left.seconds = 100.0;
+  left.started = "2001-02-03T04:05:06Z";
+
+  // Between two processes the source may have drawn, as by the start of the second.
+  for (int k = 0; k < 50; ++k) fRandReal();
+  const BatchOptions none;
+  const Provenance second(none, left);
+  for (int k = 0; k < 234; ++k) fRandReal();
+  const RunStart start = second.record(7).start;
+  EXPECT_EQ(start.drawsMade, 1234);
+  EXPECT_GT(start.seconds, 100.0);
+  EXPECT_LT(start.seconds, 160.0);
+  EXPECT_EQ(start.started, left.started);
+  EXPECT_EQ(start.commandLine, options.commandLine);
+  EXPECT_EQ(start.document, (RecordedDocument{"in.quorvane", fingerprintOf("text")}));
 }
 
 TEST_F(RecordedRun, LacksAResultThatFailed) {
