@@ -17,6 +17,7 @@
 #include "batch/Streams.h"
 #include "batch/Targets.h"
 #include "measure/Registry.h"
+#include "record/Record.h"
 
 namespace quorvane {
 namespace {
@@ -57,6 +58,18 @@ std::string oneOf(const Condition& condition) {
   return text;
 }
 
+/// JSON is UTF-8, while file names and arguments may be any bytes.
+void requireRecordable(const BatchOptions& options) {
+  if (!options.record) return;
+  for (const std::string& word : options.commandLine)
+    if (!canBeRecorded(word))
+      refuse("--record: the word " + inQuotes(word) + " is not UTF-8, as a record is");
+  std::error_code error;
+  const auto folder = std::filesystem::current_path(error);
+  if (!canBeRecorded(folder.native()))
+    refuse("--record: the working folder " + inQuotes(folder.native()) + " is not UTF-8, as a record is");
+}
+
 void requireSense(BatchOptions& options) {
   if (options.document.empty()) refuse("DOCUMENT: the name is empty");
   for (const Result& result : allResults()) {
@@ -73,8 +86,9 @@ void requireSense(BatchOptions& options) {
   if (options.measure && options.observables.empty())
     refuse("--measure: needs --observables (--observables help lists them)");
   if (!options.measure && !options.observables.empty()) refuse("--observables: needs --measure");
-  const auto any = [](const Result&) { return true; };
-  if (!asksFor(options, any)) refuse("no result is asked for: " + oneOf(any) + " is needed");
+  const auto isOfRun = [](const Result& result) { return result.written != Result::kAfterAllOthers; };
+  if (!asksFor(options, isOfRun)) refuse("no result is asked for: " + oneOf(isOfRun) + " is needed");
+  requireRecordable(options);
   if (const auto conflict = conflictOf(options)) refuse(*conflict);
 }
 
@@ -86,10 +100,10 @@ same number of sweeps give the same bytes, here and in the window.
 
 constexpr const char* kFooter =
     R"(A file "-" is standard input for DOCUMENT and standard output for --output,
---populations, --measure or --picture; one of them only. Progress and messages
-go to standard error. Existing files are replaced, but never left half written.
-Rows gather beside their FILE in .FILE.quorvane-PID.partial, which stays where
-the run is killed or fails.
+--populations, --measure, --picture or --record; one of them only. Progress and
+messages go to standard error. Existing files are replaced, but never left half
+written. Rows gather beside their FILE in .FILE.quorvane-PID.partial, which
+stays where the run is killed or fails.
 
 Ctrl-C (SIGINT), SIGTERM or a terminal that closes (SIGHUP) stops the run after
 a whole sweep; what you asked for is then written as it stands. Another one, a
@@ -98,7 +112,8 @@ the others are written.
 
 Exit status:
   0    done
-  1    the document or a file failed; one line says which, where and why
+  1    the document or a file failed; one line says which, where and why. Or a
+       replay gave other results
   2    wrong usage
   129  ended by SIGHUP (as a shell tells it), and everything written
   130  ended by SIGINT (as a shell tells it), and everything written
@@ -117,6 +132,11 @@ Examples:
     ffmpeg -i film/frame-%06d.png -vf "pad=ceil(iw/2)*2:ceil(ih/2)*2" \
         -pix_fmt yuv420p film.mp4
 
+  With a record of the run, and the same run again to compare its results:
+    quorvane-batch in.quorvane --sweeps 1000 --output out.quorvane \
+        --record out.json
+    quorvane-batch --replay out.json
+
   In a pipe:
     gunzip -c in.gz | quorvane-batch - --sweeps 1000 --output - | gzip > out.gz)";
 
@@ -129,7 +149,7 @@ constexpr const char* kListName = "LIST";
 
 /// Those of the end of the run first.
 void addResults(CLI::App& app, BatchOptions& options) {
-  for (const auto written : {Result::kAfterRun, Result::kDuringRun})
+  for (const auto written : {Result::kAfterRun, Result::kDuringRun, Result::kAfterAllOthers})
     for (const Result& result : allResults())
       if (result.written == written)
         app.add_option(result.option, options.*result.target, result.help)
@@ -205,6 +225,16 @@ void addOptions(CLI::App& app, BatchOptions& options, StartWords& words) {
       ->group(pictures);
 }
 
+/// Only for the help: its command line is recognised by its words.
+void addReplay(CLI::App& app, std::filesystem::path& record) {
+  app.add_option("--replay", record,
+                 "Runs a record again in a temporary folder and\n"
+                 "says for each result whether it is the same. No\n"
+                 "document or other option with it")
+      ->type_name(kFileName)
+      ->group("A run again");
+}
+
 void addHelp(CLI::App& app) {
   constexpr const char* help = "Help";
   app.set_help_flag("-h,--help", "Prints this and exits")->group(help);
@@ -259,21 +289,43 @@ bool asksForObservables(const std::vector<std::string>& words) {
   return apart || std::find(words.begin(), words.end(), "--observables=help") != words.end();
 }
 
+bool asksForHelp(const std::string& word) { return word == "--help" || word == "-h" || word == "--version"; }
+
+/// The record of "--replay FILE". words: without an error that wrongWord finds.
+std::optional<ReplayRequest> replayIn(const std::vector<std::string>& words) {
+  const std::string option = "--replay", attached = option + '=';
+  const auto options = std::find(words.begin(), words.end(), "--");
+  const auto asks = [&](const std::string& word) { return word == option || word.starts_with(attached); };
+  if (std::none_of(words.begin(), options, asks) || std::any_of(words.begin(), options, asksForHelp))
+    return std::nullopt;
+  const bool isAttached = words.front().starts_with(attached);
+  if (words.size() != (isAttached ? 1 : 2) || !asks(words.front()))
+    refuse("--replay: needs no document and no other option with it");
+  const std::string record = isAttached ? words.front().substr(attached.size()) : words.back();
+  if (isStandardStream(record)) refuse("--replay: needs a file, not standard input (-)");
+  return ReplayRequest{record};
+}
+
 }  // namespace
 
-std::variant<BatchOptions, ExitStatus> parseCommandLine(int argc, const char* const* argv) {
+std::variant<BatchOptions, ReplayRequest, ExitStatus> parseCommandLine(int argc, const char* const* argv) {
   BatchOptions options;
   CLI::App app(kDescription, kProgram);
   StartWords words;
+  std::filesystem::path record;
   addOptions(app, options, words);
+  addReplay(app, record);
   addHelp(app);
   try {
     const std::vector<std::string> all(argv + 1, argv + argc);
     if (const auto wrong = wrongWord(all, wordsOf(app))) refuse(*wrong);
     if (asksForObservables(all)) return print(observablesHelp());
+    if (auto replay = replayIn(all)) return *replay;
     app.parse(argc, argv);
+    options.commandLine.assign(argv, argv + argc);
     requireSense(options);
     options.start = startFrom(words);
+    options.startWords = words;
   } catch (const SettingError& error) {
     return refused(app, CLI::ParseError(error.what(), kExitUsage));
   } catch (const CLI::ParseError& error) {

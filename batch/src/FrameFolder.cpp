@@ -82,6 +82,15 @@ bool FrameFolder::isFrame(const std::string& name) {
          std::all_of(name.begin() + kPrefix.size(), name.end() - kSuffix.size(), isDigit);
 }
 
+std::vector<RecordedFrame> FrameFolder::content() const {
+  std::vector<RecordedFrame> frames;
+  for (std::int64_t number = 0; number < next_; ++number) {
+    const fs::path frame = pathOf(number);
+    frames.push_back({frame.filename(), fingerprintOfFile(frame)});
+  }
+  return frames;
+}
+
 void FrameFolder::add(std::string_view png) { writeOutput(pathOf(next_++), png); }
 
 fs::path FrameFolder::pathOf(std::int64_t number) const {

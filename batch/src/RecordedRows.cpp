@@ -70,6 +70,13 @@ void RecordedRows::finish() {
   });
 }
 
+std::optional<Fingerprint> RecordedRows::content() {
+  if (!writer_) return std::nullopt;
+  std::optional<Fingerprint> content;
+  guarded([&] { content = writer_->content(); });
+  return content;
+}
+
 /// The end of the message about rows that failed. First tries to write the buffered rows.
 std::string RecordedRows::whereTheyAre() {
   if (!writer_ || !writer_->isGrowing()) return {};
@@ -79,7 +86,7 @@ std::string RecordedRows::whereTheyAre() {
     // The buffered rows are lost, as when the run is killed.
   }
   const auto kept = writer_->kept();
-  return kept.empty() ? "" : " (the rows so far are in " + nameOf(kept) + ")";
+  return kept.empty() ? "" : kRowsSoFar + nameOf(kept) + ")";
 }
 
 }  // namespace quorvane

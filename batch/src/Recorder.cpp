@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "batch/Provenance.h"
 #include "output/LatticeArray.h"
 #include "output/LatticePicture.h"
 #include "output/Png.h"
@@ -75,6 +76,20 @@ void Recorder::finish() {
   populations_.finish();
   measured_.finish();
   lattices_.finish();
+}
+
+std::vector<RecordedOutput> Recorder::outputs() {
+  std::vector<RecordedOutput> outputs;
+  const auto add = [&](std::optional<std::filesystem::path> BatchOptions::*target, RecordedRows& rows) {
+    if (auto content = rows.content()) outputs.push_back(outputOf(options_, target, *std::move(content)));
+  };
+  add(&BatchOptions::populations, populations_);
+  add(&BatchOptions::measure, measured_);
+  add(&BatchOptions::lattices, lattices_);
+  withFrames([&] {
+    if (frames_) outputs.push_back(outputOf(options_, &BatchOptions::frames, frames_->content()));
+  });
+  return outputs;
 }
 
 }  // namespace quorvane

@@ -1,5 +1,7 @@
 #include "batch/Results.h"
 
+#include <iterator>
+
 namespace quorvane {
 namespace {
 
@@ -44,10 +46,23 @@ constexpr Result kResults[] = {
      .kind = Result::kFolder,
      .written = Result::kDuringRun,
      .showsTraces = true},
+    {.target = &BatchOptions::record,
+     .option = "--record",
+     .help = "What made the results, as JSON: program, machine,\n"
+             "options, and the SHA-256 of the document and of\n"
+             "every result",
+     .kind = Result::kFile,
+     .written = Result::kAfterAllOthers},
 };
 
 }  // namespace
 
 std::span<const Result> allResults() { return kResults; }
+
+const Result* resultOf(std::string_view option) {
+  const auto* found = std::find_if(std::begin(kResults), std::end(kResults),
+                                   [&](const Result& result) { return option == result.option; });
+  return found == std::end(kResults) ? nullptr : found;
+}
 
 }  // namespace quorvane

@@ -12,13 +12,17 @@ RowWriter::RowWriter(std::filesystem::path target) : target_(std::move(target)),
   if (isStandardStream(target_)) return;
   const auto held = signalsHeldFor(target_);
   require(file_.open(target_));
+  isFile_ = isGrowing();
 }
 
 void RowWriter::write(std::string_view rows) {
+  if (!isFile_) streamed_.add(rows);
   if (isStandardStream(target_)) return writeStandardOutput(rows);
   const auto held = signalsHeldFor(target_);
   require(file_.append(rows));
 }
+
+Fingerprint RowWriter::content() const { return isFile_ ? fingerprintOfFile(target_) : streamed_.soFar(); }
 
 void RowWriter::overwriteBeginning(std::string_view text) {
   const auto held = signalsHeldFor(target_);

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "batch/Progress.h"
+#include "batch/Provenance.h"
 #include "batch/Recorder.h"
 #include "batch/Results.h"
 #include "batch/Streams.h"
@@ -23,12 +24,18 @@ std::string documentName(const std::filesystem::path& document) {
   return isStandardStream(document) ? kStandardInput : nameOf(document);
 }
 
-std::unique_ptr<LatticeModel> openModel(const std::filesystem::path& document, const Start& start) {
+/// Collected only for a record.
+using MaybeProvenance = std::optional<Provenance>;
+
+std::unique_ptr<LatticeModel> openModel(const BatchOptions& options, MaybeProvenance& provenance) {
+  const Start& start = options.start;
   if (start.seed) processRandomSource.startAnew(*start.seed);
   auto model = std::make_unique<LatticeModel>();
   model->awakeFromNib();
-  const OpenResult result = readDocument(*model, readInput(document));
-  if (result.status != OpenStatus::kOpened) throw BatchFailure(documentName(document), result.reason);
+  const std::string text = readInput(options.document);
+  if (provenance) provenance->addDocument(text);
+  const OpenResult result = readDocument(*model, text);
+  if (result.status != OpenStatus::kOpened) throw BatchFailure(documentName(options.document), result.reason);
   changeBeforeRun(*model, start);
   return model;
 }
@@ -80,29 +87,37 @@ std::int64_t run(LatticeModel& model, const BatchOptions& options, Recorder& rec
 
 /// Writes one result; a failure is reported and does not affect the others.
 template <typename Content>
-void writeResult(const std::optional<std::filesystem::path>& target, Messages& messages,
-                 const Content& content) {
+void writeResult(const BatchOptions& options, std::optional<std::filesystem::path> BatchOptions::*result,
+                 Messages& messages, MaybeProvenance& provenance, const Content& content) {
+  const auto& target = options.*result;
   if (!target) return;
   try {
-    const std::string note = writeOutput(*target, content());
+    const std::string text = content();
+    const std::string note = writeOutput(*target, text);
     if (!note.empty()) messages.note(note);
     if (!isStandardStream(*target)) sweepPartialFiles(*target);
+    if (provenance) provenance->add(outputOf(options, result, fingerprintOf(text)));
   } catch (const std::exception& error) {
     messages.fail(lineOf(error, nameOf(*target)));
   }
 }
 
 /// The number of sweeps made; none if an output cannot be written, in which case nothing runs.
-std::optional<std::int64_t> runAndWrite(LatticeModel& model, const BatchOptions& options,
-                                        Messages& messages) {
+std::optional<std::int64_t> runAndWrite(LatticeModel& model, const BatchOptions& options, Messages& messages,
+                                        MaybeProvenance& provenance) {
   checkOutputs(options, messages);
   if (messages.failed()) return std::nullopt;
   Recorder recorder(model, options, messages);
   if (messages.failed()) return std::nullopt;
   const std::int64_t done = run(model, options, recorder);
-  writeResult(options.output, messages, [&] { return writeDocument(model); });
+  writeResult(options, &BatchOptions::output, messages, provenance, [&] { return writeDocument(model); });
   recorder.finish();
-  writeResult(options.picture, messages, [&] { return pictureOf(model, options); });
+  if (provenance)
+    for (RecordedOutput& output : recorder.outputs()) provenance->add(std::move(output));
+  writeResult(options, &BatchOptions::picture, messages, provenance,
+              [&] { return pictureOf(model, options); });
+  writeResult(options, &BatchOptions::record, messages, provenance,
+              [&] { return toJson(provenance->record(done)); });
   return done;
 }
 
@@ -123,9 +138,11 @@ ExitStatus openAndRun(const BatchOptions& options, Messages& messages) {
   // A regular file is read quickly. A pipe may block, so until it is read a signal ends the process as usual.
   std::error_code error;
   if (std::filesystem::is_regular_file(options.document, error)) watchStopSignals();
-  const auto model = openModel(options.document, options.start);
+  MaybeProvenance provenance;
+  if (options.record) provenance.emplace(options);
+  const auto model = openModel(options, provenance);
   watchStopSignals();
-  const auto done = runAndWrite(*model, options, messages);
+  const auto done = runAndWrite(*model, options, messages, provenance);
   const bool stopped = done && *done < options.sweeps && stopSignal() != 0;
   if (stopped)
     messages.note("stopped after " + std::to_string(*done) + " of " + std::to_string(options.sweeps) +

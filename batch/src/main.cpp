@@ -2,6 +2,7 @@
 #include <new>
 #include <variant>
 
+#include "batch/Replay.h"
 #include "batch/RunBatch.h"
 #include "batch/Streams.h"
 #include "document/ModelDocument.h"
@@ -17,7 +18,9 @@ int run(int argc, char** argv) {
   processRandomSource.lookAtPlatform();
   const auto command = parseCommandLine(argc, argv);
   if (const auto* status = std::get_if<ExitStatus>(&command)) return *status;
-  const ExitStatus status = runBatch(std::get<BatchOptions>(command), std::cerr);
+  const auto* again = std::get_if<ReplayRequest>(&command);
+  const ExitStatus status =
+      again ? replay(again->record, std::cerr) : runBatch(std::get<BatchOptions>(command), std::cerr);
   if (status > kExitUsage) endBySignal(stopSignal());
   return status;
 }

@@ -14,6 +14,7 @@ void AdditiveFeedback::seed(std::int32_t seed) {
   }
   // The C library starts its feedback at the fourth word: the first three are read again after the last.
   for (std::ptrdiff_t i = 0; i < kLag; ++i) words_[i] = first[(i + 3) % kLag];
+  leftBehind_ = taken();
   end_ = kLag;
   constexpr int discarded = 310;
   for (int i = 0; i < discarded; ++i) next();
@@ -27,6 +28,7 @@ std::uint32_t AdditiveFeedback::next() {
 
 std::ptrdiff_t AdditiveFeedback::rewind(std::ptrdiff_t end) {
   for (std::ptrdiff_t i = 0; i < kLag; ++i) words_[i] = words_[end - kLag + i].load();
+  leftBehind_ = leftBehind_ + (end - kLag);
   return kLag;
 }
 

@@ -10,6 +10,7 @@ void RandomSource::lookAtPlatform() {
 
 void RandomSource::initialise() {
   lookAtPlatform();
+  const std::int64_t draws = drawsMade();
   if (own_)
     generator_.seed(seed);
   else
@@ -18,6 +19,7 @@ void RandomSource::initialise() {
   for (std::uint32_t k = 0; k < kSlots; ++k) draw();
   for (Entry& entry : v_) entry.put(2 * draw());
   selected_ = selectedBy(2 * draw());
+  takenToStart_ = generator_.taken() + drawsOfPlatform_ - draws;
   iff = 1;
 }
 
@@ -31,6 +33,7 @@ std::uint32_t RandomSource::nextOfPlatform() {
   const std::uint32_t value = entry.timesTwo >> 1;
   selected_ = entry.selects;
   entry.put(2 * fresh);
+  drawsOfPlatform_ = drawsOfPlatform_ + 1;
   return value;
 }
 

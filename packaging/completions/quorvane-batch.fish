@@ -13,6 +13,8 @@ complete -c quorvane-batch -l populations -r -F -d 'Write the sites of each pixe
 complete -c quorvane-batch -l measure -r -F -d 'Write values of the lattice as CSV'
 complete -c quorvane-batch -l observables -x -d 'What --measure writes'
 complete -c quorvane-batch -l lattices -r -F -d 'Write the sites as a NumPy array'
+complete -c quorvane-batch -l record -r -F -d 'Write what made the results as JSON'
+complete -c quorvane-batch -l replay -r -F -d 'Run a record again and compare'
 complete -c quorvane-batch -l frames -x -a '(__fish_complete_directories)' -d 'Write a numbered PNG every K sweeps'
 complete -c quorvane-batch -l scale -x -d 'Pixels a site, 1 to 32'
 complete -c quorvane-batch -l trace -d 'Add the trace of each pixel type to pictures'

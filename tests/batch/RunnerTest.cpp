@@ -27,6 +27,7 @@ TEST_F(Runner, WritesEveryResult) {
     std::vector<std::string> arguments = {document_, "--sweeps", "1", result.option, target};
     if (result.target == &BatchOptions::measure)
       arguments.insert(arguments.end(), {"--observables", "counts"});
+    if (result.written == Result::kAfterAllOthers) arguments.insert(arguments.end(), {"--output", output_});
     EXPECT_EQ(runBatchProgram(arguments).status, 0);
     EXPECT_FALSE(fs::is_empty(target)) << result.option;
   }

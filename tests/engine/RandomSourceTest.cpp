@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "ForeseenDraws.h"
+#include "OtherPlatform.h"
 #include "engine/RandomSource.h"
 #include "engine/f_ran0.h"
 
@@ -149,6 +150,77 @@ TEST(RandInt, RoundsTheScaledDrawAsRealArithmeticDoes) {
 TEST(RandInt, MakesOneDrawForAnyNumber) {
   for (const int n : {2, 8, 256, 5'000'000, -3})
     EXPECT_EQ(drawsMadeBy([n] { fRandInt(n); }), 1) << "n = " << n;
+}
+
+TEST(DrawsMade, IsTheNumberOfSingleDraws) {
+  RandomSource source;
+  EXPECT_EQ(source.drawsMade(), 0);
+  // The generator's array is left behind every 289 draws.
+  for (std::int64_t k = 1; k <= 5000; ++k) {
+    source.next();
+    ASSERT_EQ(source.drawsMade(), k);
+  }
+}
+
+TEST(DrawsMade, IsZeroAfterAStartWithoutADraw) {
+  RandomSource source;
+  source.lookAtPlatform();
+  EXPECT_EQ(source.drawsMade(), 0);
+  source.start();
+  EXPECT_EQ(source.drawsMade(), 0);
+}
+
+TEST(DrawsMade, ContinuesOverNewSeeds) {
+  RandomSource source;
+  std::int64_t draws = 0;
+  for (const int seed : {1, 2, 10, 2147483647})
+    for (const int count : {0, 1, 7, 288, 289, 290, 1000}) {
+      source.startAnew(seed);
+      ASSERT_EQ(source.drawsMade(), draws);
+      for (int k = 0; k < count; ++k) source.next();
+      ASSERT_EQ(source.drawsMade(), draws += count) << "seed " << seed;
+    }
+}
+
+TEST(DrawsMade, CountsThoseOfAStreamWhenItEnds) {
+  RandomSource source;
+  source.start();
+  std::int64_t draws = 0;
+  for (int length = 0; length < 700; ++length) {
+    {
+      RandomSource::Stream stream(source);
+      for (int k = 0; k < length; ++k) {
+        // As an attempt does: some draws for each call.
+        if (k % 3 == 0) stream.makeRoom();
+        k % 3 == 2 ? static_cast<void>(stream.real()) : static_cast<void>(stream.below(5));
+      }
+    }
+    ASSERT_EQ(source.drawsMade(), draws += length);
+    source.next();
+    ASSERT_EQ(source.drawsMade(), ++draws);
+  }
+}
+
+TEST(DrawsMade, CountsThoseOfThePlatformsGenerator) {
+  using Platform = OtherPlatform<31, 7>;
+  RandomSource source(PlatformRand{&Platform::srand, &Platform::rand});
+  for (std::int64_t k = 1; k <= 1000; ++k) {
+    source.next();
+    ASSERT_EQ(source.drawsMade(), k);
+  }
+  ASSERT_FALSE(source.drawsItself());
+  source.startAnew(3);
+  source.next();
+  EXPECT_EQ(source.drawsMade(), 1001);
+}
+
+TEST(DrawsMade, IsCopiedWithTheSource) {
+  RandomSource source;
+  for (int k = 0; k < 400; ++k) source.next();
+  RandomSource copy = source;
+  copy.next();
+  EXPECT_EQ(copy.drawsMade(), 401);
+  EXPECT_EQ(source.drawsMade(), 400);
 }
 
 }  // namespace

@@ -21,7 +21,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using Words = std::vector<std::string>;
-using Outcome = std::variant<BatchOptions, ExitStatus>;
+using Outcome = std::variant<BatchOptions, ReplayRequest, ExitStatus>;
 
 Words split(std::string_view text) {
   Words words;
@@ -198,7 +198,8 @@ std::string checkOptions(const BatchOptions& options) {
   if (options.document.empty()) return "no document";
   if (options.sweeps < 0 || options.every < 1) return "sweeps beyond the limits";
   if (options.scale < 1 || options.scale > kMaxScale) return "scale beyond the limits";
-  if (!asksFor(options, [](const Result&) { return true; })) return "no result";
+  if (!asksFor(options, [](const Result& result) { return result.written != Result::kAfterAllOthers; }))
+    return "no result";
   if (asksFor(options, [&](const Result& result) { return (options.*result.target)->empty(); }))
     return "an empty name";
   if (options.frames == "-") return "frames to standard output";
@@ -252,8 +253,18 @@ std::string checkAccepted(const BatchOptions& options, const std::string& err) {
   return same(*written, options) ? "" : "written out, it means something else";
 }
 
+std::string checkReplay(const fs::path& record, const std::string& err) {
+  if (!err.empty()) return "replays, and yet: " + err;
+  if (record.empty() || record == "-") return "replays no file";
+  const Parsed again = parse({"--replay=" + record.native()});
+  const auto* request = std::get_if<ReplayRequest>(&again.outcome);
+  return request && request->record == record ? "" : "written out, it replays another: " + again.err;
+}
+
 std::string checkWords(const Words& words) {
   const Parsed parsed = parse(words);
+  if (const auto* request = std::get_if<ReplayRequest>(&parsed.outcome))
+    return checkReplay(request->record, parsed.err);
   if (const auto* options = std::get_if<BatchOptions>(&parsed.outcome))
     return checkAccepted(*options, parsed.err);
   switch (std::get<ExitStatus>(parsed.outcome)) {

@@ -4,6 +4,7 @@
 #include "DocumentHarness.h"
 #include "DocumentSupport.h"
 #include "ParserCheck.h"
+#include "RecordCheck.h"
 #include "StartCheck.h"
 
 namespace quorvane {
@@ -21,6 +22,7 @@ TEST(Corpus, OfTheParserPassesItsCheck) { expectNothingWrong("parser", checkPars
 TEST(Corpus, OfTheWholeReaderPassesItsCheck) { expectNothingWrong("document", checkDocument); }
 TEST(Corpus, OfTheCommandLinePassesItsCheck) { expectNothingWrong("command-line", checkCommandLine); }
 TEST(Corpus, OfStartsPassesItsCheck) { expectNothingWrong("start", checkStart); }
+TEST(Corpus, OfRecordsPassesItsCheck) { expectNothingWrong("record", checkRecord); }
 
 }  // namespace
 }  // namespace quorvane

@@ -7,6 +7,7 @@
 #include "CommandLineCheck.h"
 #include "DocumentHarness.h"
 #include "ParserCheck.h"
+#include "RecordCheck.h"
 #include "StartCheck.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

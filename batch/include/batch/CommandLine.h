@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <variant>
+#include <vector>
 
 #include "batch/Start.h"
 #include "output/LatticePicture.h"
@@ -34,12 +35,20 @@ struct BatchOptions {
   std::optional<std::filesystem::path> frames;       ///< the folder of numbered PNGs, never "-"
   std::int64_t every = 1;                            ///< sweeps between rows and between frames, 1 or more
   std::optional<std::filesystem::path> picture;      ///< the lattice after the run as PNG
+  std::optional<std::filesystem::path> record;       ///< what made the results, as JSON
   int scale = kDefaultScale;                         ///< pixels per site in pictures, 1 to kMaxScale
   bool trace = false;                                ///< pictures show each type's trace beside the lattice
+  StartWords startWords;                             ///< what start was read from, for the record
+  std::vector<std::string> commandLine;              ///< as it was typed, for the record
+};
+
+/// A command line that runs a record again.
+struct ReplayRequest {
+  std::filesystem::path record;
 };
 
 /// The options of a command line, or the status to exit with if there is nothing to run: kExitDone after
 /// --help and --version, which print to standard output, else kExitUsage after one line on standard error.
-std::variant<BatchOptions, ExitStatus> parseCommandLine(int argc, const char* const* argv);
+std::variant<BatchOptions, ReplayRequest, ExitStatus> parseCommandLine(int argc, const char* const* argv);
 
 }  // namespace quorvane

@@ -3,6 +3,9 @@
 #include <cstdint>
 #include <filesystem>
 #include <string_view>
+#include <vector>
+
+#include "record/Record.h"
 
 namespace quorvane {
 
@@ -19,6 +22,9 @@ class FrameFolder {
 
   /// True if a file name is that of a frame.
   static bool isFrame(const std::string& name);
+
+  /// The frames written so far, in their order. Reads their files. Throws std::system_error.
+  std::vector<RecordedFrame> content() const;
 
   /// Writes the next frame, the first with number 0, as writeOutput does.
   void add(std::string_view png);

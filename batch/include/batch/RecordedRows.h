@@ -12,6 +12,9 @@
 
 namespace quorvane {
 
+/// What precedes the name of the kept file at the end of the message about rows that failed.
+inline constexpr const char* kRowsSoFar = " (the rows so far are in ";
+
 /// The rows of one result of a run. They are buffered for a tenth of a second and some 64 kB at most, so
 /// memory does not grow with the length of the run. Their file replaces its target only at the end of the
 /// run; if the run is killed or a row fails after the start, the partial file stays with the rows so far. A
@@ -34,6 +37,9 @@ class RecordedRows {
   void finish();
 
   bool isRecording() const { return writer_.has_value(); }
+
+  /// What was written, after finish; none if the result is dropped.
+  std::optional<Fingerprint> content();
 
  private:
   void guarded(const std::function<void()>& work);

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "batch/CommandLine.h"
 #include "batch/FrameFolder.h"
@@ -30,6 +31,8 @@ class Recorder {
   void keepUp();
   /// Writes the remaining rows, and replaces the targets with their files.
   void finish();
+  /// What was written, after finish, without the results that are dropped.
+  std::vector<RecordedOutput> outputs();
 
   /// False if no row or frame is recorded, because none was asked for or all failed.
   bool isRecording() const {

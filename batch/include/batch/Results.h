@@ -5,6 +5,7 @@
 #include <functional>
 #include <optional>
 #include <span>
+#include <string_view>
 
 #include "batch/CommandLine.h"
 
@@ -18,7 +19,7 @@ struct Result {
   const char* option;
   const char* help;
   enum { kFile, kFolder } kind;
-  enum { kAfterRun, kDuringRun } written;
+  enum { kAfterRun, kDuringRun, kAfterAllOthers } written;
   bool showsTraces = false;         ///< pictures do
   bool mayBeStream = true;          ///< standard output, for a file
   bool mayReplaceDocument = false;  ///< only what can be opened again
@@ -26,6 +27,9 @@ struct Result {
 
 /// All results, in the order of checks and messages.
 std::span<const Result> allResults();
+
+/// The result with an option; none if it is the option of no result.
+const Result* resultOf(std::string_view option);
 
 /// True if a result that satisfies a condition is requested. condition: a predicate of a Result, or a flag of
 /// it.

@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "document/GrowingFile.h"
+#include "record/Fingerprint.h"
 
 namespace quorvane {
 
@@ -26,6 +27,10 @@ class RowWriter {
   /// writeOutput.
   std::string finish();
 
+  /// What was written, after finish: a file is read again, since its beginning may have been overwritten.
+  /// Throws std::system_error.
+  Fingerprint content() const;
+
   /// Keeps the growing file even if the run fails or is killed.
   void keep() { file_.keep(); }
 
@@ -40,6 +45,9 @@ class RowWriter {
 
   std::filesystem::path target_;
   GrowingFile file_;
+  bool isFile_ = false;
+  /// Of what went to a stream.
+  Fingerprinting streamed_;
 };
 
 }  // namespace quorvane

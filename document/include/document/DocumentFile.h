@@ -19,11 +19,12 @@ enum class DocumentSource {
   kAnything,  ///< also pipes and devices, up to their end
 };
 
-/// Reads a whole file, at most kMaxDocumentBytes: a larger one gives FileError::kTooLarge, for a regular file
+/// Reads a whole file, at most a number of bytes: a larger one gives FileError::kTooLarge, for a regular file
 /// before it is read. FileError::kNotRegular if only regular files are allowed.
-std::error_code readDocumentFile(const std::filesystem::path& path, DocumentSource source, std::string& text);
+std::error_code readDocumentFile(const std::filesystem::path& path, DocumentSource source, std::string& text,
+                                 std::size_t most = kMaxDocumentBytes);
 
 /// Reads a descriptor to its end, with the same limit.
-std::error_code readDocumentFrom(int file, std::string& text);
+std::error_code readDocumentFrom(int file, std::string& text, std::size_t most = kMaxDocumentBytes);
 
 }  // namespace quorvane

@@ -58,6 +58,10 @@ class AdditiveFeedback {
   /// The next value, 0 to 2^31 - 1.
   std::uint32_t next();
 
+  /// Values drawn since the generator was made, with the 310 that each seed discards. A Reader's count when
+  /// it ends.
+  std::int64_t taken() const { return leftBehind_ + (end_ - kLag); }
+
  private:
   static constexpr std::ptrdiff_t kLag = 31;
   /// The last 31 words are those before end_. Near the end of the array they are moved to its beginning, once
@@ -69,6 +73,9 @@ class AdditiveFeedback {
 
   Relaxed<std::uint32_t> words_[kLength];
   Relaxed<std::uint32_t> end_ = kLag;
+  /// Values drawn before the one at index kLag. It changes where the array is full or seeded, so that
+  /// counting costs a draw nothing.
+  Relaxed<std::int64_t> leftBehind_;
 };
 
 }  // namespace quorvane

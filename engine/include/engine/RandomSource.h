@@ -95,6 +95,10 @@ class RandomSource {
   /// at most 38 bits and the division is by a power of two, so integers give exactly that.
   static constexpr std::uint32_t slot(std::uint32_t y) { return 1 + selectedBy(2 * y); }
 
+  /// Draws made from this source since it was made, over all seeds. What fills the table after a seed is no
+  /// draw. Those of a Stream count when it ends.
+  std::int64_t drawsMade() const { return generator_.taken() - takenToStart_ + drawsOfPlatform_; }
+
   /// True once the platform's generator was found to equal AdditiveFeedback.
   bool drawsItself() const { return own_; }
 
@@ -130,6 +134,9 @@ class RandomSource {
   Entry v_[kSlots];
   /// By the last value y.
   Relaxed<std::uint32_t> selected_;
+  /// Values of generator_ that are no draws.
+  Relaxed<std::int64_t> takenToStart_;
+  Relaxed<std::int64_t> drawsOfPlatform_;
 };
 
 }  // namespace quorvane
