@@ -6,10 +6,16 @@
 #include <ostream>
 #include <string>
 
+#include "batch/Checkpoints.h"
 #include "batch/Progress.h"
 #include "batch/Recorder.h"
 #include "batch/Results.h"
+#include "batch/RunSoFar.h"
 #include "batch/Streams.h"
+#include "batch/Targets.h"
+#include "batch/WrittenBefore.h"
+#include "checkpoint/CheckpointError.h"
+#include "checkpoint/CheckpointFile.h"
 #include "document/ModelDocument.h"
 #include "document/PartialFiles.h"
 #include "engine/f_ran0.h"
@@ -35,14 +41,17 @@ std::unique_ptr<LatticeModel> openModel(const std::filesystem::path& document, c
 
 /// Reports all outputs that cannot be written, not only the first. FrameFolder checks its folder itself.
 void checkOutputs(const BatchOptions& options, Messages& messages) {
-  for (const Result& result : allResults()) {
-    const auto& target = options.*result.target;
+  const auto check = [&](const std::filesystem::path& target) {
     try {
-      if (target && result.kind == Result::kFile) checkOutput(*target);
+      checkOutput(target);
+      if (options.checkpoint) requireRegular(target);
     } catch (const std::exception& error) {
-      messages.fail(lineOf(error, nameOf(*target)));
+      messages.fail(lineOf(error, nameOf(target)));
     }
-  }
+  };
+  for (const Result& result : allResults())
+    if (const auto& target = options.*result.target; target && result.kind == Result::kFile) check(*target);
+  if (options.checkpoint) check(*options.checkpoint);
 }
 
 bool writesToStandardOutput(const BatchOptions& options) {
@@ -63,12 +72,18 @@ bool canGiveAnything(const BatchOptions& options, const Recorder& recorder) {
   return asksFor(options, isLeft) || recorder.isRecording();
 }
 
-/// Makes the sweeps, or fewer if a signal stops the run. Returns the number of sweeps made.
-std::int64_t run(LatticeModel& model, const BatchOptions& options, Recorder& recorder) {
-  Progress progress(options.sweeps, writesToStandardOutput(options));
-  for (std::int64_t done = 0;;) {
+/// Makes the sweeps that are left, or fewer if a signal stops the run. Returns the number of sweeps made
+/// since the beginning.
+std::int64_t run(LatticeModel& model, const BatchOptions& options, std::int64_t done, Recorder& recorder,
+                 Checkpoints& checkpoints) {
+  Progress progress(options.sweeps, writesToStandardOutput(options), done);
+  // Before the first record, so that a run that is killed now can be continued or started again.
+  checkpoints.write(recorder, done);
+  for (;;) {
     const bool last = done == options.sweeps || stopSignal() != 0;
-    if (last || done % options.every == 0) recorder.record(done);
+    recorder.recordMultiple(done);
+    if (last || checkpoints.areDue()) checkpoints.write(recorder, done);
+    if (last) recorder.recordLast(done);
     if (last || !canGiveAnything(options, recorder)) return done;
     progress.show(done);
     const std::int64_t count = sweepsAtOnce(options, done);
@@ -92,16 +107,35 @@ void writeResult(const std::optional<std::filesystem::path>& target, Messages& m
   }
 }
 
-/// The number of sweeps made; none if an output cannot be written, in which case nothing runs.
-std::optional<std::int64_t> runAndWrite(LatticeModel& model, const BatchOptions& options,
-                                        Messages& messages) {
+/// A run that is ready to begin, or to go on.
+struct Job {
+  RunSoFar state;
+  bool continues = false;
+  std::unique_ptr<LatticeModel> model;
+  std::unique_ptr<CheckpointFile> checkpoint;  ///< null without checkpoints
+};
+
+/// What records the run; none if an output cannot be written or is not as it was.
+std::unique_ptr<Recorder> recorderFor(const Job& job, Messages& messages) {
+  const BatchOptions& options = job.state.options;
   checkOutputs(options, messages);
+  WrittenBefore before;
+  if (job.continues) before = findWritten(job.state, messages);
+  if (messages.failed()) return nullptr;
+  return job.continues ? std::make_unique<Recorder>(*job.model, job.state, std::move(before), messages)
+                       : std::make_unique<Recorder>(*job.model, options, messages);
+}
+
+/// The number of sweeps made; none if an output cannot be written, in which case nothing runs.
+std::optional<std::int64_t> runAndWrite(Job& job, Messages& messages) {
+  LatticeModel& model = *job.model;
+  const BatchOptions& options = job.state.options;
+  const auto recorder = recorderFor(job, messages);
   if (messages.failed()) return std::nullopt;
-  Recorder recorder(model, options, messages);
-  if (messages.failed()) return std::nullopt;
-  const std::int64_t done = run(model, options, recorder);
+  Checkpoints checkpoints(model, job.state, job.checkpoint.get(), messages);
+  const std::int64_t done = run(model, options, job.state.sweepsDone, *recorder, checkpoints);
   writeResult(options.output, messages, [&] { return writeDocument(model); });
-  recorder.finish();
+  recorder->finish();
   writeResult(options.picture, messages, [&] { return pictureOf(model, options); });
   return done;
 }
@@ -119,19 +153,91 @@ ExitStatus statusOf(int signal) {
   }
 }
 
-ExitStatus openAndRun(const BatchOptions& options, Messages& messages) {
+std::string stopLine(std::int64_t done, const BatchOptions& options) {
+  const std::string line =
+      "stopped after " + std::to_string(done) + " of " + std::to_string(options.sweeps) + " sweeps";
+  return options.checkpoint ? line + ", --continue " + nameOf(*options.checkpoint) + " goes on" : line;
+}
+
+ExitStatus carryOut(Job& job, Messages& messages) {
+  const BatchOptions& options = job.state.options;
+  const auto done = runAndWrite(job, messages);
+  const bool stopped = done && *done < options.sweeps && stopSignal() != 0;
+  if (stopped) messages.note(stopLine(*done, options));
+  if (messages.failed()) return kExitFailed;
+  return stopped ? statusOf(stopSignal()) : kExitDone;
+}
+
+Job startOf(const BatchOptions& options) {
   // A regular file is read quickly. A pipe may block, so until it is read a signal ends the process as usual.
   std::error_code error;
   if (std::filesystem::is_regular_file(options.document, error)) watchStopSignals();
-  const auto model = openModel(options.document, options.start);
+  Job job;
+  job.state.options = options;
+  job.model = openModel(options.document, options.start);
   watchStopSignals();
-  const auto done = runAndWrite(*model, options, messages);
-  const bool stopped = done && *done < options.sweeps && stopSignal() != 0;
-  if (stopped)
-    messages.note("stopped after " + std::to_string(*done) + " of " + std::to_string(options.sweeps) +
-                  " sweeps");
-  if (messages.failed()) return kExitFailed;
-  return stopped ? statusOf(stopSignal()) : kExitDone;
+  if (!options.checkpoint) return job;
+  job.checkpoint = std::make_unique<CheckpointFile>(*options.checkpoint);
+  job.checkpoint->claim();
+  if (!processRandomSource.state())
+    throw CheckpointError("cannot be written, since this C library has random numbers of its own");
+  return job;
+}
+
+/// A copy would go on with the files of the original.
+void requireItsPlace(const CheckpointFile& file, const RunSoFar& state) {
+  std::error_code error;
+  if (!std::filesystem::equivalent(file.path(), *state.options.checkpoint, error))
+    throw CheckpointError("was moved or copied, the run wrote it as " + nameOf(*state.options.checkpoint));
+}
+
+/// The state for the sweeps that were asked for.
+void setSweeps(RunSoFar& state, const Continuation& continuation) {
+  if (!continuation.sweeps) return;
+  if (*continuation.sweeps < state.sweepsDone)
+    throw SettingError("--sweeps: " + std::to_string(*continuation.sweeps) + " are fewer than the " +
+                       std::to_string(state.sweepsDone) + " that " + nameOf(continuation.checkpoint) +
+                       " has done");
+  state.options.sweeps = *continuation.sweeps;
+}
+
+Job continuationOf(const Continuation& continuation) {
+  watchStopSignals();
+  Job job;
+  job.continues = true;
+  job.checkpoint = std::make_unique<CheckpointFile>(continuation.checkpoint);
+  job.model = std::make_unique<LatticeModel>();
+  RandomSource::State random;
+  job.state = runSoFarIn(job.checkpoint->read(), *job.model, random);
+  processRandomSource.goOnFrom(random);
+  requireItsPlace(*job.checkpoint, job.state);
+  if (const auto conflict = conflictOf(job.state.options))
+    throw CheckpointError("is damaged (" + *conflict + ")");
+  setSweeps(job.state, continuation);
+  return job;
+}
+
+/// Carries out the job that make gives. input: the file it is read from, and how messages name it.
+template <typename Make>
+ExitStatus carryOutReporting(const Make& make, const std::string& input,
+                             const std::optional<std::filesystem::path>& checkpoint, std::ostream& err) {
+  Messages messages(err);
+  try {
+    Job job = make();
+    return carryOut(job, messages);
+  } catch (const MeasureError& error) {
+    messages.fail("--observables: " + onOneLine(error.what()));
+    return kExitUsage;
+  } catch (const SettingError& error) {
+    messages.fail(onOneLine(error.what()));
+    return kExitUsage;
+  } catch (const CheckpointError& error) {
+    messages.fail(nameOf(*checkpoint) + ": " + error.what());
+    return kExitFailed;
+  } catch (const std::exception& error) {
+    messages.fail(lineOf(error, input));
+    return kExitFailed;
+  }
 }
 
 }  // namespace
@@ -141,19 +247,13 @@ Traces tracesFor(const BatchOptions& options) {
 }
 
 ExitStatus runBatch(const BatchOptions& options, std::ostream& err) {
-  Messages messages(err);
-  try {
-    return openAndRun(options, messages);
-  } catch (const MeasureError& error) {
-    messages.fail("--observables: " + onOneLine(error.what()));
-    return kExitUsage;
-  } catch (const SettingError& error) {
-    messages.fail(onOneLine(error.what()));
-    return kExitUsage;
-  } catch (const std::exception& error) {
-    messages.fail(lineOf(error, documentName(options.document)));
-    return kExitFailed;
-  }
+  return carryOutReporting([&] { return startOf(options); }, documentName(options.document),
+                           options.checkpoint, err);
+}
+
+ExitStatus continueBatch(const Continuation& continuation, std::ostream& err) {
+  return carryOutReporting([&] { return continuationOf(continuation); }, nameOf(continuation.checkpoint),
+                           continuation.checkpoint, err);
 }
 
 }  // namespace quorvane

@@ -17,7 +17,9 @@ int run(int argc, char** argv) {
   processRandomSource.lookAtPlatform();
   const auto command = parseCommandLine(argc, argv);
   if (const auto* status = std::get_if<ExitStatus>(&command)) return *status;
-  const ExitStatus status = runBatch(std::get<BatchOptions>(command), std::cerr);
+  const auto* options = std::get_if<BatchOptions>(&command);
+  const ExitStatus status =
+      options ? runBatch(*options, std::cerr) : continueBatch(std::get<Continuation>(command), std::cerr);
   if (status > kExitUsage) endBySignal(stopSignal());
   return status;
 }

@@ -5,6 +5,9 @@
 #include <string_view>
 #include <system_error>
 
+#include "batch/RunSoFar.h"
+#include "batch/WrittenBefore.h"
+#include "checkpoint/Digest.h"
 #include "document/GrowingFile.h"
 
 namespace quorvane {
@@ -14,7 +17,10 @@ namespace quorvane {
 class RowWriter {
  public:
   /// Makes the growing file. Throws BatchFailure, as write and finish do.
-  explicit RowWriter(std::filesystem::path target);
+  /// beginning: bytes at the start of the file that will be written over.
+  explicit RowWriter(std::filesystem::path target, std::int64_t beginning = 0);
+  /// Goes on behind rows that were found: in their growing file, or in a copy of them.
+  RowWriter(std::filesystem::path target, RowsBefore before);
 
   /// Writes whole rows, unbuffered.
   void write(std::string_view rows);
@@ -25,6 +31,9 @@ class RowWriter {
   /// Replaces the target with the growing file, and removes partial files of killed runs. Returns a note like
   /// writeOutput.
   std::string finish();
+
+  /// Puts the growing file on the disk and keeps it. Returns what is needed to go on with it.
+  WrittenRows settle();
 
   /// Keeps the growing file even if the run fails or is killed.
   void keep() { file_.keep(); }
@@ -37,9 +46,13 @@ class RowWriter {
 
  private:
   void require(std::error_code error) const;
+  void copyFrom(const std::filesystem::path& source);
 
   std::filesystem::path target_;
   GrowingFile file_;
+  std::int64_t beginning_ = 0;
+  std::int64_t size_ = 0;
+  DigestOf digest_;  ///< without the beginning
 };
 
 }  // namespace quorvane
