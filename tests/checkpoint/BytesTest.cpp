@@ -1,9 +1,9 @@
-#include "checkpoint/Bytes.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <limits>
+
+#include "checkpoint/Bytes.h"
 
 namespace quorvane {
 namespace {
@@ -81,9 +81,8 @@ TEST(Bytes, RefuseLengthsBeyondTheEndWithoutReservingThem) {
   std::string text;
   EXPECT_THROW(ByteReader(out.bytes()).value(text), CheckpointError);
   std::vector<std::string> list;
-  EXPECT_THROW(
-      ByteReader(out.bytes()).list(list, [](auto& bytes, auto& element) { bytes.value(element); }),
-      CheckpointError);
+  EXPECT_THROW(ByteReader(out.bytes()).list(list, [](auto& bytes, auto& element) { bytes.value(element); }),
+               CheckpointError);
   EXPECT_LT(list.capacity(), 2u);
 }
 

@@ -1,8 +1,7 @@
-#include "checkpoint/RandomBytes.h"
-
 #include <gtest/gtest.h>
 
 #include "OtherPlatform.h"
+#include "checkpoint/RandomBytes.h"
 
 namespace quorvane {
 namespace {
@@ -33,7 +32,8 @@ TEST(RandomBytes, GoOnWithTheSameDrawsFromAnyMoment) {
       second.startAnew(4711);
       for (int k = 0; k < drawn / 2; ++k) second.next();
       second.goOnFrom(stateIn(bytesOf(*state)));
-      for (int k = 0; k < 2000; ++k) ASSERT_EQ(second.next(), first.next()) << seed << ' ' << drawn << ' ' << k;
+      for (int k = 0; k < 2000; ++k)
+        ASSERT_EQ(second.next(), first.next()) << seed << ' ' << drawn << ' ' << k;
     }
 }
 

@@ -1,9 +1,8 @@
-#include "checkpoint/SealedBytes.h"
-
 #include <gtest/gtest.h>
 
 #include "checkpoint/CheckpointError.h"
 #include "checkpoint/Digest.h"
+#include "checkpoint/SealedBytes.h"
 
 namespace quorvane {
 namespace {
