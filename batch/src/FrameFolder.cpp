@@ -14,6 +14,7 @@
 
 #include "batch/Streams.h"
 #include "document/Folder.h"
+#include "document/PartialFiles.h"
 
 namespace quorvane {
 namespace {
@@ -92,6 +93,8 @@ FrameFolder::FrameFolder(fs::path folder, FrameNames names) : folder_(std::move(
   makeFolder(folder_);
   whileLocked([&] {
     requireNoFrames(folder_);
+    // What a run left that was killed before its first frame.
+    sweepPartialFiles(folder_ / names_.at(0));
     checkOutput(folder_ / names_.at(0));
   });
 }
@@ -124,6 +127,8 @@ void FrameFolder::take(const FramesBefore& before) {
   const auto require = [&](bool done, const fs::path& path) {
     if (!done && errno != ENOENT) throw BatchFailure(nameOf(path), std::generic_category().message(errno));
   };
+  // What a kill left of the frame that was being written.
+  for (const FrameNames& names : {old, names_}) sweepPartialFiles(folder_ / names.at(before.behind));
   // From the last one, so that there is no gap if this is interrupted.
   for (std::int64_t k = before.behind; k-- > next_;)
     for (const FrameNames& names : {old, names_}) {

@@ -100,6 +100,9 @@ RowsBefore findRows(const fs::path& target, const WrittenRows& rows, std::uint64
 }
 
 FramesBefore findFrames(const fs::path& folder, const WrittenFrames& frames, const BatchOptions& options) {
+  std::error_code error;
+  if (!fs::exists(folder, error) && !error)
+    throw BatchFailure(nameOf(folder), "is missing since the checkpoint");
   FramesBefore before{.frames = frames, .behind = frames.number, .digest = {}};
   const FrameNames names(frames.digits), newNames = FrameNames::forRun(options);
   for (std::int64_t k = 0; k < frames.number; ++k) {

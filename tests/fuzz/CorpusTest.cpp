@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "CheckpointCheck.h"
 #include "CommandLineCheck.h"
 #include "DocumentHarness.h"
 #include "DocumentSupport.h"
@@ -19,6 +20,7 @@ void expectNothingWrong(const std::string& corpus, std::string (*check)(std::str
 TEST(Corpus, OfTheParserPassesItsCheck) { expectNothingWrong("parser", checkParser); }
 TEST(Corpus, OfTheWholeReaderPassesItsCheck) { expectNothingWrong("document", checkDocument); }
 TEST(Corpus, OfTheCommandLinePassesItsCheck) { expectNothingWrong("command-line", checkCommandLine); }
+TEST(Corpus, OfCheckpointsPassesItsCheck) { expectNothingWrong("checkpoint", checkCheckpoint); }
 
 }  // namespace
 }  // namespace quorvane
