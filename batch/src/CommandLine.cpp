@@ -126,7 +126,7 @@ run is killed or fails.
 Ctrl-C (SIGINT), SIGTERM or a terminal that closes (SIGHUP) stops the run after a
 whole sweep; what you asked for is then written as it stands. Another one, a second
 later or more, ends the program at once. A result that fails is told, and the
-others are written.
+others are written. A run with --checkpoint can be continued after any of this.
 
 Exit status:
   0    done
@@ -148,6 +148,11 @@ Examples:
     quorvane-batch in.quorvane --sweeps 3000 --frames film --every 10
     ffmpeg -i film/frame-%06d.png -vf "pad=ceil(iw/2)*2:ceil(ih/2)*2" \
         -pix_fmt yuv420p film.mp4
+
+  A run that may be interrupted, and its continuation:
+    quorvane-batch in.quorvane --sweeps 1000000 --populations counts.csv \
+        --checkpoint run.checkpoint
+    quorvane-batch --continue run.checkpoint
 
   In a pipe:
     gunzip -c in.gz | quorvane-batch - --sweeps 1000 --output - | gzip > out.gz)";

@@ -16,5 +16,8 @@ complete -c quorvane-batch -l lattices -r -F -d 'Write the sites as a NumPy arra
 complete -c quorvane-batch -l frames -x -a '(__fish_complete_directories)' -d 'Write a numbered PNG every K sweeps'
 complete -c quorvane-batch -l scale -x -d 'Pixels a site, 1 to 32'
 complete -c quorvane-batch -l trace -d 'Add the trace of each pixel type to pictures'
+complete -c quorvane-batch -l checkpoint -r -F -d 'Keep the state of the run in a file'
+complete -c quorvane-batch -l checkpoint-every -x -d 'Seconds between two checkpoints'
+complete -c quorvane-batch -l continue -r -F -d 'Go on from a checkpoint'
 complete -c quorvane-batch -s h -l help -d 'Print help and exit'
 complete -c quorvane-batch -l version -d 'Print the version and exit'
