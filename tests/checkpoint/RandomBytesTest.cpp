@@ -45,6 +45,13 @@ TEST(RandomBytes, TakenTwiceAreTheSameAndDrawNothing) {
   EXPECT_EQ(one.next(), other.next());
 }
 
+TEST(RandomBytes, OfAnotherPlatformAreNoneAndItGoesOnWithThoseOfThisOne) {
+  RandomSource here, there({&OtherPlatform<31>::srand, &OtherPlatform<31>::rand});
+  EXPECT_FALSE(there.state());
+  there.goOnFrom(*here.state());
+  for (int k = 0; k < 1000; ++k) ASSERT_EQ(there.next(), here.next());
+}
+
 TEST(RandomBytes, WithValuesOutOfRangeAreRefused) {
   RandomSource source;
   RandomSource::State state = *source.state();

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <random>
@@ -117,52 +118,76 @@ TEST_F(KilledRun, ContinuedLeavesTheBytesOfOneGoWheneverItWasKilled) {
   EXPECT_GT(numContinuationsKilled, rounds / 8);
 }
 
+/// The calls that change files: a kill in place of any other equals one in place of the next of these.
+constexpr std::array kChanges = {Call::kOpen,   Call::kWrite,      Call::kTruncate, Call::kRename,
+                                 Call::kUnlink, Call::kMakeFolder, Call::kMode};
+
 TEST_F(KilledRun, ContinuedLeavesTheBytesOfOneGoInPlaceOfWhicheverCallItWasKilled) {
   const Files expected = inOneGo(words("1000", "400"));
   const Words start = withCheckpoints(words("500", "400"));
-  int number = 0, numAgain = 0;
-  for (int status = -SIGKILL; status == -SIGKILL;) {
-    SCOPED_TRACE(++number);
-    empty();
-    set(*plan_, folder_, {Call::kAny, kKill}, number);
-    status = run(QUORVANE_BATCH, start).status;
-    ASSERT_TRUE(status == -SIGKILL || status == 0) << status;
-    set(*plan_, folder_, {Call::kAny, 0}, 0);
-    if (!hasCheckpoint()) {
-      ++numAgain;
-      ASSERT_EQ(run(QUORVANE_BATCH, start).status, 0);
-    }
-    ASSERT_NO_FATAL_FAILURE(expectAsInOneGo(expected));
-  }
-  std::printf("%d runs killed, %d of them before their first checkpoint\n", number - 1, numAgain);
-  EXPECT_GT(number - 1, numAgain + 100);
-}
-
-TEST_F(KilledRun, IsContinuedAlsoIfAContinuationIsKilledInPlaceOfAnyCall) {
-  const Files expected = inOneGo(words("1000", "400"));
-  // One that had ended, and one that was killed.
-  for (const bool killed : {false, true}) {
-    const TemporaryFolder kept;
-    if (killed) set(*plan_, folder_, {Call::kAny, kKill}, 250);
-    EXPECT_EQ(run(QUORVANE_BATCH, withCheckpoints(words("500", "400"))).status, killed ? -SIGKILL : 0);
-    set(*plan_, folder_, {Call::kAny, 0}, 0);
-    ASSERT_TRUE(hasCheckpoint());
-    fs::copy(folder_, kept / "run", fs::copy_options::recursive);
-    int number = 0;
-    for (int status = -SIGKILL; status == -SIGKILL;) {
-      SCOPED_TRACE(testing::Message() << killed << ' ' << ++number);
+  int numKilled = 0, numAgain = 0;
+  for (const Call call : kChanges) {
+    int status = -SIGKILL;
+    for (int number = 1; status == -SIGKILL; ++number) {
+      SCOPED_TRACE(testing::Message() << "call " << static_cast<int>(call) << ' ' << number);
       empty();
-      fs::copy(kept / "run", folder_, fs::copy_options::recursive);
-      set(*plan_, folder_, {Call::kAny, kKill}, number);
-      status = run(QUORVANE_BATCH, continuation("1000")).status;
+      set(*plan_, folder_, {call, kKill}, number);
+      status = run(QUORVANE_BATCH, start).status;
       ASSERT_TRUE(status == -SIGKILL || status == 0) << status;
       set(*plan_, folder_, {Call::kAny, 0}, 0);
+      if (status == -SIGKILL) ++numKilled;
+      if (!hasCheckpoint()) {
+        ++numAgain;
+        ASSERT_EQ(run(QUORVANE_BATCH, start).status, 0);
+      }
       ASSERT_NO_FATAL_FAILURE(expectAsInOneGo(expected));
     }
-    std::printf("%d continuations killed\n", number - 1);
-    EXPECT_GT(number - 1, 100);
-    empty();
   }
+  std::printf("%d runs killed, %d of them before their first checkpoint\n", numKilled, numAgain);
+  EXPECT_GT(numKilled, numAgain + 40);
+}
+
+class KilledContinuation : public KilledRun {
+ protected:
+  /// Kills the continuation of a run in place of each call that changes a file, and continues again.
+  void killInPlaceOfEveryChange() {
+    const TemporaryFolder kept;
+    ASSERT_TRUE(hasCheckpoint());
+    fs::copy(folder_, kept / "run", fs::copy_options::recursive);
+    int numKilled = 0;
+    for (const Call call : kChanges) {
+      int status = -SIGKILL;
+      for (int number = 1; status == -SIGKILL; ++number) {
+        SCOPED_TRACE(testing::Message() << "call " << static_cast<int>(call) << ' ' << number);
+        empty();
+        fs::copy(kept / "run", folder_, fs::copy_options::recursive);
+        set(*plan_, folder_, {call, kKill}, number);
+        status = run(QUORVANE_BATCH, continuation("1000")).status;
+        ASSERT_TRUE(status == -SIGKILL || status == 0) << status;
+        if (status == -SIGKILL) ++numKilled;
+        set(*plan_, folder_, {Call::kAny, 0}, 0);
+        ASSERT_NO_FATAL_FAILURE(expectAsInOneGo(expected_));
+      }
+    }
+    std::printf("%d continuations killed\n", numKilled);
+    EXPECT_GT(numKilled, 80);
+  }
+
+  const Files expected_ = inOneGo(words("1000", "400"));
+  const Words start_ = withCheckpoints(words("500", "400"));
+};
+
+TEST_F(KilledContinuation, OfAFinishedRunIsContinuedInPlaceOfWhicheverCallItWasKilled) {
+  ASSERT_EQ(run(QUORVANE_BATCH, start_).status, 0);
+  killInPlaceOfEveryChange();
+}
+
+TEST_F(KilledContinuation, OfAKilledRunIsContinuedInPlaceOfWhicheverCallItWasKilled) {
+  constexpr int behindTheFirstCheckpoint = 250;
+  set(*plan_, folder_, {Call::kAny, kKill}, behindTheFirstCheckpoint);
+  ASSERT_EQ(run(QUORVANE_BATCH, start_).status, -SIGKILL);
+  set(*plan_, folder_, {Call::kAny, 0}, 0);
+  killInPlaceOfEveryChange();
 }
 
 }  // namespace
