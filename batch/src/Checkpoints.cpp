@@ -20,8 +20,15 @@ bool Checkpoints::areDue() const {
 void Checkpoints::write(Recorder& recorder, std::int64_t done) {
   if (!file_) return;
   state_.sweepsDone = done;
-  if (recorder.settle(state_)) replace(state_);
+  isCurrent_ = recorder.settle(state_);
+  if (isCurrent_) replace(state_);
   last_ = Clock::now();
+}
+
+void Checkpoints::writeFinished(const Recorder& recorder) {
+  if (!file_ || !isCurrent_) return;
+  recorder.noteFinished(state_);
+  replace(state_);
 }
 
 void Checkpoints::replace(const RunSoFar& state) {

@@ -80,6 +80,7 @@ void RecordedRows::finish() {
   guarded([&] {
     write();
     if (const std::string note = writer_->finish(); !note.empty()) messages_.note(note);
+    finishedSize_ = writer_->size();
   });
 }
 

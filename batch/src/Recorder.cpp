@@ -105,6 +105,12 @@ bool Recorder::settle(RunSoFar& state) {
   return true;
 }
 
+void Recorder::noteFinished(RunSoFar& state) const {
+  if (state.populations) state.populations->finished = populations_.finishedSize();
+  if (state.measure) state.measure->finished = measured_.finishedSize();
+  if (state.lattices) state.lattices->finished = lattices_.finishedSize();
+}
+
 void Recorder::keepUp() {
   populations_.keepUp();
   measured_.keepUp();

@@ -137,6 +137,7 @@ std::optional<std::int64_t> runAndWrite(Job& job, Messages& messages) {
   writeResult(options.output, messages, [&] { return writeDocument(model); });
   recorder->finish();
   writeResult(options.picture, messages, [&] { return pictureOf(model, options); });
+  checkpoints.writeFinished(*recorder);
   return done;
 }
 

@@ -45,10 +45,11 @@ const auto transferSeed = [](auto& bytes, auto& seed) {
 };
 
 const auto transferRows = [](auto& bytes, auto& rows) {
-  auto& [partial, size, beginning, digest] = rows;
+  auto& [partial, size, beginning, finished, digest] = rows;
   bytes.value(partial);
   bytes.within(size, 0, kMostSweeps);
   bytes.within(beginning, 0, kMostSweeps);
+  bytes.within(finished, -1, kMostSweeps);
   bytes.value(digest);
 };
 

@@ -65,12 +65,13 @@ class OpenedFile {
   std::int64_t size_ = -1;
 };
 
-/// Whether a file begins with the rows. digest: continued by them.
-Likeness likenessOf(const fs::path& path, const WrittenRows& rows, DigestOf& digest) {
+/// Whether a file begins with the rows. size: of the whole file if that is known, else -1. digest: continued
+/// by the rows.
+Likeness likenessOf(const fs::path& path, const WrittenRows& rows, std::int64_t size, DigestOf& digest) {
   if (path.empty()) return Likeness::kMissing;
   const OpenedFile file(path);
   if (!file.exists()) return Likeness::kMissing;
-  const bool isLong = file.size() >= rows.bytes;
+  const bool isLong = file.size() >= rows.bytes && (size < 0 || file.size() == size);
   const bool isSame =
       isLong && file.read(rows.beginning, rows.bytes, digest) && digest.value() == rows.digest;
   return isSame ? Likeness::kSame : Likeness::kChanged;
@@ -84,13 +85,13 @@ RowsBefore findRows(const fs::path& target, const WrittenRows& rows, std::uint64
                     .isPartial = true,
                     .records = static_cast<std::int64_t>(records),
                     .digest = {}};
-  const Likeness partial = likenessOf(before.source, rows, before.digest);
+  const Likeness partial = likenessOf(before.source, rows, -1, before.digest);
   if (partial == Likeness::kSame) return before;
   const fs::path growing = std::exchange(before.source, rows.bytes > 0 ? target : fs::path());
   before.isPartial = false;
   before.digest = {};
   if (rows.bytes == 0) return before;
-  const Likeness finished = likenessOf(target, rows, before.digest);
+  const Likeness finished = likenessOf(target, rows, rows.finished, before.digest);
   if (finished == Likeness::kSame) return before;
   if (partial == Likeness::kChanged)
     throw BatchFailure(nameOf(target),

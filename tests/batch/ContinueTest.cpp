@@ -145,6 +145,8 @@ TEST_F(Continue, IsRefusedIfAnOutputWasChangedOrIsMissing) {
     expectRefusedLeaving(continuation("200"), line);
     put(work_ / name, content.substr(0, content.size() / 2));
     expectRefusedLeaving(continuation("200"), line);
+    put(work_ / name, content + "x");
+    expectRefusedLeaving(continuation("200"), line);
     fs::remove(work_ / name);
     expectRefusedLeaving(continuation("200"), named(work_ / name) + ": is missing since the checkpoint");
     put(work_ / name, content);

@@ -27,6 +27,10 @@ class Checkpoints {
   /// Puts the records on the disk, and then the checkpoint. A failure is reported once, not each time.
   void write(Recorder& recorder, std::int64_t done);
 
+  /// Writes the last checkpoint again with the lengths of the finished results, so that a later change of
+  /// these is noticed.
+  void writeFinished(const Recorder& recorder);
+
  private:
   using Clock = std::chrono::steady_clock;
 
@@ -39,6 +43,7 @@ class Checkpoints {
   Messages& messages_;
   Clock::time_point last_;
   std::string reported_;
+  bool isCurrent_ = false;  ///< all results were whole at the last checkpoint
 };
 
 }  // namespace quorvane

@@ -37,6 +37,9 @@ class RecordedRows {
   /// no target, or it has failed.
   std::optional<WrittenRows> settle();
 
+  /// The length of the target, or -1 if it is not finished.
+  std::int64_t finishedSize() const { return finishedSize_; }
+
   bool isRecording() const { return writer_.has_value(); }
   /// True if there were rows when this object was made.
   bool continues() const { return continues_; }
@@ -55,6 +58,7 @@ class RecordedRows {
   std::optional<RowWriter> writer_;
   std::string buffer_;
   std::int64_t lastSweep_ = 0, numRows_ = 0;
+  std::int64_t finishedSize_ = -1;
   bool continues_ = false;
   std::chrono::steady_clock::time_point nextWriting_;
 };

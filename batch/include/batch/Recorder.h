@@ -38,6 +38,9 @@ class Recorder {
   /// failed, now or before; then the state is not set.
   bool settle(RunSoFar& state);
 
+  /// Notes the lengths of finished targets in a state that settle has set.
+  void noteFinished(RunSoFar& state) const;
+
   /// Writes buffered rows that are due. Call it every few sweeps.
   void keepUp();
   /// Writes the remaining rows, and replaces the targets with their files.

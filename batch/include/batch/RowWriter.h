@@ -38,6 +38,9 @@ class RowWriter {
   /// Keeps the growing file even if the run fails or is killed.
   void keep() { file_.keep(); }
 
+  /// Bytes written to the file, and found in it.
+  std::int64_t size() const { return size_; }
+
   /// True while there is a growing file.
   bool isGrowing() const { return !file_.partial().empty(); }
 

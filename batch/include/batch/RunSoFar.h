@@ -19,6 +19,7 @@ struct WrittenRows {
   std::string partial;         ///< the name of their growing file, which is beside the target
   std::int64_t bytes = 0;      ///< the length of the file with them
   std::int64_t beginning = 0;  ///< so many of these at the start change with each row
+  std::int64_t finished = -1;  ///< the length of the target, once it is finished
   Digest digest = {};          ///< of the bytes behind the beginning
 };
 
