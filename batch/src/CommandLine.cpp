@@ -7,6 +7,7 @@
 #include <functional>
 #include <iostream>
 #include <limits>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -18,6 +19,7 @@
 #include "batch/Targets.h"
 #include "measure/Registry.h"
 #include "record/Record.h"
+#include "settings/Names.h"
 
 namespace quorvane {
 namespace {
@@ -38,7 +40,27 @@ CLI::Validator wholeNumber(std::int64_t lowest, std::int64_t highest) {
   return {check, ""};
 }
 
+/// Seconds above 0 and up to some 30 years.
+std::optional<double> secondsIn(const std::string& text) {
+  constexpr double most = 1e9;
+  try {
+    const double seconds = realIn(text);
+    return seconds > 0.0 && seconds <= most ? std::optional(seconds) : std::nullopt;
+  } catch (const SettingError&) {
+    return std::nullopt;
+  }
+}
+
 [[noreturn]] void refuse(const std::string& line) { throw CLI::ParseError(line, kExitUsage); }
+
+/// Accepts seconds. CLI11's own conversion depends on the locale.
+CLI::Validator someSeconds() {
+  const auto check = [](const std::string& text) -> std::string {
+    if (secondsIn(text)) return {};
+    return inQuotes(text) + " is not a number of seconds above 0, such as 300 or 0.5";
+  };
+  return {check, ""};
+}
 
 /// Turns the system's file names for standard output into "-".
 void recogniseStandardOutput(std::optional<std::filesystem::path>& target) {
@@ -70,6 +92,15 @@ void requireRecordable(const BatchOptions& options) {
     refuse("--record: the working folder " + inQuotes(folder.native()) + " is not UTF-8, as a record is");
 }
 
+/// Rows of standard output could not be checked, or cut, before the run goes on.
+void requireFilesForCheckpoint(const BatchOptions& options) {
+  if (!options.checkpoint) return;
+  if (isStandardStream(*options.checkpoint)) refuse("--checkpoint: needs a file, not standard output (-)");
+  for (const Result& result : allResults())
+    if (const auto& target = options.*result.target; target && isStandardStream(*target))
+      refuse("--checkpoint: needs a file for " + std::string(result.option) + ", not standard output (-)");
+}
+
 void requireSense(BatchOptions& options) {
   if (options.document.empty()) refuse("DOCUMENT: the name is empty");
   for (const Result& result : allResults()) {
@@ -89,6 +120,7 @@ void requireSense(BatchOptions& options) {
   const auto isOfRun = [](const Result& result) { return result.written != Result::kAfterAllOthers; };
   if (!asksFor(options, isOfRun)) refuse("no result is asked for: " + oneOf(isOfRun) + " is needed");
   requireRecordable(options);
+  requireFilesForCheckpoint(options);
   if (const auto conflict = conflictOf(options)) refuse(*conflict);
 }
 
@@ -108,7 +140,8 @@ stays where the run is killed or fails.
 Ctrl-C (SIGINT), SIGTERM or a terminal that closes (SIGHUP) stops the run after
 a whole sweep; what you asked for is then written as it stands. Another one, a
 second later or more, ends the program at once. A result that fails is told, and
-the others are written.
+the others are written. A run with --checkpoint can be continued after any of
+this.
 
 Exit status:
   0    done
@@ -136,6 +169,11 @@ Examples:
     quorvane-batch in.quorvane --sweeps 1000 --output out.quorvane \
         --record out.json
     quorvane-batch --replay out.json
+
+  A run that may be interrupted, and its continuation:
+    quorvane-batch in.quorvane --sweeps 1000000 --populations counts.csv \
+        --checkpoint run.checkpoint
+    quorvane-batch --continue run.checkpoint
 
   In a pipe:
     gunzip -c in.gz | quorvane-batch - --sweeps 1000 --output - | gzip > out.gz)";
@@ -184,7 +222,33 @@ void addStart(CLI::App& app, StartWords& words) {
       ->group(start);
 }
 
-void addOptions(CLI::App& app, BatchOptions& options, StartWords& words) {
+/// The options as they are typed, where their form differs from that in BatchOptions.
+struct TypedWords {
+  StartWords start;
+  std::string checkpointEvery;
+  std::filesystem::path continued;
+};
+
+void addCheckpoints(CLI::App& app, BatchOptions& options, TypedWords& words) {
+  constexpr const char* checkpoints = "Interrupted runs";
+  app.add_option("--checkpoint", options.checkpoint,
+                 "Where the state of the run is kept: at the start,\n"
+                 "from time to time, at a stop and at the end")
+      ->type_name(kFileName)
+      ->group(checkpoints);
+  app.add_option("--checkpoint-every", words.checkpointEvery, "Seconds between two checkpoints (default 300)")
+      ->check(someSeconds())
+      ->type_name("SECONDS")
+      ->group(checkpoints);
+  app.add_option("--continue", words.continued,
+                 "Goes on from a checkpoint to the sweeps and files\n"
+                 "that were asked for, or to another --sweeps N,\n"
+                 "counted from the beginning. Takes nothing else")
+      ->type_name(kFileName)
+      ->group(checkpoints);
+}
+
+void addOptions(CLI::App& app, BatchOptions& options, TypedWords& words) {
   app.add_option("DOCUMENT", options.document, "The document to open, - for standard input")
       ->required()
       ->type_name(kFileName);
@@ -203,7 +267,7 @@ void addOptions(CLI::App& app, BatchOptions& options, StartWords& words) {
       ->type_name("K")
       ->group(run);
 
-  addStart(app, words);
+  addStart(app, words.start);
   addResults(app, options);
   app.add_option("--observables", options.observables,
                  "What --measure writes, as energy,order:Up:Down;\n"
@@ -223,6 +287,7 @@ void addOptions(CLI::App& app, BatchOptions& options, StartWords& words) {
                "pixel type, as the window shows it where only that\n"
                "type is drawn")
       ->group(pictures);
+  addCheckpoints(app, options, words);
 }
 
 /// Only for the help: its command line is recognised by its words.
@@ -306,12 +371,42 @@ std::optional<ReplayRequest> replayIn(const std::vector<std::string>& words) {
   return ReplayRequest{record};
 }
 
+/// True for "--continue FILE", which needs no document.
+bool asksToContinue(const std::vector<std::string>& words) {
+  const auto end = std::find(words.begin(), words.end(), "--");
+  return std::any_of(words.begin(), end, [](const std::string& word) {
+    return word == "--continue" || word.starts_with("--continue=");
+  });
+}
+
+/// The options of the first run stand in the checkpoint.
+Continuation continuationOf(const CLI::App& app, const BatchOptions& options, const TypedWords& words) {
+  for (const CLI::Option* option : app.get_options()) {
+    const std::string name = option->get_name();
+    if (option->count() > 0 && name != "--continue" && name != "--sweeps")
+      refuse("--continue: goes without " + name + ", since the checkpoint has all options but --sweeps");
+  }
+  const bool isLonger = app.get_option("--sweeps")->count() > 0;
+  return {words.continued, isLonger ? std::optional(options.sweeps) : std::nullopt};
+}
+
+BatchOptions runOf(BatchOptions& options, const TypedWords& words) {
+  if (!words.checkpointEvery.empty()) {
+    if (!options.checkpoint) refuse("--checkpoint-every: needs --checkpoint");
+    options.checkpointEvery = *secondsIn(words.checkpointEvery);
+  }
+  requireSense(options);
+  options.start = startFrom(words.start);
+  options.startWords = words.start;
+  return options;
+}
+
 }  // namespace
 
-std::variant<BatchOptions, ReplayRequest, ExitStatus> parseCommandLine(int argc, const char* const* argv) {
+Command parseCommandLine(int argc, const char* const* argv) {
   BatchOptions options;
   CLI::App app(kDescription, kProgram);
-  StartWords words;
+  TypedWords words;
   std::filesystem::path record;
   addOptions(app, options, words);
   addReplay(app, record);
@@ -321,17 +416,17 @@ std::variant<BatchOptions, ReplayRequest, ExitStatus> parseCommandLine(int argc,
     if (const auto wrong = wrongWord(all, wordsOf(app))) refuse(*wrong);
     if (asksForObservables(all)) return print(observablesHelp());
     if (auto replay = replayIn(all)) return *replay;
+    const bool continues = asksToContinue(all);
+    if (continues)
+      for (const char* name : {"DOCUMENT", "--sweeps"}) app.get_option(name)->required(false);
     app.parse(argc, argv);
     options.commandLine.assign(argv, argv + argc);
-    requireSense(options);
-    options.start = startFrom(words);
-    options.startWords = words;
+    return continues ? Command(continuationOf(app, options, words)) : Command(runOf(options, words));
   } catch (const SettingError& error) {
     return refused(app, CLI::ParseError(error.what(), kExitUsage));
   } catch (const CLI::ParseError& error) {
     return refused(app, error);
   }
-  return options;
 }
 
 }  // namespace quorvane

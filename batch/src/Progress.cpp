@@ -35,14 +35,16 @@ int columnsOfTerminal() {
 }  // namespace
 
 std::string progressText(std::int64_t done, std::int64_t total, std::chrono::duration<double> elapsed,
-                         int columns) {
+                         int columns, std::int64_t before) {
   const double part = static_cast<double>(done) / static_cast<double>(total);
+  const double partNow = static_cast<double>(done - before) / static_cast<double>(total - before);
   std::string percent = std::to_string(static_cast<int>(100.0 * part)) + " %";
   const std::string sweeps = "sweep " + std::to_string(done) + " of " + std::to_string(total);
   // The first second is no estimate of the rest.
-  const bool known = done > 0 && elapsed >= std::chrono::seconds(1);
+  const bool known = done > before && elapsed >= std::chrono::seconds(1);
   std::string shorter = percent;
-  if (known) shorter.append(", ").append(timeText(elapsed.count() / part - elapsed.count())).append(" left");
+  if (known)
+    shorter.append(", ").append(timeText(elapsed.count() / partNow - elapsed.count())).append(" left");
   std::string longer = sweeps;
   longer.append(", ").append(shorter);
   for (std::string* text : {&longer, &shorter})
@@ -50,8 +52,9 @@ std::string progressText(std::int64_t done, std::int64_t total, std::chrono::dur
   return percent;
 }
 
-Progress::Progress(std::int64_t total, bool resultsOnOutput)
+Progress::Progress(std::int64_t total, bool resultsOnOutput, std::int64_t before)
     : total_(total),
+      before_(before),
       onTerminal_(::isatty(STDERR_FILENO) == 1 && !(resultsOnOutput && ::isatty(STDOUT_FILENO) == 1)) {}
 
 Progress::~Progress() {
@@ -66,7 +69,7 @@ void Progress::show(std::int64_t done) {
   next_ = now + interval;
   shown_ = true;
   // A character in the last column makes some terminals wrap.
-  const std::string text = progressText(done, total_, now - start_, columnsOfTerminal() - 1);
+  const std::string text = progressText(done, total_, now - start_, columnsOfTerminal() - 1, before_);
   std::cerr << kEraseLine << text << std::flush;
 }
 

@@ -29,6 +29,21 @@ RunStart startNow(const BatchOptions& options) {
           .document = {.path = options.document.native(), .content = {}}};
 }
 
+/// The word of the command line, or the part of one behind "=", that leads to a path; the path itself if none
+/// does.
+std::string asTyped(const RunStart& start, const std::string& path) {
+  const auto leadsThere = [&](const std::string& word) {
+    return (std::filesystem::path(start.workingFolder) / word).lexically_normal() ==
+           std::filesystem::path(path).lexically_normal();
+  };
+  for (const std::string& word : start.commandLine) {
+    const std::string value = word.substr(word.find('=') + 1);
+    if (leadsThere(word)) return word;
+    if (leadsThere(value)) return value;
+  }
+  return path;
+}
+
 }  // namespace
 
 RecordedOutput outputOf(const BatchOptions& options,
@@ -47,7 +62,10 @@ Provenance::Provenance(const BatchOptions& options, RunStart before)
 
 void Provenance::addDocument(std::string_view text) { start_.document.content = fingerprintOf(text); }
 
-void Provenance::add(RecordedOutput output) { outputs_.push_back(std::move(output)); }
+void Provenance::add(RecordedOutput output) {
+  output.path = asTyped(start_, output.path);
+  outputs_.push_back(std::move(output));
+}
 
 RunStart Provenance::start() const {
   RunStart start = start_;

@@ -4,20 +4,23 @@
 
 namespace quorvane {
 
-RecordedRows::RecordedRows(std::optional<std::filesystem::path> target, Messages& messages)
-    : target_(std::move(target)), messages_(messages) {
-  if (target_) guarded([&] { writer_.emplace(*target_); });
-}
-
 RecordedRows::RecordedRows(std::optional<std::filesystem::path> target, Messages& messages,
-                           Beginning beginning)
-    : RecordedRows(std::move(target), messages) {
+                           std::optional<RowsBefore> before, Beginning beginning)
+    : target_(std::move(target)), messages_(messages), beginning_(std::move(beginning)) {
+  if (!target_) return;
   guarded([&] {
-    if (!writer_) return;
-    if (!writer_->isGrowing())
+    const std::string first = beginning_ ? beginning_(0) : "";
+    if (before) {
+      numRows_ = before->records;
+      continues_ = before->rows.bytes > 0;
+    }
+    if (before)
+      writer_.emplace(*target_, std::move(*before));
+    else
+      writer_.emplace(*target_, static_cast<std::int64_t>(first.size()));
+    if (beginning_ && !writer_->isGrowing())
       throw BatchFailure(nameOf(*target_), "is no regular file, and its beginning is written again");
-    beginning_ = std::move(beginning);
-    buffer_ = beginning_(0);
+    if (!continues_) buffer_ = first;
   });
 }
 
@@ -62,11 +65,22 @@ void RecordedRows::write() {
   if (lastSweep_ > 0) writer_->keep();
 }
 
+std::optional<WrittenRows> RecordedRows::settle() {
+  std::optional<WrittenRows> rows;
+  if (writer_)
+    guarded([&] {
+      write();
+      rows = writer_->settle();
+    });
+  return rows;
+}
+
 void RecordedRows::finish() {
   if (!writer_) return;
   guarded([&] {
     write();
     if (const std::string note = writer_->finish(); !note.empty()) messages_.note(note);
+    finishedSize_ = writer_->size();
   });
 }
 

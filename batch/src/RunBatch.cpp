@@ -5,51 +5,37 @@
 #include <optional>
 #include <ostream>
 #include <string>
+#include <utility>
 
+#include "Job.h"
+#include "batch/Checkpoints.h"
 #include "batch/Progress.h"
-#include "batch/Provenance.h"
 #include "batch/Recorder.h"
 #include "batch/Results.h"
 #include "batch/Streams.h"
+#include "batch/WrittenBefore.h"
+#include "checkpoint/CheckpointError.h"
 #include "document/ModelDocument.h"
 #include "document/PartialFiles.h"
-#include "engine/f_ran0.h"
 #include "measure/MeasureError.h"
 #include "process/StopSignals.h"
 
 namespace quorvane {
 namespace {
 
-std::string documentName(const std::filesystem::path& document) {
-  return isStandardStream(document) ? kStandardInput : nameOf(document);
-}
-
-/// Collected only for a record.
-using MaybeProvenance = std::optional<Provenance>;
-
-std::unique_ptr<LatticeModel> openModel(const BatchOptions& options, MaybeProvenance& provenance) {
-  const Start& start = options.start;
-  if (start.seed) processRandomSource.startAnew(*start.seed);
-  auto model = std::make_unique<LatticeModel>();
-  model->awakeFromNib();
-  const std::string text = readInput(options.document);
-  if (provenance) provenance->addDocument(text);
-  const OpenResult result = readDocument(*model, text);
-  if (result.status != OpenStatus::kOpened) throw BatchFailure(documentName(options.document), result.reason);
-  changeBeforeRun(*model, start);
-  return model;
-}
-
 /// Reports all outputs that cannot be written, not only the first. FrameFolder checks its folder itself.
 void checkOutputs(const BatchOptions& options, Messages& messages) {
-  for (const Result& result : allResults()) {
-    const auto& target = options.*result.target;
+  const auto check = [&](const std::filesystem::path& target) {
     try {
-      if (target && result.kind == Result::kFile) checkOutput(*target);
+      checkOutput(target);
+      if (options.checkpoint) requireRegular(target);
     } catch (const std::exception& error) {
-      messages.fail(lineOf(error, nameOf(*target)));
+      messages.fail(lineOf(error, nameOf(target)));
     }
-  }
+  };
+  for (const Result& result : allResults())
+    if (const auto& target = options.*result.target; target && result.kind == Result::kFile) check(*target);
+  if (options.checkpoint) check(*options.checkpoint);
 }
 
 bool writesToStandardOutput(const BatchOptions& options) {
@@ -70,12 +56,18 @@ bool canGiveAnything(const BatchOptions& options, const Recorder& recorder) {
   return asksFor(options, isLeft) || recorder.isRecording();
 }
 
-/// Makes the sweeps, or fewer if a signal stops the run. Returns the number of sweeps made.
-std::int64_t run(LatticeModel& model, const BatchOptions& options, Recorder& recorder) {
-  Progress progress(options.sweeps, writesToStandardOutput(options));
-  for (std::int64_t done = 0;;) {
+/// Makes the sweeps that are left, or fewer if a signal stops the run. Returns the number of sweeps made
+/// since the beginning.
+std::int64_t run(LatticeModel& model, const BatchOptions& options, std::int64_t done, Recorder& recorder,
+                 Checkpoints& checkpoints) {
+  Progress progress(options.sweeps, writesToStandardOutput(options), done);
+  // Before the first record, so that a run that is killed now can be continued or started again.
+  checkpoints.write(recorder, done);
+  for (;;) {
     const bool last = done == options.sweeps || stopSignal() != 0;
-    if (last || done % options.every == 0) recorder.record(done);
+    recorder.recordMultiple(done);
+    if (last || checkpoints.areDue()) checkpoints.write(recorder, done);
+    if (last) recorder.recordLast(done);
     if (last || !canGiveAnything(options, recorder)) return done;
     progress.show(done);
     const std::int64_t count = sweepsAtOnce(options, done);
@@ -87,37 +79,48 @@ std::int64_t run(LatticeModel& model, const BatchOptions& options, Recorder& rec
 
 /// Writes one result; a failure is reported and does not affect the others.
 template <typename Content>
-void writeResult(const BatchOptions& options, std::optional<std::filesystem::path> BatchOptions::*result,
-                 Messages& messages, MaybeProvenance& provenance, const Content& content) {
-  const auto& target = options.*result;
+void writeResult(Job& job, std::optional<std::filesystem::path> BatchOptions::*result, Messages& messages,
+                 const Content& content) {
+  const auto& target = job.state.options.*result;
   if (!target) return;
   try {
     const std::string text = content();
     const std::string note = writeOutput(*target, text);
     if (!note.empty()) messages.note(note);
     if (!isStandardStream(*target)) sweepPartialFiles(*target);
-    if (provenance) provenance->add(outputOf(options, result, fingerprintOf(text)));
+    if (job.provenance) job.provenance->add(outputOf(job.state.options, result, fingerprintOf(text)));
   } catch (const std::exception& error) {
     messages.fail(lineOf(error, nameOf(*target)));
   }
 }
 
-/// The number of sweeps made; none if an output cannot be written, in which case nothing runs.
-std::optional<std::int64_t> runAndWrite(LatticeModel& model, const BatchOptions& options, Messages& messages,
-                                        MaybeProvenance& provenance) {
+/// What records the run; none if an output cannot be written or is not as it was.
+std::unique_ptr<Recorder> recorderFor(const Job& job, Messages& messages) {
+  const BatchOptions& options = job.state.options;
   checkOutputs(options, messages);
+  WrittenBefore before;
+  if (job.continues) before = findWritten(job.state, messages);
+  if (messages.failed()) return nullptr;
+  return job.continues ? std::make_unique<Recorder>(*job.model, job.state, std::move(before), messages)
+                       : std::make_unique<Recorder>(*job.model, options, messages);
+}
+
+/// The number of sweeps made; none if an output cannot be written, in which case nothing runs.
+std::optional<std::int64_t> runAndWrite(Job& job, Messages& messages) {
+  LatticeModel& model = *job.model;
+  const BatchOptions& options = job.state.options;
+  const auto recorder = recorderFor(job, messages);
   if (messages.failed()) return std::nullopt;
-  Recorder recorder(model, options, messages);
-  if (messages.failed()) return std::nullopt;
-  const std::int64_t done = run(model, options, recorder);
-  writeResult(options, &BatchOptions::output, messages, provenance, [&] { return writeDocument(model); });
-  recorder.finish();
-  if (provenance)
-    for (RecordedOutput& output : recorder.outputs()) provenance->add(std::move(output));
-  writeResult(options, &BatchOptions::picture, messages, provenance,
-              [&] { return pictureOf(model, options); });
-  writeResult(options, &BatchOptions::record, messages, provenance,
-              [&] { return toJson(provenance->record(done)); });
+  Checkpoints checkpoints(model, job.state, job.checkpoint.get(), messages);
+  if (job.provenance) checkpoints.carry([&] { return toJson(job.provenance->start()); });
+  const std::int64_t done = run(model, options, job.state.sweepsDone, *recorder, checkpoints);
+  writeResult(job, &BatchOptions::output, messages, [&] { return writeDocument(model); });
+  recorder->finish();
+  if (job.provenance)
+    for (RecordedOutput& output : recorder->outputs()) job.provenance->add(std::move(output));
+  writeResult(job, &BatchOptions::picture, messages, [&] { return pictureOf(model, options); });
+  writeResult(job, &BatchOptions::record, messages, [&] { return toJson(job.provenance->record(done)); });
+  checkpoints.writeFinished(*recorder);
   return done;
 }
 
@@ -134,21 +137,42 @@ ExitStatus statusOf(int signal) {
   }
 }
 
-ExitStatus openAndRun(const BatchOptions& options, Messages& messages) {
-  // A regular file is read quickly. A pipe may block, so until it is read a signal ends the process as usual.
-  std::error_code error;
-  if (std::filesystem::is_regular_file(options.document, error)) watchStopSignals();
-  MaybeProvenance provenance;
-  if (options.record) provenance.emplace(options);
-  const auto model = openModel(options, provenance);
-  watchStopSignals();
-  const auto done = runAndWrite(*model, options, messages, provenance);
+std::string stopLine(std::int64_t done, const BatchOptions& options) {
+  const std::string line =
+      "stopped after " + std::to_string(done) + " of " + std::to_string(options.sweeps) + " sweeps";
+  return options.checkpoint ? line + ", --continue " + nameOf(*options.checkpoint) + " goes on" : line;
+}
+
+ExitStatus carryOut(Job& job, Messages& messages) {
+  const BatchOptions& options = job.state.options;
+  const auto done = runAndWrite(job, messages);
   const bool stopped = done && *done < options.sweeps && stopSignal() != 0;
-  if (stopped)
-    messages.note("stopped after " + std::to_string(*done) + " of " + std::to_string(options.sweeps) +
-                  " sweeps");
+  if (stopped) messages.note(stopLine(*done, options));
   if (messages.failed()) return kExitFailed;
   return stopped ? statusOf(stopSignal()) : kExitDone;
+}
+
+/// Carries out the job that make gives. input: the file it is read from, and how messages name it.
+template <typename Make>
+ExitStatus carryOutReporting(const Make& make, const std::string& input,
+                             const std::optional<std::filesystem::path>& checkpoint, std::ostream& err) {
+  Messages messages(err);
+  try {
+    Job job = make();
+    return carryOut(job, messages);
+  } catch (const MeasureError& error) {
+    messages.fail("--observables: " + onOneLine(error.what()));
+    return kExitUsage;
+  } catch (const SettingError& error) {
+    messages.fail(onOneLine(error.what()));
+    return kExitUsage;
+  } catch (const CheckpointError& error) {
+    messages.fail(nameOf(*checkpoint) + ": " + error.what());
+    return kExitFailed;
+  } catch (const std::exception& error) {
+    messages.fail(lineOf(error, input));
+    return kExitFailed;
+  }
 }
 
 }  // namespace
@@ -158,19 +182,13 @@ Traces tracesFor(const BatchOptions& options) {
 }
 
 ExitStatus runBatch(const BatchOptions& options, std::ostream& err) {
-  Messages messages(err);
-  try {
-    return openAndRun(options, messages);
-  } catch (const MeasureError& error) {
-    messages.fail("--observables: " + onOneLine(error.what()));
-    return kExitUsage;
-  } catch (const SettingError& error) {
-    messages.fail(onOneLine(error.what()));
-    return kExitUsage;
-  } catch (const std::exception& error) {
-    messages.fail(lineOf(error, documentName(options.document)));
-    return kExitFailed;
-  }
+  return carryOutReporting([&] { return startOf(options); }, documentName(options.document),
+                           options.checkpoint, err);
+}
+
+ExitStatus continueBatch(const Continuation& continuation, std::ostream& err) {
+  return carryOutReporting([&] { return continuationOf(continuation); }, nameOf(continuation.checkpoint),
+                           continuation.checkpoint, err);
 }
 
 }  // namespace quorvane

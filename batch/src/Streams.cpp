@@ -55,6 +55,10 @@ void checkOutput(const std::filesystem::path& target) {
   if (const auto error = checkFileCanBeWritten(target)) throw BatchFailure(nameOf(target), error.message());
 }
 
+void requireRegular(const std::filesystem::path& target) {
+  if (isDevice(target)) throw BatchFailure(nameOf(target), "is no regular file, and --checkpoint needs one");
+}
+
 std::optional<SignalsHeld> signalsHeldFor(const std::filesystem::path& target) {
   if (isDevice(target)) return std::nullopt;
   return std::optional<SignalsHeld>(std::in_place);

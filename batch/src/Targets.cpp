@@ -88,6 +88,8 @@ std::optional<std::string> conflictWithDocument(const BatchOptions& options) {
     if (placeOfTarget(*target).is(document))
       return spoken(*target) + ": is the document itself, which only --output may replace";
   }
+  if (options.checkpoint && placeOf(*options.checkpoint).is(document))
+    return spoken(*options.checkpoint) + ": is the document itself, which only --output may replace";
   return std::nullopt;
 }
 
@@ -110,7 +112,7 @@ std::optional<std::string> conflictWithFrames(const std::vector<fs::path>& files
     if (place.holds(folder)) return spoken(file) + ": is asked for as a file and as a folder for --frames";
     // If the file exists already, FrameFolder refuses the folder.
     if (folder.holds(place) && place.names.size() == folder.names.size() + 1 &&
-        FrameFolder::isFrame(place.names.back()))
+        FrameNames::isFrame(place.names.back()))
       return spoken(file) + ": is asked for twice, it would be one of the frames";
   }
   return std::nullopt;
@@ -123,6 +125,7 @@ std::optional<std::string> conflictOf(const BatchOptions& options) {
   for (const Result& result : allResults())
     if (const auto& target = options.*result.target; target && result.kind == Result::kFile)
       files.push_back(*target);
+  if (options.checkpoint) files.push_back(*options.checkpoint);
   if (auto conflict = conflictWithDocument(options)) return conflict;
   if (auto conflict = conflictOfFiles(files)) return conflict;
   return options.frames ? conflictWithFrames(files, *options.frames) : std::nullopt;

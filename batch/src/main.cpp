@@ -12,15 +12,21 @@
 namespace quorvane {
 namespace {
 
+struct CarryOut {
+  ExitStatus operator()(const BatchOptions& options) const { return runBatch(options, std::cerr); }
+  ExitStatus operator()(const Continuation& continuation) const {
+    return continueBatch(continuation, std::cerr);
+  }
+  ExitStatus operator()(const ReplayRequest& request) const { return replay(request.record, std::cerr); }
+  /// There is nothing to run.
+  ExitStatus operator()(ExitStatus status) const { return status; }
+};
+
 int run(int argc, char** argv) {
   fillStandardDescriptors();
   // First of all, since other threads may use the C library's generator later.
   processRandomSource.lookAtPlatform();
-  const auto command = parseCommandLine(argc, argv);
-  if (const auto* status = std::get_if<ExitStatus>(&command)) return *status;
-  const auto* again = std::get_if<ReplayRequest>(&command);
-  const ExitStatus status =
-      again ? replay(again->record, std::cerr) : runBatch(std::get<BatchOptions>(command), std::cerr);
+  const ExitStatus status = std::visit(CarryOut{}, parseCommandLine(argc, argv));
   if (status > kExitUsage) endBySignal(stopSignal());
   return status;
 }

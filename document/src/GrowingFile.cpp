@@ -62,6 +62,27 @@ std::error_code GrowingFile::create() {
   return std::make_error_code(std::errc::file_exists);
 }
 
+std::error_code GrowingFile::openAgain(const fs::path& path, const std::string& name, std::int64_t size) {
+  Target target;
+  if (const auto error = findTarget(path, target)) return error;
+  const fs::path partial = partialBeside(path, name);
+  if (partial.empty()) return std::make_error_code(std::errc::invalid_argument);
+  file_ = openFile(partial.c_str(), O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+  if (file_ < 0) return lastError();
+  if (!holdPartialFile(file_)) return std::make_error_code(std::errc::device_or_resource_busy);
+  struct stat status;
+  if (::fstat(file_, &status) != 0) return lastError();
+  if (!S_ISREG(status.st_mode) || status.st_size < size) return FileError::kNotRegular;
+  if (status.st_size > size && ::ftruncate(file_, size) != 0) return lastError();
+  if (::lseek(file_, size, SEEK_SET) < 0) return lastError();
+  target_ = target.path;
+  partial_ = partial;
+  size_ = size;
+  // What another process left is not removed if this one fails.
+  keep();
+  return {};
+}
+
 std::error_code GrowingFile::append(std::string_view text) {
   if (partial_.empty()) return writeToOutlet(file_, text, mayWait_);
   if (const auto error = writeAll(file_, text)) {
@@ -76,6 +97,15 @@ std::error_code GrowingFile::append(std::string_view text) {
 // What the file holds is part of the object.
 // NOLINTNEXTLINE(readability-make-member-function-const)
 std::error_code GrowingFile::overwriteBeginning(std::string_view text) { return writeAllAt(file_, text, 0); }
+
+std::error_code GrowingFile::sync() {
+  if (partial_.empty()) return {};
+  if (const auto error = syncFile(file_)) return error;
+  syncFolder(partial_.parent_path());
+  return {};
+}
+
+int GrowingFile::duplicate() const { return file_ < 0 ? -1 : ::fcntl(file_, F_DUPFD_CLOEXEC, 0); }
 
 std::error_code GrowingFile::finish() {
   if (partial_.empty()) return close();

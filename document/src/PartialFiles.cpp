@@ -74,12 +74,52 @@ std::vector<fs::path> filesOfGoneProcesses(const fs::path& path) {
 
 }  // namespace
 
-std::string partialName(const std::string& target, int attempt, std::size_t longest) {
-  std::string end = std::string(kMark) + std::to_string(::getpid());
+namespace {
+
+std::string nameFor(const std::string& target, pid_t process, int attempt, std::size_t longest) {
+  std::string end = std::string(kMark) + std::to_string(process);
   if (attempt > 0) end += '-' + std::to_string(attempt);
   end += kEnd;
   if (target.empty()) return end;
   return '.' + cut(target, longest - std::min(longest, 1 + end.size())) + end;
+}
+
+/// Takes a whole number from the beginning of a text; -1 if there is none.
+int takeNumber(std::string_view& text) {
+  int number = -1;
+  const auto [rest, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc{}) return -1;
+  text.remove_prefix(static_cast<std::size_t>(rest - text.data()));
+  return number;
+}
+
+}  // namespace
+
+std::string partialName(const std::string& target, int attempt, std::size_t longest) {
+  return nameFor(target, ::getpid(), attempt, longest);
+}
+
+bool isPartialName(const std::string& name, const std::string& target, std::size_t longest) {
+  const auto mark = name.rfind(kMark);
+  if (mark == std::string::npos) return false;
+  std::string_view numbers = std::string_view(name).substr(mark + kMark.size());
+  const int process = takeNumber(numbers);
+  int attempt = 0;
+  if (numbers.starts_with('-')) {
+    numbers.remove_prefix(1);
+    attempt = takeNumber(numbers);
+  }
+  // Made again from its parts, since a name may be written in one way only.
+  return process > 0 && attempt >= 0 &&
+         (name == nameFor(target, process, attempt, longest) ||
+          name == nameFor("", process, attempt, longest));
+}
+
+fs::path partialBeside(const fs::path& path, const std::string& name) {
+  Target target;
+  if (findTarget(path, target) || target.isDevice()) return {};
+  const fs::path folder = target.path.parent_path();
+  return isPartialName(name, target.path.filename(), longestName(folder)) ? folder / name : fs::path();
 }
 
 bool holdPartialFile(int file) {

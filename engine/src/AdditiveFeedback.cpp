@@ -26,6 +26,19 @@ std::uint32_t AdditiveFeedback::next() {
   return reader.nextTimesTwo() >> 1;
 }
 
+AdditiveFeedback::Words AdditiveFeedback::lastWords() const {
+  Words words;
+  const std::ptrdiff_t first = std::ptrdiff_t{end_} - kLag;
+  for (std::size_t i = 0; i < words.size(); ++i) words[i] = words_[first + static_cast<std::ptrdiff_t>(i)];
+  return words;
+}
+
+void AdditiveFeedback::goOnFrom(const Words& words) {
+  for (std::size_t i = 0; i < words.size(); ++i) words_[i] = words[i];
+  leftBehind_ = taken();
+  end_ = kLag;
+}
+
 std::ptrdiff_t AdditiveFeedback::rewind(std::ptrdiff_t end) {
   for (std::ptrdiff_t i = 0; i < kLag; ++i) words_[i] = words_[end - kLag + i].load();
   leftBehind_ = leftBehind_ + (end - kLag);

@@ -23,6 +23,23 @@ void RandomSource::initialise() {
   iff = 1;
 }
 
+std::optional<RandomSource::State> RandomSource::state() {
+  start();
+  if (!own_) return std::nullopt;
+  State state{.feedback = generator_.lastWords(), .table = {}, .selected = selected_};
+  for (std::size_t k = 0; k < state.table.size(); ++k) state.table[k] = v_[k].timesTwo >> 1;
+  return state;
+}
+
+void RandomSource::goOnFrom(const State& state) {
+  generator_.goOnFrom(state.feedback);
+  for (std::size_t k = 0; k < state.table.size(); ++k) v_[k].put(2 * state.table[k]);
+  selected_ = state.selected;
+  looked_ = true;
+  own_ = true;
+  iff = 1;
+}
+
 std::uint32_t RandomSource::draw() {
   return own_ ? generator_.next() : static_cast<std::uint32_t>(platform_.rand());
 }

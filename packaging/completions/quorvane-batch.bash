@@ -10,12 +10,12 @@ _quorvane_batch_paths() { # WORD documents|files|folders
 }
 
 _quorvane_batch() {
-  local options='--sweeps --every --seed --set --remake --fill --output --picture --populations --measure --observables --lattices --frames --record --scale --trace --replay -h --help --version'
+  local options='--sweeps --every --seed --set --remake --fill --output --picture --populations --measure --observables --lattices --frames --record --scale --trace --checkpoint --checkpoint-every --continue --replay -h --help --version'
   local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} kind
   COMPREPLY=()
   case $before in
-    --sweeps | --every | --scale | --seed | --set | --remake | --fill | --observables) return ;;
-    --picture | --populations | --measure | --lattices | --record | --replay) kind=files ;;
+    --sweeps | --every | --scale | --seed | --set | --remake | --fill | --observables | --checkpoint-every) return ;;
+    --picture | --populations | --measure | --lattices | --record | --replay | --checkpoint | --continue) kind=files ;;
     --frames) kind=folders ;;
     *) kind=documents ;;
   esac

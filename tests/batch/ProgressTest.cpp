@@ -26,6 +26,11 @@ TEST(ProgressText, ShowsTheTimeInItsTwoLargestUnits) {
   EXPECT_THAT(progressText(1, 9'000'000'000'000'000'000, 1s, 99), EndsWith("more than 100 years left"));
 }
 
+TEST(ProgressText, EstimatesTheTimeLeftFromTheSweepsOfThisRun) {
+  EXPECT_EQ(progressText(600, 1000, 10s, 79, 500), "sweep 600 of 1000, 60 %, 40 s left");
+  EXPECT_EQ(progressText(500, 1000, 10s, 79, 500), "sweep 500 of 1000, 50 %");
+}
+
 TEST(ProgressText, FitsAnyWidth) {
   constexpr std::int64_t most = 9'000'000'000'000'000'000;
   for (int columns = 8; columns <= 200; ++columns)

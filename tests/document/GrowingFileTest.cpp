@@ -168,5 +168,40 @@ TEST(GrowingFile, IsNotUsedForADevice) {
   EXPECT_EQ(full.append("row\n"), std::errc::no_space_on_device);
 }
 
+TEST(GrowingFile, GoesOnWithOneThatAnotherProcessLeft) {
+  const TemporaryFolder folder;
+  const std::string left = ".counts.csv.quorvane-1.partial";
+  put(folder / left, "1\n2\n3");
+  GrowingFile file;
+  ASSERT_FALSE(file.openAgain(folder / "counts.csv", left, 4));
+  EXPECT_EQ(contentOf(folder / left), "1\n2\n");
+  ASSERT_FALSE(file.append("four\n"));
+  EXPECT_FALSE(file.sync());
+  EXPECT_FALSE(file.finish());
+  EXPECT_EQ(contentOf(folder / "counts.csv"), "1\n2\nfour\n");
+  EXPECT_THAT(namesIn(folder.path()), ElementsAre("counts.csv"));
+}
+
+TEST(GrowingFile, GoesOnWithNoneThatIsShortInUseOrOfAnotherTarget) {
+  const TemporaryFolder folder;
+  const std::string left = ".counts.csv.quorvane-1.partial", other = ".other.quorvane-1.partial";
+  for (const std::string& name : {left, other}) put(folder / name, "1\n2\n");
+  EXPECT_TRUE(GrowingFile().openAgain(folder / "counts.csv", left, 5));
+  EXPECT_TRUE(GrowingFile().openAgain(folder / "counts.csv", other, 2));
+  EXPECT_TRUE(GrowingFile().openAgain(folder / "counts.csv", ".counts.csv.quorvane-2.partial", 0));
+  GrowingFile user;
+  ASSERT_FALSE(user.openAgain(folder / "counts.csv", left, 4));
+  EXPECT_TRUE(GrowingFile().openAgain(folder / "counts.csv", left, 2));
+  for (const std::string& name : {left, other}) EXPECT_EQ(contentOf(folder / name), "1\n2\n");
+}
+
+TEST(GrowingFile, ThatIsGoneOnWithStaysIfItIsNotFinished) {
+  const TemporaryFolder folder;
+  const std::string left = ".counts.csv.quorvane-1.partial";
+  put(folder / left, "1\n");
+  { ASSERT_FALSE(GrowingFile().openAgain(folder / "counts.csv", left, 2)); }
+  EXPECT_THAT(namesIn(folder.path()), ElementsAre(left));
+}
+
 }  // namespace
 }  // namespace quorvane

@@ -84,5 +84,21 @@ TEST(PartialFiles, OfATargetWithACutNameStay) {
   EXPECT_THAT(namesIn(folder.path()), UnorderedElementsAre(partial));
 }
 
+TEST(PartialFiles, HaveNamesThatBelongToOneTarget) {
+  constexpr std::size_t longest = 255;
+  for (const char* name :
+       {".file.quorvane-12.partial", ".file.quorvane-12-3.partial", ".quorvane-12.partial"})
+    EXPECT_TRUE(isPartialName(name, "file", longest)) << name;
+  for (const char* name :
+       {"file", "", ".file.quorvane-12.partialx", ".other.quorvane-12.partial", ".file.quorvane-.partial",
+        ".file.quorvane--12.partial", ".file.quorvane-012.partial", ".file.quorvane-12-0.partial",
+        ".file.quorvane-99999999999.partial", "../.file.quorvane-12.partial", ".file.quorvane-12-x.partial",
+        "x/.file.quorvane-12.partial", ".file.quorvane-12.partial.quorvane-"})
+    EXPECT_FALSE(isPartialName(name, "file", longest)) << name;
+  const std::string longName(250, 'n');
+  EXPECT_TRUE(isPartialName(partialName(longName, 0, longest), longName, longest));
+  EXPECT_TRUE(isPartialName(partialName(longName, 7, longest), longName, longest));
+}
+
 }  // namespace
 }  // namespace quorvane

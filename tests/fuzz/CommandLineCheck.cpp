@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <iomanip>
 #include <iostream>
 #include <sstream>
 #include <vector>
@@ -21,7 +22,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using Words = std::vector<std::string>;
-using Outcome = std::variant<BatchOptions, ReplayRequest, ExitStatus>;
 
 Words split(std::string_view text) {
   Words words;
@@ -101,7 +101,7 @@ class Captured {
 };
 
 struct Parsed {
-  Outcome outcome;
+  Command outcome;
   std::string err;
 };
 
@@ -109,7 +109,7 @@ Parsed parse(const Words& words) {
   std::vector<const char*> argv = {"quorvane-batch"};
   for (const std::string& word : words) argv.push_back(word.c_str());
   const Captured captured;
-  Outcome outcome = parseCommandLine(static_cast<int>(argv.size()), argv.data());
+  Command outcome = parseCommandLine(static_cast<int>(argv.size()), argv.data());
   return {std::move(outcome), captured.text()};
 }
 
@@ -202,6 +202,9 @@ std::string checkOptions(const BatchOptions& options) {
     return "no result";
   if (asksFor(options, [&](const Result& result) { return (options.*result.target)->empty(); }))
     return "an empty name";
+  if (!(options.checkpointEvery > 0.0)) return "no time between checkpoints";
+  if (options.checkpoint && (options.checkpoint->empty() || options.checkpoint == "-"))
+    return "no file for checkpoints";
   if (options.frames == "-") return "frames to standard output";
   if (options.trace && !options.picture && !options.frames) return "traces for no picture";
   const Start& start = options.start;
@@ -221,6 +224,12 @@ Words writtenOut(const BatchOptions& options) {
     if (const auto& target = options.*result.target)
       words.push_back(result.option + std::string("=") + target->native());
   if (options.trace) words.emplace_back("--trace");
+  if (options.checkpoint) {
+    std::ostringstream seconds;
+    seconds << std::setprecision(17) << options.checkpointEvery;
+    words.push_back("--checkpoint=" + options.checkpoint->native());
+    words.push_back("--checkpoint-every=" + seconds.str());
+  }
   const Start& start = options.start;
   if (options.measure) words.push_back("--observables=" + options.observables);
   if (start.seed) words.push_back("--seed=" + std::to_string(*start.seed));
@@ -240,6 +249,7 @@ bool same(const BatchOptions& a, const BatchOptions& b) {
   return std::all_of(results.begin(), results.end(), sameTarget) &&
          std::tie(a.document, a.sweeps, a.every, a.observables, a.scale, a.trace) ==
              std::tie(b.document, b.sweeps, b.every, b.observables, b.scale, b.trace) &&
+         std::tie(a.checkpoint, a.checkpointEvery) == std::tie(b.checkpoint, b.checkpointEvery) &&
          std::tie(a.start.seed, a.start.remake, a.start.settings) ==
              std::tie(b.start.seed, b.start.remake, b.start.settings);
 }
@@ -261,10 +271,26 @@ std::string checkReplay(const fs::path& record, const std::string& err) {
   return request && request->record == record ? "" : "written out, it replays another: " + again.err;
 }
 
+std::string checkContinuation(const Continuation& continuation, const std::string& err) {
+  if (!err.empty()) return "accepted, and yet: " + err;
+  if (continuation.checkpoint.empty()) return "an empty name";
+  if (continuation.sweeps.value_or(0) < 0) return "sweeps beyond the limits";
+  Words words = {"--continue=" + continuation.checkpoint.native()};
+  if (continuation.sweeps) words.push_back("--sweeps=" + std::to_string(*continuation.sweeps));
+  const Parsed again = parse(words);
+  const auto* written = std::get_if<Continuation>(&again.outcome);
+  if (!written) return "written out, it is refused: " + again.err;
+  const bool isSame =
+      written->checkpoint == continuation.checkpoint && written->sweeps == continuation.sweeps;
+  return isSame ? "" : "written out, it means something else";
+}
+
 std::string checkWords(const Words& words) {
   const Parsed parsed = parse(words);
   if (const auto* request = std::get_if<ReplayRequest>(&parsed.outcome))
     return checkReplay(request->record, parsed.err);
+  if (const auto* continuation = std::get_if<Continuation>(&parsed.outcome))
+    return checkContinuation(*continuation, parsed.err);
   if (const auto* options = std::get_if<BatchOptions>(&parsed.outcome))
     return checkAccepted(*options, parsed.err);
   switch (std::get<ExitStatus>(parsed.outcome)) {

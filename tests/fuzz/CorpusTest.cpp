@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "CheckpointCheck.h"
 #include "CommandLineCheck.h"
 #include "DocumentHarness.h"
 #include "DocumentSupport.h"
@@ -23,6 +24,7 @@ TEST(Corpus, OfTheWholeReaderPassesItsCheck) { expectNothingWrong("document", ch
 TEST(Corpus, OfTheCommandLinePassesItsCheck) { expectNothingWrong("command-line", checkCommandLine); }
 TEST(Corpus, OfStartsPassesItsCheck) { expectNothingWrong("start", checkStart); }
 TEST(Corpus, OfRecordsPassesItsCheck) { expectNothingWrong("record", checkRecord); }
+TEST(Corpus, OfCheckpointsPassesItsCheck) { expectNothingWrong("checkpoint", checkCheckpoint); }
 
 }  // namespace
 }  // namespace quorvane

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "CheckpointCheck.h"
 #include "CommandLineCheck.h"
 #include "DocumentHarness.h"
 #include "ParserCheck.h"

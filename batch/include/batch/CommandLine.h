@@ -22,6 +22,9 @@ enum ExitStatus : int {
   kExitTerminated = 143,   ///< stopped by SIGTERM; what was asked for is written
 };
 
+/// Seconds between two checkpoints of a run, if the command line does not say.
+inline constexpr double kDefaultCheckpointEvery = 300;
+
 /// A parsed command line. A path "-" is standard input or output; at most one result goes there.
 struct BatchOptions {
   std::filesystem::path document;
@@ -38,6 +41,8 @@ struct BatchOptions {
   std::optional<std::filesystem::path> record;       ///< what made the results, as JSON
   int scale = kDefaultScale;                         ///< pixels per site in pictures, 1 to kMaxScale
   bool trace = false;                                ///< pictures show each type's trace beside the lattice
+  std::optional<std::filesystem::path> checkpoint;   ///< from which the run can be continued; never "-"
+  double checkpointEvery = kDefaultCheckpointEvery;  ///< seconds between two, more than 0
   StartWords startWords;                             ///< what start was read from, for the record
   std::vector<std::string> commandLine;              ///< as it was typed, for the record
 };
@@ -47,8 +52,16 @@ struct ReplayRequest {
   std::filesystem::path record;
 };
 
+/// The continuation of a run from its checkpoint.
+struct Continuation {
+  std::filesystem::path checkpoint;
+  std::optional<std::int64_t> sweeps;  ///< counted from the beginning of the run; else as many as before
+};
+
+using Command = std::variant<BatchOptions, Continuation, ReplayRequest, ExitStatus>;
+
 /// The options of a command line, or the status to exit with if there is nothing to run: kExitDone after
 /// --help and --version, which print to standard output, else kExitUsage after one line on standard error.
-std::variant<BatchOptions, ReplayRequest, ExitStatus> parseCommandLine(int argc, const char* const* argv);
+Command parseCommandLine(int argc, const char* const* argv);
 
 }  // namespace quorvane

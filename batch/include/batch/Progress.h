@@ -8,16 +8,16 @@ namespace quorvane {
 
 /// The progress of a run, as the longest text that fits into a number of columns: sweeps done and in all, the
 /// percentage, and the time left at the present speed. The percentage alone is returned even if it does not
-/// fit.
+/// fit. before: sweeps that were done when the time began.
 std::string progressText(std::int64_t done, std::int64_t total, std::chrono::duration<double> elapsed,
-                         int columns);
+                         int columns, std::int64_t before = 0);
 
 /// Prints progress on standard error about three times a second, in one line that fits the terminal's present
 /// width. Prints nothing unless standard error is a terminal, or if that terminal shows results.
 class Progress {
  public:
-  /// resultsOnOutput: results go to standard output.
-  Progress(std::int64_t total, bool resultsOnOutput);
+  /// resultsOnOutput: results go to standard output. before: sweeps done already.
+  Progress(std::int64_t total, bool resultsOnOutput, std::int64_t before);
   /// Erases the line.
   ~Progress();
   Progress(const Progress&) = delete;
@@ -28,7 +28,7 @@ class Progress {
  private:
   using Clock = std::chrono::steady_clock;
 
-  std::int64_t total_;
+  std::int64_t total_, before_;
   bool onTerminal_;
   bool shown_ = false;
   Clock::time_point start_ = Clock::now();

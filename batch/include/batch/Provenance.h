@@ -27,7 +27,7 @@ class Provenance {
 
   /// The document as it was read.
   void addDocument(std::string_view text);
-  /// A result that is whole.
+  /// A result that is whole. Its path becomes that of the command line, if a checkpoint has made it absolute.
   void add(RecordedOutput output);
 
   /// With the seconds and the draws so far.
@@ -37,7 +37,7 @@ class Provenance {
  private:
   using Clock = std::chrono::steady_clock;
 
-  const BatchOptions& options_;
+  BatchOptions options_;
   RunStart start_;
   Clock::time_point begin_ = Clock::now();
   std::int64_t drawsBefore_;

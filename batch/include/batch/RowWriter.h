@@ -5,6 +5,9 @@
 #include <string_view>
 #include <system_error>
 
+#include "batch/RunSoFar.h"
+#include "batch/WrittenBefore.h"
+#include "checkpoint/Digest.h"
 #include "document/GrowingFile.h"
 #include "record/Fingerprint.h"
 
@@ -15,7 +18,10 @@ namespace quorvane {
 class RowWriter {
  public:
   /// Makes the growing file. Throws BatchFailure, as write and finish do.
-  explicit RowWriter(std::filesystem::path target);
+  /// beginning: bytes at the start of the file that will be written over.
+  explicit RowWriter(std::filesystem::path target, std::int64_t beginning = 0);
+  /// Goes on behind rows that were found: in their growing file, or in a copy of them.
+  RowWriter(std::filesystem::path target, RowsBefore before);
 
   /// Writes whole rows, unbuffered.
   void write(std::string_view rows);
@@ -31,8 +37,14 @@ class RowWriter {
   /// Throws std::system_error.
   Fingerprint content() const;
 
+  /// Puts the growing file on the disk and keeps it. Returns what is needed to go on with it.
+  WrittenRows settle();
+
   /// Keeps the growing file even if the run fails or is killed.
   void keep() { file_.keep(); }
+
+  /// Bytes written to the file, and found in it.
+  std::int64_t size() const { return size_; }
 
   /// True while there is a growing file.
   bool isGrowing() const { return !file_.partial().empty(); }
@@ -42,12 +54,16 @@ class RowWriter {
 
  private:
   void require(std::error_code error) const;
+  void copyFrom(const std::filesystem::path& source);
 
   std::filesystem::path target_;
   GrowingFile file_;
   bool isFile_ = false;
   /// Of what went to a stream.
   Fingerprinting streamed_;
+  std::int64_t beginning_ = 0;
+  std::int64_t size_ = 0;
+  DigestOf digest_;  ///< without the beginning
 };
 
 }  // namespace quorvane

@@ -20,6 +20,14 @@ Traces tracesFor(const BatchOptions& options);
 /// about the populations names it. Calls watchStopSignals: before reading a regular file, and in any case
 /// once the document is open. A run that a signal stops finishes its sweep, writes all results at that sweep,
 /// and writes one line with the number of sweeps made to err.
+///
+/// With a checkpoint, the file is written before the first sweep, from time to time, and at the end or a
+/// stop, before results are finished. A failure to write it is one line, and the run goes on.
 ExitStatus runBatch(const BatchOptions& options, std::ostream& err);
+
+/// Goes on with a run from its checkpoint: afterwards every file has the bytes that one run with all the
+/// sweeps would have written. Nothing runs or changes, and one line for each reason is written to err, if the
+/// checkpoint cannot be read or is in use, or if something that the run wrote is missing or was changed.
+ExitStatus continueBatch(const Continuation& continuation, std::ostream& err);
 
 }  // namespace quorvane

@@ -25,6 +25,9 @@ std::string readInput(const std::filesystem::path& document);
 /// Throws BatchFailure if writeOutput could not write the target now. Leaves no file behind.
 void checkOutput(const std::filesystem::path& target);
 
+/// Throws BatchFailure if the target is a device or a pipe, whose content cannot be read again.
+void requireRegular(const std::filesystem::path& target);
+
 /// Blocks signals while a regular file is written. None for a device or a pipe, which may block for ever and
 /// cannot be left half written.
 std::optional<SignalsHeld> signalsHeldFor(const std::filesystem::path& target);

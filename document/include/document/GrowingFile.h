@@ -29,6 +29,11 @@ class GrowingFile {
   /// by now that would prevent replacing it.
   std::error_code open(const std::filesystem::path& target);
 
+  /// Goes on with a file that another process left, in place of open: takes the growing file of this name
+  /// beside the target, and cuts it to a size, which it must have at least. Fails if it is in use, or has
+  /// not the name of such a file, and then it is as before.
+  std::error_code openAgain(const std::filesystem::path& target, const std::string& name, std::int64_t size);
+
   /// Writes the text, unbuffered, so that it survives the process. On failure the file keeps its former
   /// content.
   std::error_code append(std::string_view text);
@@ -36,6 +41,12 @@ class GrowingFile {
   /// Writes the text over the beginning of the file, which must be as long at least. Not for a device or a
   /// pipe.
   std::error_code overwriteBeginning(std::string_view text);
+
+  /// Synchronises the file and its name to the disk, so that it survives a loss of power.
+  std::error_code sync();
+
+  /// A further descriptor of the file, which also holds its lock. The caller closes it. -1 on failure.
+  int duplicate() const;
 
   /// Replaces the target after synchronising the file, and then synchronises the folder. The target keeps its
   /// owner, group and permissions; if this process may not set these on a new file, the text is copied into

@@ -10,6 +10,13 @@ namespace quorvane {
 /// the target is cut between characters. attempt: 0, or a number that distinguishes files of one process.
 std::string partialName(const std::string& target, int attempt, std::size_t longest);
 
+/// True if a name could be that of a partial file of the target, made by any process.
+bool isPartialName(const std::string& name, const std::string& target, std::size_t longest);
+
+/// The path of a partial file with this name beside a target, whose links are followed; empty if the name is
+/// not that of one.
+std::filesystem::path partialBeside(const std::filesystem::path& target, const std::string& name);
+
 /// Locks a file that has just been created, to mark it as being written. False if a sweep took it for one
 /// that was left, before it was locked, and removes it.
 bool holdPartialFile(int file);

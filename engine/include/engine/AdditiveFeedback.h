@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cassert>
 #include <cstddef>
 #include <cstdint>
@@ -62,8 +63,13 @@ class AdditiveFeedback {
   /// it ends.
   std::int64_t taken() const { return leftBehind_ + (end_ - kLag); }
 
- private:
   static constexpr std::ptrdiff_t kLag = 31;
+  /// Everything that later values depend on: the last 31 words, the newest last.
+  using Words = std::array<std::uint32_t, kLag>;
+  Words lastWords() const;
+  void goOnFrom(const Words& words);
+
+ private:
   /// The last 31 words are those before end_. Near the end of the array they are moved to its beginning, once
   /// in some 300 draws; a ring buffer would cost every draw a few instructions.
   static constexpr std::ptrdiff_t kLength = 320;

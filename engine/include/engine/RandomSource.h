@@ -1,7 +1,9 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 
 #include "engine/AdditiveFeedback.h"
 #include "engine/PlatformRand.h"
@@ -102,9 +104,23 @@ class RandomSource {
   /// True once the platform's generator was found to equal AdditiveFeedback.
   bool drawsItself() const { return own_; }
 
- private:
   static constexpr std::uint32_t kSlots = 97;
 
+  /// Everything that later draws depend on.
+  struct State {
+    AdditiveFeedback::Words feedback = {};
+    std::array<std::uint32_t, kSlots> table = {};  ///< 0 to 2^31 - 1
+    std::uint32_t selected = 0;                    ///< the slot of the next draw, below kSlots
+  };
+
+  /// The state, after seeding a source from which nothing has been drawn yet. None if the draws come from the
+  /// platform's generator, whose state cannot be read.
+  std::optional<State> state();
+  /// Makes the next draw the one that would have come next where the state was taken, on any platform. Values
+  /// must be in their ranges.
+  void goOnFrom(const State& state);
+
+ private:
   /// The slot that a value selects, less 1.
   static constexpr std::uint32_t selectedBy(std::uint32_t valueTimesTwo) {
     return static_cast<std::uint32_t>((std::uint64_t{kSlots} * valueTimesTwo) >> 32);

@@ -193,6 +193,8 @@ class LatticeModel : public ModelState {
   /// The number of sweeps by run loops, runSweeps and sweepOnce since the model was created, including
   /// interrupted ones.
   std::int64_t sweepsDone() const { return sweepsDone_; }
+  /// For a model that goes on where another one stood.
+  void setSweepsDone(std::int64_t sweeps) { sweepsDone_ = sweeps; }
 
  protected:
   /// Called on the main thread when the picture has changed.
