@@ -80,7 +80,7 @@ void Messages::note(const std::string& line) {
   // The line may show progress.
   constexpr const char* eraseLine = "\r\033[K";
   if (&err_ == &std::cerr && ::isatty(STDERR_FILENO) == 1) err_ << eraseLine;
-  err_ << "quorvane-batch: " << line << std::endl;
+  err_ << program_ << ": " << line << std::endl;
 }
 
 void Messages::fail(const std::string& line) {

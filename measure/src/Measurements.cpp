@@ -1,5 +1,7 @@
 #include "measure/Measurements.h"
 
+#include <algorithm>
+
 #include "ByteText.h"
 #include "ObservableList.h"
 #include "measure/MeasureError.h"
@@ -52,6 +54,11 @@ std::string Measurements::csvRow(std::int64_t sweep, const Snapshot& snapshot) {
     appendText(line, value);
   }
   return line + '\n';
+}
+
+bool Measurements::remembers() const {
+  return std::any_of(observables_.begin(), observables_.end(),
+                     [](const auto& observable) { return !observable->state().empty(); });
 }
 
 std::string Measurements::state() const {

@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 
 /// Messages of the runner: lines on standard error.
 namespace quorvane {
@@ -35,7 +36,9 @@ std::string lineOf(const std::exception& error, const std::string& what);
 /// Prints failures and notes at once, a line each.
 class Messages {
  public:
-  explicit Messages(std::ostream& err) : err_(err) {}
+  /// program: the name that each line begins with.
+  explicit Messages(std::ostream& err, std::string program = "quorvane-batch")
+      : err_(err), program_(std::move(program)) {}
 
   void note(const std::string& line);
   void fail(const std::string& line);
@@ -44,6 +47,7 @@ class Messages {
 
  private:
   std::ostream& err_;
+  std::string program_;
   bool failed_ = false;
 };
 

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "batch/TerminalLine.h"
+
 namespace quorvane {
 
 /// The progress of a run, as the longest text that fits into a number of columns: sweeps done and in all, the
@@ -12,16 +14,12 @@ namespace quorvane {
 std::string progressText(std::int64_t done, std::int64_t total, std::chrono::duration<double> elapsed,
                          int columns, std::int64_t before = 0);
 
-/// Prints progress on standard error about three times a second, in one line that fits the terminal's present
-/// width. Prints nothing unless standard error is a terminal, or if that terminal shows results.
+/// Prints progress as a TerminalLine.
 class Progress {
  public:
   /// resultsOnOutput: results go to standard output. before: sweeps done already.
-  Progress(std::int64_t total, bool resultsOnOutput, std::int64_t before);
-  /// Erases the line.
-  ~Progress();
-  Progress(const Progress&) = delete;
-  Progress& operator=(const Progress&) = delete;
+  Progress(std::int64_t total, bool resultsOnOutput, std::int64_t before)
+      : total_(total), before_(before), line_(resultsOnOutput) {}
 
   void show(std::int64_t done);
 
@@ -29,10 +27,8 @@ class Progress {
   using Clock = std::chrono::steady_clock;
 
   std::int64_t total_, before_;
-  bool onTerminal_;
-  bool shown_ = false;
+  TerminalLine line_;
   Clock::time_point start_ = Clock::now();
-  Clock::time_point next_;
 };
 
 }  // namespace quorvane

@@ -32,6 +32,8 @@ class Measurements {
   /// The number of the sweep and the values, with the end of the line.
   std::string csvRow(std::int64_t sweep, const Snapshot& snapshot);
 
+  /// True if the values of a row depend on the rows before it.
+  bool remembers() const;
   /// What the observables keep between rows, as bytes that are the same on every machine.
   std::string state() const;
   /// Goes on where another object, made with the same list and sizes, gave its state. Throws MeasureError if

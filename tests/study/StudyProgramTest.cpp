@@ -1,0 +1,350 @@
+#include <sys/resource.h>
+
+#include <csignal>
+#include <random>
+
+#include "Process.h"
+#include "StudyTestSupport.h"
+#include "Waiting.h"
+#include "study/RunMaker.h"
+#include "study/StudyResults.h"
+
+namespace quorvane {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+namespace fs = std::filesystem;
+
+/// quorvane-study in a folder with the small study and its document.
+class StudyProgram : public testing::Test {
+ protected:
+  StudyProgram() {
+    put(folder_ / "ising.quorvane", isingDocument());
+    writeStudy(kSmallStudy);
+  }
+
+  void writeStudy(std::string text, const std::string& from = "", const std::string& to = "") {
+    if (!from.empty()) text.replace(text.find(from), from.size(), to);
+    put(study_, text);
+  }
+  std::vector<std::string> runWords(const std::vector<std::string>& more = {}) const {
+    std::vector<std::string> words{"run", study_, "--results", results_};
+    words.insert(words.end(), more.begin(), more.end());
+    return words;
+  }
+  static Finished study(const std::vector<std::string>& words) {
+    return quorvane::run(QUORVANE_STUDY, words);
+  }
+  Finished makeAll(const std::vector<std::string>& more = {}) const { return study(runWords(more)); }
+
+  std::string tables() const {
+    return contentOf(results_ / "runs.csv") + contentOf(results_ / "points.csv") +
+           contentOf(results_ / "series.csv");
+  }
+  /// What one worker gives in one go in a folder of its own.
+  std::string expectedTables() const {
+    const fs::path other = folder_ / "expected";
+    EXPECT_EQ(study({"run", study_, "--results", other, "-j", "1"}).status, 0);
+    std::string text;
+    for (const char* name : {"runs.csv", "points.csv", "series.csv"}) text += contentOf(other / name);
+    return text;
+  }
+  std::vector<fs::path> shards() const {
+    std::vector<fs::path> files;
+    for (const std::string& name : namesIn(results_ / "shards")) files.push_back(results_ / "shards" / name);
+    return files;
+  }
+  static std::string named(const fs::path& file) { return '"' + file.string() + '"'; }
+  /// The process is ended and has said one line.
+  static void expectLine(const Finished& finished, int status, const std::string& line) {
+    EXPECT_EQ(finished.status, status);
+    EXPECT_EQ(finished.err, "quorvane-study: " + line + '\n');
+  }
+
+  TemporaryFolder folder_;
+  fs::path study_ = folder_ / "small.toml", results_ = folder_ / "small.results";
+};
+
+TEST_F(StudyProgram, GivesTheSameTablesWithAnyNumberOfWorkers) {
+  const std::string expected = expectedTables();
+  for (const char* jobs : {"1", "2", "7"}) {
+    fs::remove_all(results_);
+    const Finished finished = makeAll({"-j", jobs});
+    EXPECT_EQ(finished.status, 0) << finished.err;
+    EXPECT_EQ(finished.err, "");
+    EXPECT_EQ(tables(), expected) << jobs;
+  }
+}
+
+TEST_F(StudyProgram, GivesTheSameTablesFromPartsInAnyOrder) {
+  const std::string expected = expectedTables();
+  for (const char* part : {"3/4", "1/4", "4/4", "2/4"}) EXPECT_EQ(makeAll({"--shard", part}).status, 0);
+  EXPECT_FALSE(fs::exists(results_ / "runs.csv")) << "a part makes no tables";
+  EXPECT_EQ(study({"table", results_}).status, 0);
+  EXPECT_EQ(tables(), expected);
+}
+
+TEST_F(StudyProgram, HasTheTablesThatItsDefinitionsGive) {
+  ASSERT_EQ(makeAll().status, 0);
+  const std::string runs = contentOf(results_ / "runs.csv");
+  EXPECT_THAT(runs,
+              StartsWith("run,replica,seed,imax,jmax,rule Unlike spins repel parameter,type Spin up field,"
+                         "energy_mean,energy_square,energy_fourth,energy_tau,order_0_1_mean,"));
+  EXPECT_EQ(std::count(runs.begin(), runs.end(), '\n'), 37);
+  EXPECT_THAT(runs, HasSubstr("\n25,2,36,8,8,0.7,0.05,"));
+  const std::string points = contentOf(results_ / "points.csv");
+  EXPECT_THAT(points,
+              StartsWith("point,imax,jmax,rule Unlike spins repel parameter,type Spin up field,replicas,"
+                         "energy_mean,energy_error,energy_specific_heat,energy_specific_heat_error,"
+                         "order_0_1_mean,order_0_1_error,order_0_1_susceptibility,"
+                         "order_0_1_susceptibility_error,order_0_1_binder,order_0_1_binder_error,"));
+  EXPECT_EQ(std::count(points.begin(), points.end(), '\n'), 13);
+  EXPECT_THAT(points, HasSubstr("\n9,12,6,0.76,0.05,3,"));
+  const std::string series = contentOf(results_ / "series.csv");
+  EXPECT_EQ(std::count(series.begin(), series.end(), '\n'), 1 + 12 * 9);
+  EXPECT_THAT(series, StartsWith("point,imax,jmax,rule Unlike spins repel parameter,type Spin up field,sweep,"
+                                 "contacts_0_0_mean,contacts_0_0_error,"));
+}
+
+TEST_F(StudyProgram, LeavesCellsEmptyThatALatticeHasNot) {
+  ASSERT_EQ(makeAll().status, 0);
+  // A lattice of 8 x 8 has correlations up to distance 4, one of 12 x 6 up to 3.
+  const std::string points = contentOf(results_ / "points.csv");
+  const auto cellsOf = [&](int row) {
+    std::istringstream lines(points);
+    std::string line;
+    for (int k = 0; k <= row; ++k) std::getline(lines, line);
+    std::vector<std::string> cells;
+    std::istringstream in(line + ',');
+    for (std::string cell; std::getline(in, cell, ',');) cells.push_back(cell);
+    return cells;
+  };
+  const auto names = cellsOf(0), large = cellsOf(1), small = cellsOf(7);
+  const auto place =
+      static_cast<std::size_t>(std::find(names.begin(), names.end(), "c_0_4_mean") - names.begin());
+  ASSERT_LT(place, names.size());
+  EXPECT_EQ(names[place - 2], "c_0_3_mean");
+  EXPECT_NE(large.at(place), "");
+  EXPECT_EQ(small.at(place), "");
+  EXPECT_NE(small.at(place - 2), "");
+  EXPECT_EQ(names.size(), small.size());
+}
+
+TEST_F(StudyProgram, GoesOnWithMoreReplicas) {
+  writeStudy(kSmallStudy, "replicas = 3", "replicas = 5");
+  const std::string expected = expectedTables();
+  writeStudy(kSmallStudy);
+  ASSERT_EQ(makeAll().status, 0);
+  const auto before = shards();
+  writeStudy(kSmallStudy, "replicas = 3", "replicas = 5");
+  ASSERT_EQ(makeAll().status, 0);
+  for (const fs::path& shard : before) EXPECT_TRUE(fs::exists(shard));
+  EXPECT_EQ(tables(), expected);
+  writeStudy(kSmallStudy, "replicas = 3", "replicas = 4");
+  expectLine(makeAll(), 1, named(results_) + ": holds results of 5 replicas, and the study has 4");
+}
+
+TEST_F(StudyProgram, KilledAtRandomMomentsGivesTheSameTables) {
+  const std::string expected = expectedTables();
+  writeStudy(kSmallStudy);
+  std::mt19937 source(3);
+  int killed = 0;
+  for (int k = 0; k < 100; ++k) {
+    Process process(QUORVANE_STUDY, runWords({"-j", "2"}));
+    if (process.waitFor(std::chrono::microseconds(source() % 12'000))) break;
+    process.kill();
+    process.wait();
+    ++killed;
+    if (k % 20 == 19) fs::remove_all(results_);
+  }
+  EXPECT_GT(killed, 20);
+  EXPECT_EQ(makeAll().status, 0);
+  EXPECT_EQ(tables(), expected);
+}
+
+/// The processes whose parent is this one.
+std::vector<pid_t> childrenOf(pid_t parent) {
+  std::istringstream in(
+      contentOf("/proc/" + std::to_string(parent) + "/task/" + std::to_string(parent) + "/children"));
+  std::vector<pid_t> children;
+  for (pid_t child = 0; in >> child;) children.push_back(child);
+  return children;
+}
+
+TEST_F(StudyProgram, AKilledWorkerCostsItsRunOnly) {
+  writeStudy(kSmallStudy, "sweeps   = 40", "sweeps   = 20000");
+  const std::string expected = expectedTables();
+  Process process(QUORVANE_STUDY, runWords({"-j", "2"}));
+  std::mt19937 source(8);
+  int killed = 0;
+  for (int k = 0; k < 8; ++k) {
+    if (process.waitFor(std::chrono::microseconds(20'000 + source() % 40'000))) break;
+    const auto workers = childrenOf(process.id());
+    if (workers.empty()) continue;
+    if (::kill(workers[source() % workers.size()], SIGKILL) == 0) ++killed;
+  }
+  const Finished finished = process.wait();
+  EXPECT_EQ(finished.status, 0) << finished.err;
+  EXPECT_GT(killed, 2);
+  EXPECT_EQ(tables(), expected);
+}
+
+TEST_F(StudyProgram, ARunThatFailsThreeTimesStandsInATable) {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+  GTEST_SKIP() << "sanitizers need more memory than the limit of this test";
+#endif
+  // The series of a run needs more memory than there is; the others of the study need little.
+  writeStudy(kSmallStudy, "sweeps   = 40", "sweeps   = 1000000000");
+  writeStudy(contentOf(study_), "every    = 5", "every    = 1");
+  writeStudy(contentOf(study_), "replicas = 3", "replicas = 1");
+  const std::string command = "ulimit -v 400000; exec " + std::string(QUORVANE_STUDY) + " run " +
+                              study_.string() + " --results " + results_.string() + " -j 1";
+  const Finished finished = quorvane::run("/bin/sh", {"-c", command});
+  expectLine(finished, 1, "12 runs failed: " + named(results_ / "failed.csv") + " has the reasons");
+  const std::string failed = contentOf(results_ / "failed.csv");
+  EXPECT_THAT(failed,
+              StartsWith("run,replica,seed,imax,jmax,rule Unlike spins repel parameter,type Spin up field,"
+                         "reason\n0,0,11,8,8,0.7,0,out of memory\n1,0,12,8,8,0.7,0.05,out of memory\n"));
+  EXPECT_EQ(std::count(failed.begin(), failed.end(), '\n'), 13);
+}
+
+TEST_F(StudyProgram, StoppedByASignalKeepsWhatIsMade) {
+  writeStudy(kSmallStudy, "sweeps   = 40", "sweeps   = 20000");
+  const std::string expected = expectedTables();
+  for (const int signal : {SIGINT, SIGTERM}) {
+    fs::remove_all(results_);
+    Process process(QUORVANE_STUDY, runWords({"-j", "2"}));
+    ASSERT_TRUE(waitUntil([&] { return fs::exists(results_ / "shards") && !shards().empty(); }));
+    process.signal(signal);
+    const Finished finished = process.wait();
+    EXPECT_EQ(finished.status, -signal);
+    EXPECT_THAT(finished.err, StartsWith("quorvane-study: stopped with "));
+    EXPECT_THAT(finished.err, HasSubstr(" of 36 runs made; the same command goes on\n"));
+    EXPECT_FALSE(fs::exists(results_ / "runs.csv"));
+    EXPECT_EQ(makeAll().status, 0);
+    EXPECT_EQ(tables(), expected);
+  }
+}
+
+TEST_F(StudyProgram, RefusesAFolderOfAnotherStudy) {
+  ASSERT_EQ(makeAll().status, 0);
+  const std::string before = tables();
+  writeStudy(kSmallStudy, "discard  = 10", "discard  = 15");
+  expectLine(makeAll(), 1,
+             named(results_) + ": holds results of another study: \"discard 10\" there, \"discard 15\" here");
+  writeStudy(kSmallStudy);
+  put(folder_ / "ising.quorvane", isingDocument() + "\n");
+  expectLine(makeAll(), 1,
+             named(results_) +
+                 ": holds results of another document: \"ising.quorvane\" was changed since, or is "
+                 "another file");
+  EXPECT_EQ(tables(), before);
+}
+
+TEST_F(StudyProgram, RefusesAFolderOfAnotherVersion) {
+  ASSERT_EQ(makeAll().status, 0);
+  std::string text = contentOf(results_ / "study.json");
+  const std::string here = "\"version\": \"" + std::string(QUORVANE_VERSION) + '"';
+  text.replace(text.find(here), here.size(), "\"version\": \"0.0.9\"");
+  put(results_ / "study.json", text);
+  const std::string line = named(results_) +
+                           ": its results were made by version 0.0.9, and this is version " +
+                           QUORVANE_VERSION + "; use another folder, or that version";
+  expectLine(makeAll(), 1, line);
+  expectLine(study({"table", results_}), 1, line);
+  put(results_ / "study.json", "[]");
+  expectLine(study({"status", results_}), 1, named(results_ / "study.json") + ": is damaged");
+}
+
+TEST_F(StudyProgram, RefusesAFolderWithOtherFiles) {
+  fs::create_directory(results_);
+  put(results_ / "thesis.tex", "x");
+  expectLine(makeAll(), 1,
+             named(results_) + ": holds other files, such as \"thesis.tex\", and no study.json");
+  expectLine(study({"status", folder_.path()}), 1,
+             named(folder_.path()) + ": is no folder of a study's results (it has no study.json)");
+}
+
+TEST_F(StudyProgram, MakesDamagedAndDeletedRecordsAgain) {
+  ASSERT_EQ(makeAll({"-j", "2"}).status, 0);
+  const std::string expected = tables();
+  const fs::path shard = shards().at(0);
+  std::string bytes = contentOf(shard);
+  bytes[bytes.size() / 2] = static_cast<char>(bytes[bytes.size() / 2] ^ 1);
+  put(shard, bytes);
+  const std::string damage = named(shard) + ": is damaged in 1 place; the runs there are made again";
+  expectLine(study({"check", results_}), 1, damage);
+  const Finished again = makeAll();
+  EXPECT_EQ(again.status, 0);
+  EXPECT_THAT(again.err, HasSubstr(damage));
+  EXPECT_EQ(tables(), expected);
+  fs::remove(shards().at(1));
+  EXPECT_EQ(makeAll().status, 0);
+  EXPECT_EQ(tables(), expected);
+}
+
+TEST_F(StudyProgram, RefusesTwoRecordsOfARunThatDiffer) {
+  ASSERT_EQ(makeAll({"-j", "1"}).status, 0);
+  const StudyFolder folder = StudyFolder::open(results_);
+  RunResult result;
+  result.moments.resize(3);
+  ShardWriter(folder.shards(), folder.identity()).append(7, bytesOf(result));
+  const Finished finished = study({"table", results_});
+  EXPECT_EQ(finished.status, 1);
+  EXPECT_THAT(finished.err, StartsWith("quorvane-study: run 7 was made twice and differs: \""));
+}
+
+TEST_F(StudyProgram, TakesTheSameRunFromTwoShards) {
+  ASSERT_EQ(makeAll({"-j", "1"}).status, 0);
+  const std::string expected = tables();
+  fs::copy_file(shards().at(0), results_ / "shards" / "copied.shard");
+  EXPECT_EQ(study({"table", results_}).status, 0);
+  EXPECT_EQ(tables(), expected);
+}
+
+TEST_F(StudyProgram, TellsAboutAFullDiskAndGoesOn) {
+  const std::string expected = expectedTables();
+  const std::string command = "trap '' XFSZ; ulimit -f 8; exec " + std::string(QUORVANE_STUDY) + " run " +
+                              study_.string() + " --results " + results_.string() + " -j 1";
+  fs::create_directories(results_);
+  // The folder is made with enough space.
+  ASSERT_EQ(makeAll({"--shard", "36/36"}).status, 0);
+  const Finished finished = quorvane::run("/bin/sh", {"-c", command});
+  EXPECT_EQ(finished.status, 1);
+  EXPECT_THAT(finished.err, testing::MatchesRegex("quorvane-study: \".*\\.shard\": File too large\n"));
+  EXPECT_EQ(makeAll().status, 0);
+  EXPECT_EQ(tables(), expected);
+}
+
+TEST_F(StudyProgram, PrintsStatusAndChecks) {
+  ASSERT_EQ(makeAll({"--shard", "1/3", "-j", "1"}).status, 0);
+  EXPECT_EQ(study({"status", results_}).out,
+            "12 of 36 runs made, 0 failed, 24 left\n12 points, 3 replicas, 1 shards\n");
+  EXPECT_EQ(study({"check", results_, "--again", "4"}).out,
+            "read the records of 12 runs, and made 4 runs again with the same result\n");
+}
+
+TEST_F(StudyProgram, PrintsTheCommandOfARun) {
+  EXPECT_EQ(study({"command", study_, "--run", "33"}).out,
+            "quorvane-batch " + (folder_ / "ising.quorvane").string() +
+                " --sweeps 40 --every 5 --seed 44 --set 'rule Unlike spins repel parameter=0.76' --set 'type "
+                "Spin up "
+                "field=0.05' --remake 12x6 --fill 'Spin up=0.75,Spin down=0.25' --observables "
+                "energy,order:0:1,correlation,kept --measure run-33.csv\n");
+  expectLine(study({"command", study_, "--run", "36"}), 1, "--run: 36 is not below 36, the number of runs");
+}
+
+TEST_F(StudyProgram, RefusesWrongUsageInOneLine) {
+  EXPECT_EQ(study({}).status, 2);
+  EXPECT_EQ(study({"fly"}).status, 2);
+  expectLine(makeAll({"-j", "0"}), 2,
+             "--jobs: \"0\" is not a whole number from 1 to 1024 (--help tells more)");
+  expectLine(makeAll({"--shard", "4/3"}), 2,
+             "--shard: \"4/3\" is not K/N with K from 1 to N, such as 3/40 (--help tells more)");
+  writeStudy(kSmallStudy, "[12, 6]", "[12, 600]");
+  expectLine(makeAll(), 1, named(study_) + ": line 10: 600 is not from 1 to 256");
+}
+
+}  // namespace
+}  // namespace quorvane
