@@ -17,8 +17,9 @@ neighbours. The lattice can be painted on while it runs, and runs are
 reproducible to the last bit.
 .
 The package also contains quorvane-batch, which makes the same runs without a
-window and writes documents, populations, pictures and the frames of films, and
-a library of example documents.")
+window and writes documents, populations, pictures and the frames of films,
+quorvane-study, which makes many runs over a grid of parameters and tabulates
+them, and a library of example documents.")
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)

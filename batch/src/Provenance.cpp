@@ -37,9 +37,8 @@ std::string asTyped(const RunStart& start, const std::string& path) {
            std::filesystem::path(path).lexically_normal();
   };
   for (const std::string& word : start.commandLine) {
-    const std::string value = word.substr(word.find('=') + 1);
     if (leadsThere(word)) return word;
-    if (leadsThere(value)) return value;
+    if (std::string value = word.substr(word.find('=') + 1); leadsThere(value)) return value;
   }
   return path;
 }
@@ -57,8 +56,10 @@ RecordedOutput outputOf(const BatchOptions& options,
 
 Provenance::Provenance(const BatchOptions& options) : Provenance(options, startNow(options)) {}
 
-Provenance::Provenance(const BatchOptions& options, RunStart before)
-    : options_(options), start_(std::move(before)), drawsBefore_(processRandomSource.drawsMade()) {}
+Provenance::Provenance(BatchOptions options, RunStart before)
+    : options_(std::move(options)),
+      start_(std::move(before)),
+      drawsBefore_(processRandomSource.drawsMade()) {}
 
 void Provenance::addDocument(std::string_view text) { start_.document.content = fingerprintOf(text); }
 

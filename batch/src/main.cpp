@@ -12,21 +12,20 @@
 namespace quorvane {
 namespace {
 
-struct CarryOut {
-  ExitStatus operator()(const BatchOptions& options) const { return runBatch(options, std::cerr); }
-  ExitStatus operator()(const Continuation& continuation) const {
-    return continueBatch(continuation, std::cerr);
-  }
-  ExitStatus operator()(const ReplayRequest& request) const { return replay(request.record, std::cerr); }
-  /// There is nothing to run.
-  ExitStatus operator()(ExitStatus status) const { return status; }
-};
+ExitStatus carryOut(const Command& command) {
+  if (const auto* options = std::get_if<BatchOptions>(&command)) return runBatch(*options, std::cerr);
+  if (const auto* continuation = std::get_if<Continuation>(&command))
+    return continueBatch(*continuation, std::cerr);
+  if (const auto* request = std::get_if<ReplayRequest>(&command)) return replay(request->record, std::cerr);
+  // Nothing is to run.
+  return *std::get_if<ExitStatus>(&command);
+}
 
 int run(int argc, char** argv) {
   fillStandardDescriptors();
   // First of all, since other threads may use the C library's generator later.
   processRandomSource.lookAtPlatform();
-  const ExitStatus status = std::visit(CarryOut{}, parseCommandLine(argc, argv));
+  const ExitStatus status = carryOut(parseCommandLine(argc, argv));
   if (status > kExitUsage) endBySignal(stopSignal());
   return status;
 }

@@ -23,7 +23,7 @@ class Provenance {
   /// A run that starts now.
   explicit Provenance(const BatchOptions& options);
   /// A run that is continued now. before: what start gave when it was left.
-  Provenance(const BatchOptions& options, RunStart before);
+  Provenance(BatchOptions options, RunStart before);
 
   /// The document as it was read.
   void addDocument(std::string_view text);
