@@ -62,11 +62,11 @@ void StudyRun::handle(const Report& report, bool stopping) {
       throw StudyError(report.reason);
     case Report::kFailed:
     case Report::kDied:
-    case Report::kStopped:
+    case Report::kDropped:
       break;
   }
   if (stopping) return;
-  const bool killed = report.what == Report::kStopped;
+  const bool killed = report.what == Report::kDropped;
   failed(killed ? Report{report.worker, report.run, Report::kDied, "its process was told to stop"} : report);
 }
 

@@ -13,7 +13,7 @@ Report Worker::work(int number, std::int64_t run, const std::function<bool()>& g
   try {
     const auto result = maker_.make(run, goOn);
     if (!result) {
-      report.what = Report::kStopped;
+      report.what = Report::kDropped;
       return report;
     }
     content = bytesOf(*result);

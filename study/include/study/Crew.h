@@ -13,14 +13,14 @@ struct Report {
     kMade,     ///< its record is in the worker's shard
     kFailed,   ///< it gave nothing, for this reason
     kDied,     ///< the worker died in it; another one has its place
-    kStopped,  ///< it was dropped, since the worker was told to stop
+    kDropped,  ///< it was given up, since the worker was told to stop
     kNotKept,  ///< it was made, but its record could not be written: the study cannot go on
   };
 
   int worker;
   std::int64_t run;
   What what;
-  std::string reason;  ///< empty for kMade and kStopped
+  std::string reason;  ///< empty for kMade and kDropped
 };
 
 /// Workers that make one run at a time each.
