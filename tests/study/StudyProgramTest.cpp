@@ -173,16 +173,19 @@ std::vector<pid_t> childrenOf(pid_t parent) {
 }
 
 TEST_F(StudyProgram, AKilledWorkerCostsItsRunOnly) {
-  writeStudy(kSmallStudy, "sweeps   = 40", "sweeps   = 20000");
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+  constexpr const char* sweeps = "sweeps   = 2000";
+#else
+  constexpr const char* sweeps = "sweeps   = 20000";
+#endif
+  writeStudy(kSmallStudy, "sweeps   = 40", sweeps);
   const std::string expected = expectedTables();
   Process process(QUORVANE_STUDY, runWords({"-j", "2"}));
   std::mt19937 source(8);
   int killed = 0;
-  for (int k = 0; k < 8; ++k) {
-    if (process.waitFor(std::chrono::microseconds(20'000 + source() % 40'000))) break;
+  while (killed < 8 && !process.waitFor(std::chrono::microseconds(20'000 + source() % 20'000))) {
     const auto workers = childrenOf(process.id());
-    if (workers.empty()) continue;
-    if (::kill(workers[source() % workers.size()], SIGKILL) == 0) ++killed;
+    if (!workers.empty() && ::kill(workers[source() % workers.size()], SIGKILL) == 0) ++killed;
   }
   const Finished finished = process.wait();
   EXPECT_EQ(finished.status, 0) << finished.err;
