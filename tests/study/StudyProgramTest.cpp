@@ -16,6 +16,13 @@ using testing::HasSubstr;
 using testing::StartsWith;
 namespace fs = std::filesystem;
 
+/// Runs that are long enough to be interrupted. Sanitizers make them ten times as long.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr const char* kLongRuns = "sweeps   = 2000";
+#else
+constexpr const char* kLongRuns = "sweeps   = 20000";
+#endif
+
 /// quorvane-study in a folder with the small study and its document.
 class StudyProgram : public testing::Test {
  protected:
@@ -173,12 +180,7 @@ std::vector<pid_t> childrenOf(pid_t parent) {
 }
 
 TEST_F(StudyProgram, AKilledWorkerCostsItsRunOnly) {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-  constexpr const char* sweeps = "sweeps   = 2000";
-#else
-  constexpr const char* sweeps = "sweeps   = 20000";
-#endif
-  writeStudy(kSmallStudy, "sweeps   = 40", sweeps);
+  writeStudy(kSmallStudy, "sweeps   = 40", kLongRuns);
   const std::string expected = expectedTables();
   Process process(QUORVANE_STUDY, runWords({"-j", "2"}));
   std::mt19937 source(8);
@@ -213,7 +215,7 @@ TEST_F(StudyProgram, ARunThatFailsThreeTimesStandsInATable) {
 }
 
 TEST_F(StudyProgram, StoppedByASignalKeepsWhatIsMade) {
-  writeStudy(kSmallStudy, "sweeps   = 40", "sweeps   = 20000");
+  writeStudy(kSmallStudy, "sweeps   = 40", kLongRuns);
   const std::string expected = expectedTables();
   for (const int signal : {SIGINT, SIGTERM}) {
     fs::remove_all(results_);
