@@ -28,7 +28,7 @@ std::unique_ptr<LatticeModel> openModel(const BatchOptions& options, std::option
   return model;
 }
 
-/// A copy would go on with the files of the original.
+/// A copy would go on with the files of the checkpoint that it was made from.
 void requireItsPlace(const CheckpointFile& file, const RunSoFar& state) {
   std::error_code error;
   if (!std::filesystem::equivalent(file.path(), *state.options.checkpoint, error))
