@@ -26,7 +26,8 @@ class ContinuedRecord : public testing::Test {
   }
   /// The command of a run, whose sweeps come behind it.
   static constexpr const char* kRun =
-      "fire.quorvane --seed 7 --set 'rule #0 parameter=0.25' --fill '#0=0.5,#1=0.5' --every 10 --output "
+      "fire.quorvane --seed 7 --remake 40x30 --set 'rule #0 parameter=0.25' --fill '#0=0.5,#1=0.5' --every "
+      "100 --output "
       "out.quorvane "
       "--populations=counts.csv --measure sub/../energy.csv --observables energy,kept --lattices all.npy "
       "--frames film --picture last.png --record run.json --checkpoint run.checkpoint --sweeps ";
@@ -47,12 +48,12 @@ TEST_F(ContinuedRecord, IsThatOfOneGo) {
   const fs::path whole = folderOf("whole"), part = folderOf("part");
   fs::create_directory(whole / "sub");
   fs::create_directory(part / "sub");
-  ASSERT_EQ(shell(whole, kRun + std::string("75")).status, 0);
-  ASSERT_EQ(shell(part, kRun + std::string("33")).status, 0);
+  ASSERT_EQ(shell(whole, kRun + std::string("750")).status, 0);
+  ASSERT_EQ(shell(part, kRun + std::string("330")).status, 0);
   const json first = recordIn(part);
-  EXPECT_EQ(first["sweeps"]["done"], 33);
+  EXPECT_EQ(first["sweeps"]["done"], 330);
   // From another folder, since the checkpoint has the paths.
-  ASSERT_EQ(shell(folder_.path(), "--continue part/run.checkpoint --sweeps 75").status, 0);
+  ASSERT_EQ(shell(folder_.path(), "--continue part/run.checkpoint --sweeps 750").status, 0);
   const json record = recordIn(part);
   EXPECT_EQ(comparable(record), comparable(recordIn(whole)));
   EXPECT_EQ(record["started"], first["started"]);
@@ -66,10 +67,10 @@ TEST_F(ContinuedRecord, AfterAKillIsThatOfOneGo) {
   const fs::path whole = folderOf("whole"), part = folderOf("part");
   fs::create_directory(whole / "sub");
   fs::create_directory(part / "sub");
-  ASSERT_EQ(shell(whole, kRun + std::string("400")).status, 0);
+  ASSERT_EQ(shell(whole, kRun + std::string("4000")).status, 0);
   {
     Process process("/bin/sh", {"-c", "cd '" + part.string() + "' && exec " QUORVANE_BATCH " " + kRun +
-                                          "400 --checkpoint-every 0.01"});
+                                          "4000 --checkpoint-every 0.01"});
     ASSERT_TRUE(waitUntil([&] { return fs::exists(part / "film/frame-000009.png"); }));
     process.kill();
     process.wait();

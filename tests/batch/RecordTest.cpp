@@ -158,7 +158,7 @@ TEST_F(RecordedRun, HasItsStartAndItsDuration) {
   const auto utcNow = [] { return run("/usr/bin/date", {"-u", "+%Y-%m-%dT%H:%M:%SZ"}).out.substr(0, 20); };
   const auto begin = std::chrono::steady_clock::now();
   const std::string before = utcNow();
-  makeRun({document_, "--sweeps", "1000", "--output", output_, "--record", record_});
+  makeRun({document_, "--remake", "16x16", "--sweeps", "1000", "--output", output_, "--record", record_});
   const std::string after = utcNow();
   const double longest = std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
   EXPECT_LE(before, recorded()["started"]);
