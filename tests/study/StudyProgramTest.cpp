@@ -16,8 +16,8 @@ using testing::HasSubstr;
 using testing::StartsWith;
 namespace fs = std::filesystem;
 
-/// Runs that are long enough to be interrupted. Sanitizers make them ten times as long.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+/// Runs that are long enough to be interrupted. They take ten times as long with a sanitizer or unoptimized.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || !defined(__OPTIMIZE__)
 constexpr const char* kLongRuns = "sweeps   = 2000";
 #else
 constexpr const char* kLongRuns = "sweeps   = 20000";
