@@ -9,6 +9,7 @@
 #include "batch/TerminalLine.h"
 #include "process/StopSignals.h"
 #include "study/RunCommand.h"
+#include "study/SlurmScript.h"
 #include "study/StudyError.h"
 #include "study/StudyFile.h"
 #include "study/StudyResults.h"
@@ -151,6 +152,15 @@ int checkResults(const std::filesystem::path& path, std::int64_t numRunsAgain, M
                         " again with the same result\n");
     if (stopSignal() != 0) return kSignalStatus + stopSignal();
     return static_cast<int>(messages.failed() ? kStudyFailed : kStudyDone);
+  });
+}
+
+int printSlurmScript(const std::filesystem::path& study, const std::filesystem::path& results,
+                     std::int64_t tasks, Messages& messages) {
+  return guarded(messages, [&] {
+    readStudy(study);
+    writeStandardOutput(slurmScript(study, results, tasks));
+    return static_cast<int>(kStudyDone);
   });
 }
 

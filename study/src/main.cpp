@@ -10,9 +10,7 @@
 #include "engine/f_ran0.h"
 #include "process/StopSignals.h"
 #include "study/ForkedCrew.h"
-#include "study/SlurmScript.h"
 #include "study/StudyActions.h"
-#include "study/StudyFile.h"
 
 namespace quorvane {
 namespace {
@@ -129,7 +127,7 @@ class Commands {
     if (status_->parsed()) return printStatus(words_.results, messages);
     if (table_->parsed()) return makeTables(words_.results, messages);
     if (check_->parsed()) return checkResults(words_.results, words_.again, messages);
-    return printSlurm(messages);
+    return printSlurmScript(words_.study, resultsOf(words_), words_.tasks, messages);
   }
 
  private:
@@ -142,17 +140,6 @@ class Commands {
       return std::make_unique<ForkedCrew>(static_cast<int>(jobs), folder, maker);
     };
     return runStudy(options, crewFor, messages);
-  }
-
-  int printSlurm(Messages& messages) const {
-    try {
-      readStudy(words_.study);
-      writeStandardOutput(slurmScript(words_.study, resultsOf(words_), words_.tasks));
-      return kStudyDone;
-    } catch (const std::exception& error) {
-      messages.fail(lineOf(error, nameOf(words_.study)));
-      return kStudyFailed;
-    }
   }
 
   StudyWords& words_;

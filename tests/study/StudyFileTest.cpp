@@ -13,6 +13,16 @@ std::string changed(const std::string& from, const std::string& to) {
   return text.replace(place, from.size(), to);
 }
 
+/// The axes of the small study.
+constexpr const char* kAxes = R"([[vary]]
+rule = "Unlike spins repel"
+parameter = { from = 0.70, to = 0.82, steps = 3 }
+
+[[vary]]
+type  = "Spin up"
+field = [0.0, 0.05]
+)";
+
 std::string refusal(const std::string& text) {
   return studyErrorOf([&] { studyIn(text, "small.toml"); });
 }
@@ -77,6 +87,30 @@ TEST(StudyFile, IsRefusedWithTheLine) {
             "\"small.toml\": line 15: [parameter]: there is no \"steps\"");
   EXPECT_EQ(refusal(changed("field = [0.0, 0.05]", "field = [0.0, 0.0]")),
             "\"small.toml\": line 1: [[vary]]: \"Spin up\" has the value 0 twice");
+}
+
+TEST(StudyFile, AValueOfAnotherKindIsNamedForWhatItIs) {
+  for (const auto& [value, kind] : {std::pair("{ a = 1 }", "a table"),
+                                    {"[1]", "a list"},
+                                    {"\"x\"", "a text"},
+                                    {"0.5", "a number"},
+                                    {"true", "true or false"},
+                                    {"2026-05-01", "a time"},
+                                    {"07:30:00", "a time"},
+                                    {"2026-05-01T07:30:00Z", "a time"}})
+    EXPECT_EQ(refusal(changed("= 40", std::string("= ") + value)),
+              std::string("\"small.toml\": line 2: a whole number is needed, not ") + kind);
+  EXPECT_EQ(refusal(changed("[8, [12, 6]]", "8")),
+            "\"small.toml\": line 10: sides: a list in [ ] is needed, not a whole number");
+  EXPECT_EQ(refusal(changed("[\"contacts\"]", "[7]")),
+            "\"small.toml\": line 22: a text in quotation marks is needed, not a whole number");
+  EXPECT_EQ(refusal(changed("0.75", "\"most\"")), "\"small.toml\": line 11: a number is needed, not a text");
+  EXPECT_EQ(refusal("vary = 5\n" + changed(kAxes, "")),
+            "\"small.toml\": line 1: [[vary]] is needed, not a whole number");
+  EXPECT_EQ(refusal("vary = [5]\n" + changed(kAxes, "")),
+            "\"small.toml\": line 1: [[vary]]: a table is needed, not a whole number");
+  EXPECT_EQ(refusal("series = 1\n" + changed("[series]\nobservables = [\"contacts\"]\n", "")),
+            "\"small.toml\": line 1: [series]: a table is needed, not a whole number");
 }
 
 TEST(StudyFile, IsRefusedIfValuesDoNotFitTogether) {

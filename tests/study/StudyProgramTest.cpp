@@ -300,6 +300,27 @@ TEST_F(StudyProgram, RefusesTwoRecordsOfARunThatDiffer) {
   EXPECT_THAT(finished.err, StartsWith("quorvane-study: run 7 was made twice and differs: \""));
 }
 
+TEST_F(StudyProgram, CheckFindsARunThatGivesAnotherResultNow) {
+  ASSERT_EQ(makeAll({"--shard", "1/36"}).status, 0);
+  const StudyFolder folder = StudyFolder::open(results_);
+  RunResult result;
+  result.moments.resize(RunMaker(folder.study(), folder.documentText()).shapeOf(7).columns.size());
+  ShardWriter(folder.shards(), folder.identity()).append(7, bytesOf(result));
+  const Finished finished = study({"check", results_, "--again", "2"});
+  EXPECT_EQ(finished.status, 1);
+  EXPECT_THAT(finished.err, StartsWith("quorvane-study: run 7 made again differs from its record in \"" +
+                                       results_.string()));
+}
+
+TEST_F(StudyProgram, RefusesARecordWithOtherColumns) {
+  ASSERT_EQ(makeAll({"--shard", "1/36"}).status, 0);
+  const StudyFolder folder = StudyFolder::open(results_);
+  RunResult result;
+  result.moments.resize(2);
+  ShardWriter(folder.shards(), folder.identity()).append(7, bytesOf(result));
+  EXPECT_THAT(study({"table", results_}).err, HasSubstr(": run 7 has other columns\n"));
+}
+
 TEST_F(StudyProgram, TakesTheSameRunFromTwoShards) {
   ASSERT_EQ(makeAll({"-j", "1"}).status, 0);
   const std::string expected = tables();
@@ -340,6 +361,20 @@ TEST_F(StudyProgram, PrintsTheCommandOfARun) {
   expectLine(study({"command", study_, "--run", "36"}), 1, "--run: 36 is not below 36, the number of runs");
 }
 
+TEST_F(StudyProgram, PrintsAScriptForSlurm) {
+  const Finished finished = study({"slurm", study_, "--results", "there", "--tasks", "5"});
+  EXPECT_EQ(finished.status, 0);
+  EXPECT_THAT(finished.out, HasSubstr("--shard \"$SLURM_ARRAY_TASK_ID/5\""));
+  EXPECT_THAT(finished.out, HasSubstr("quorvane-study table there\n"));
+}
+
+TEST_F(StudyProgram, FailsIfItsHelpCannotBeWritten) {
+  for (const char* option : {"--help", "--version"})
+    EXPECT_EQ(
+        quorvane::run("/bin/sh", {"-c", std::string(QUORVANE_STUDY) + " " + option + " >/dev/full"}).status,
+        1);
+}
+
 TEST_F(StudyProgram, RefusesWrongUsageInOneLine) {
   EXPECT_EQ(study({}).status, 2);
   EXPECT_EQ(study({"fly"}).status, 2);
@@ -347,7 +382,17 @@ TEST_F(StudyProgram, RefusesWrongUsageInOneLine) {
              "--jobs: \"0\" is not a whole number from 1 to 1024 (--help tells more)");
   expectLine(makeAll({"--shard", "4/3"}), 2,
              "--shard: \"4/3\" is not K/N with K from 1 to N, such as 3/40 (--help tells more)");
+  for (const char* word : {"", "/", "3", "3/", "/4", "0/4", "3/4/5", "3/x", "x/4", "-1/4"})
+    expectLine(makeAll({"--shard", word}), 2,
+               "--shard: \"" + std::string(word) +
+                   "\" is not K/N with K from 1 to N, such as 3/40 (--help tells more)");
+  for (const char* word : {"", "x", "5x", "2147483648", "99999999999999999999"})
+    expectLine(study({"check", results_, "--again", word}), 2,
+               "--again: \"" + std::string(word) +
+                   "\" is not a whole number from 0 to 2147483647 (--help tells more)");
   writeStudy(kSmallStudy, "[12, 6]", "[12, 600]");
+  expectLine(study({"slurm", study_, "--tasks", "2"}), 1,
+             named(study_) + ": line 10: 600 is not from 1 to 256");
   expectLine(makeAll(), 1, named(study_) + ": line 10: 600 is not from 1 to 256");
 }
 

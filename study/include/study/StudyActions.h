@@ -35,6 +35,8 @@ int makeTables(const std::filesystem::path& results, Messages& messages);
 int printStatus(const std::filesystem::path& results, Messages& messages);
 /// Reads every record and makes some runs again, evenly over those made, to compare.
 int checkResults(const std::filesystem::path& results, std::int64_t numRunsAgain, Messages& messages);
+int printSlurmScript(const std::filesystem::path& study, const std::filesystem::path& results,
+                     std::int64_t tasks, Messages& messages);
 int printCommand(const std::filesystem::path& study, std::int64_t run, Messages& messages);
 
 }  // namespace quorvane
