@@ -25,8 +25,8 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# Qt's support for Wayland is a separate package, and ffmpeg makes films from frames.
+# Qt's support for Wayland is a separate package, ffmpeg makes films from frames, and gnuplot figures of studies.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland, shared-mime-info")
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS ffmpeg)
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "ffmpeg, gnuplot-nox")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION TRUE)
 include(CPack)

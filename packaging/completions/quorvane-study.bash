@@ -14,7 +14,7 @@ _quorvane_study() {
   local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command=${COMP_WORDS[1]}
   COMPREPLY=()
   if [ "$COMP_CWORD" = 1 ]; then
-    mapfile -t COMPREPLY < <(compgen -W 'run command status table check slurm -h --help --version' -- "$word")
+    mapfile -t COMPREPLY < <(compgen -W 'run command status table report check slurm -h --help --version' -- "$word")
     return
   fi
   case $before in
@@ -28,7 +28,7 @@ _quorvane_study() {
   mapfile -t COMPREPLY < <(
     compgen -d -- "$word"
     case $before:$command in
-      --results:* | *:status | *:table | *:check) ;;
+      --results:* | *:status | *:table | *:report | *:check) ;;
       *) compgen -f -X '!*.toml' -- "$word" ;;
     esac
   )

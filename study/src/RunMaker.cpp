@@ -103,6 +103,8 @@ const RunMaker::Shape& RunMaker::shapeOf(std::int64_t point) const {
   return shapes_[study_.sides.empty() ? 0 : placesOf(study_, point)[0]];
 }
 
+std::vector<std::string> RunMaker::typeNames() const { return snapshotOf(*opened_).names; }
+
 RunMaker::Shape RunMaker::shapeNow() const {
   const Snapshot now = snapshotOf(*model_);
   return {.columns = Measured(study_.observables, now).columns(),

@@ -31,13 +31,6 @@ void noteFailed(const StudyResults& results, const StudyFolder& folder, Messages
     messages.fail(runsText(failed) + " failed: " + nameOf(folder.path() / kFailedTable) + " has the reasons");
 }
 
-void tabulate(const StudyFolder& folder, const RunMaker& maker, Messages& messages) {
-  StudyResults results(folder);
-  noteDamages(results, messages);
-  writeTables(folder, maker, results);
-  noteFailed(results, folder, messages);
-}
-
 /// Gives what is left to the crew until nothing is, or a signal comes.
 StudyProgress makeRuns(const StudyFolder& folder, RunMaker& maker, ShardPart part, const CrewMaker& crewFor,
                        Messages& messages) {
@@ -78,9 +71,9 @@ std::int64_t makeAgain(RunMaker& maker, StudyResults& results, std::int64_t want
   return count;
 }
 
-/// Work whose failure is one line.
-template <typename Work>
-int guarded(Messages& messages, const Work& work) {
+}  // namespace
+
+int guarded(Messages& messages, const std::function<int()>& work) {
   try {
     return work();
   } catch (const StudyError& error) {
@@ -91,7 +84,12 @@ int guarded(Messages& messages, const Work& work) {
   return kStudyFailed;
 }
 
-}  // namespace
+void tabulate(const StudyFolder& folder, const RunMaker& maker, Messages& messages) {
+  StudyResults results(folder);
+  noteDamages(results, messages);
+  writeTables(folder, maker, results);
+  noteFailed(results, folder, messages);
+}
 
 int runStudy(const RunOptions& options, const CrewMaker& crewFor, Messages& messages) {
   return guarded(messages, [&] {

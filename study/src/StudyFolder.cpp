@@ -16,9 +16,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kStudyName = "study.toml";
-constexpr const char* kDocumentName = "document.quorvane";
-constexpr const char* kDescriptionName = "study.json";
 constexpr const char* kShardsName = "shards";
 constexpr int kFormat = 1;
 

@@ -9,6 +9,7 @@
 #include "document/ModelDocument.h"
 #include "engine/f_ran0.h"
 #include "process/StopSignals.h"
+#include "report/Report.h"
 #include "study/ForkedCrew.h"
 #include "study/StudyActions.h"
 
@@ -106,6 +107,8 @@ class Commands {
     addFolder(*status_, words);
     table_ = app.add_subcommand("table", "Makes the tables from the runs that are made");
     addFolder(*table_, words);
+    report_ = app.add_subcommand("report", "Makes the tables, and a page with figures of them");
+    addFolder(*report_, words);
     check_ = app.add_subcommand("check", "Reads every record and makes some runs again to compare");
     addFolder(*check_, words);
     check_->add_option("--again", words.again, "Runs to make again (default 3)")
@@ -126,6 +129,7 @@ class Commands {
     if (command_->parsed()) return printCommand(words_.study, words_.run, messages);
     if (status_->parsed()) return printStatus(words_.results, messages);
     if (table_->parsed()) return makeTables(words_.results, messages);
+    if (report_->parsed()) return makeReport(words_.results, messages);
     if (check_->parsed()) return checkResults(words_.results, words_.again, messages);
     return printSlurmScript(words_.study, resultsOf(words_), words_.tasks, messages);
   }
@@ -143,7 +147,7 @@ class Commands {
   }
 
   StudyWords& words_;
-  CLI::App *run_, *command_, *status_, *table_, *check_, *slurm_;
+  CLI::App *run_, *command_, *status_, *table_, *report_, *check_, *slurm_;
 };
 
 int studyMain(int argc, char** argv) {

@@ -33,6 +33,9 @@ class RunMaker {
   };
   const Shape& shapeOf(std::int64_t point) const;
 
+  /// The names of the document's pixel types.
+  std::vector<std::string> typeNames() const;
+
  private:
   void start(std::int64_t run);
   Shape shapeNow() const;

@@ -30,6 +30,12 @@ struct RunOptions {
   std::optional<ShardPart> part;  ///< with a part no tables are made
 };
 
+/// Work whose failure is one line. Gives its status, or kStudyFailed.
+int guarded(Messages& messages, const std::function<int()>& work);
+
+/// Makes the tables; notes damage and failed runs.
+void tabulate(const StudyFolder& folder, const RunMaker& maker, Messages& messages);
+
 int runStudy(const RunOptions& options, const CrewMaker& crewFor, Messages& messages);
 int makeTables(const std::filesystem::path& results, Messages& messages);
 int printStatus(const std::filesystem::path& results, Messages& messages);

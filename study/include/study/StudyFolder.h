@@ -9,6 +9,11 @@
 
 namespace quorvane {
 
+/// Names in the folder of results.
+inline constexpr const char* kStudyName = "study.toml";
+inline constexpr const char* kDocumentName = "document.quorvane";
+inline constexpr const char* kDescriptionName = "study.json";
+
 /// A study with the text of its document, and the folder of its results.
 ///
 /// The folder holds study.toml and the document, both as they were at the start, study.json, which says what
