@@ -1,4 +1,10 @@
+# Two packages, each from the component of its name: MPI brings many libraries, which few users have.
 set(CPACK_GENERATOR DEB)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_COMPONENTS_ALL quorvane)
+if(TARGET quorvane-study-mpi)
+  list(APPEND CPACK_COMPONENTS_ALL quorvane-mpi)
+endif()
 set(CPACK_PACKAGE_NAME quorvane)
 # The project has no address that can be reached.
 set(CPACK_PACKAGE_CONTACT "The Quorvane authors")
@@ -6,10 +12,19 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
   OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CPACK_DEBIAN_PACKAGE_SECTION science)
+set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION TRUE)
 
-set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "experiment with stochastic lattice models")
-set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
-"Quorvane is a desktop laboratory for stochastic lattice models of statistical
+# The first line of each description is its summary; one for both would be put before it.
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
+set(CPACK_DEBIAN_QUORVANE_PACKAGE_NAME quorvane)
+set(CPACK_DEBIAN_QUORVANE_DESCRIPTION
+"experiment with stochastic lattice models
+Quorvane is a desktop laboratory for stochastic lattice models of statistical
 physics, chemistry and ecology. A periodic lattice of up to 256 by 256 sites
 holds up to ten pixel types, and up to fifty rules change it: irreversible and
 reversible flips, swaps with a neighbour, pair energies, and facilitation by
@@ -20,13 +35,17 @@ The package also contains quorvane-batch, which makes the same runs without a
 window and writes documents, populations, pictures and the frames of films,
 quorvane-study, which makes many runs over a grid of parameters and tabulates
 them, and a library of example documents.")
-set(CPACK_DEBIAN_PACKAGE_SECTION science)
-set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
-set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
-set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # Qt's support for Wayland is a separate package, ffmpeg makes films from frames, and gnuplot figures of studies.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "qt6-wayland, shared-mime-info")
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS "ffmpeg, gnuplot-nox")
-set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION TRUE)
+set(CPACK_DEBIAN_QUORVANE_PACKAGE_RECOMMENDS "qt6-wayland, shared-mime-info")
+set(CPACK_DEBIAN_QUORVANE_PACKAGE_SUGGESTS "ffmpeg, gnuplot-nox, quorvane-mpi")
+
+set(CPACK_DEBIAN_QUORVANE-MPI_PACKAGE_NAME quorvane-mpi)
+set(CPACK_DEBIAN_QUORVANE-MPI_DESCRIPTION
+"studies of stochastic lattice models over MPI
+quorvane-study-mpi makes the runs of a study, a grid of parameters with many
+runs of each point, with the ranks of an MPI job on one or many machines. The
+results are those of quorvane-study, which tabulates them.")
+# The same version, since both write the same files.
+set(CPACK_DEBIAN_QUORVANE-MPI_PACKAGE_DEPENDS "quorvane (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
+set(CPACK_DEBIAN_QUORVANE-MPI_PACKAGE_RECOMMENDS mpi-default-bin)
 include(CPack)
