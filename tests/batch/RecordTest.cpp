@@ -90,8 +90,8 @@ TEST_F(RecordedRun, HasTheHashesThatAnotherProgramGives) {
 
 TEST_F(RecordedRun, HasTheHashOfWhatWentToStandardOutput) {
   for (const char* option : {"--output", "--populations", "--picture"}) {
-    const Finished finished =
-        runBatchProgram({document_, "--sweeps", "300", option, "-", "--record", record_});
+    const Finished finished = runBatchProgram(
+        {document_, "--remake", "32x24", "--sweeps", "300", option, "-", "--record", record_});
     ASSERT_EQ(finished.status, 0) << finished.err;
     const json output = recorded()["outputs"][0];
     EXPECT_EQ(output["path"], "-");
@@ -102,9 +102,9 @@ TEST_F(RecordedRun, HasTheHashOfWhatWentToStandardOutput) {
 
 TEST_F(RecordedRun, HasTheHashOfWhatWentToADevice) {
   for (const char* option : {"--output", "--populations", "--picture"}) {
-    makeRun({document_, "--sweeps", "30", option, output_, "--record", record_});
+    makeRun({document_, "--remake", "32x24", "--sweeps", "30", option, output_, "--record", record_});
     const json toFile = recorded()["outputs"][0];
-    makeRun({document_, "--sweeps", "30", option, "/dev/null", "--record", record_});
+    makeRun({document_, "--remake", "32x24", "--sweeps", "30", option, "/dev/null", "--record", record_});
     const json toDevice = recorded()["outputs"][0];
     EXPECT_EQ(toDevice["path"], "/dev/null");
     EXPECT_EQ(toDevice["sha256"], toFile["sha256"]) << option;

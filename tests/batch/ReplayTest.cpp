@@ -87,7 +87,7 @@ TEST_F(RecordedRun, HasEveryResultAndReplaysIt) {
 
 TEST_F(Replay, OfResultsOnStandardOutputIsTheSame) {
   for (const char* option : {"--output", "--populations", "--picture"}) {
-    makeRun({document_, "--sweeps", "30", option, "-", "--record", record_});
+    makeRun({document_, "--remake", "32x24", "--sweeps", "30", option, "-", "--record", record_});
     const Finished finished = replayed();
     EXPECT_EQ(finished.status, 0) << finished.err;
     EXPECT_THAT(finished.out, StartsWith("same: " + std::string(option) + " standard output: recorded "));
