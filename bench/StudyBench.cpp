@@ -1,5 +1,6 @@
 // Cost of studies: runs, workers, memory and tables. Prints tables of figures; takes some minutes.
 
+#include <fcntl.h>
 #include <spawn.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -44,10 +45,14 @@ Cost costOf(std::vector<std::string> words) {
   std::vector<char*> argv;
   for (std::string& word : words) argv.push_back(word.data());
   argv.push_back(nullptr);
+  posix_spawn_file_actions_t actions{};
+  ::posix_spawn_file_actions_init(&actions);
+  ::posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
   pid_t child = 0;
   const auto start = Clock::now();
-  if (::posix_spawn(&child, QUORVANE_STUDY, nullptr, nullptr, argv.data(), environ) != 0)
-    throw std::runtime_error("quorvane-study cannot be started");
+  const int error = ::posix_spawn(&child, QUORVANE_STUDY, &actions, nullptr, argv.data(), environ);
+  ::posix_spawn_file_actions_destroy(&actions);
+  if (error != 0) throw std::runtime_error("quorvane-study cannot be started");
   int status = 0;
   rusage usage{};
   ::wait4(child, &status, 0, &usage);
@@ -110,7 +115,8 @@ void benchWorkers(const fs::path& folder) {
     one = std::min(one, study.makeAnew(1).seconds);
     two = std::min(two, study.makeAnew(2).seconds);
   }
-  std::printf("60 runs of %.2f s each: two workers make %.2f times the runs a second of one\n", one / 60, one / two);
+  std::printf("60 runs of %.2f s each: two workers make %.2f times the runs a second of one\n", one / 60,
+              one / two);
 }
 
 void benchMemory(const fs::path& folder) {
@@ -120,7 +126,8 @@ void benchMemory(const fs::path& folder) {
                                    "\nobservables = [\"energy\"]\n[lattice]\nsides = [16]\n");
     fs::remove_all(study.results());
     // A part makes no tables, and the part of one is everything.
-    const Cost cost = costOf({"run", study.file(), "--results", study.results(), "-j", "2", "--shard", "1/1"});
+    const Cost cost =
+        costOf({"run", study.file(), "--results", study.results(), "-j", "2", "--shard", "1/1"});
     std::printf("%d runs of one sweep: %.1f s, largest process %.1f MB\n", replicas, cost.seconds,
                 cost.megabytes);
   }
@@ -130,12 +137,13 @@ void benchMemory(const fs::path& folder) {
 void benchTables(const fs::path& folder) {
   constexpr std::int64_t kPoints = 1000, kReplicas = 1000;
   constexpr std::size_t kColumns = 10, kWorkers = 8;
-  const StudyInAFolder study(folder, "tables",
-                             "sweeps = 100\nreplicas = " + std::to_string(kReplicas) +
-                                 "\nobservables = [\"energy\", \"order:0:1\", \"clusters\"]\n[lattice]\n"
-                                 "sides = [16]\n[[vary]]\nrule = \"Unlike spins repel\"\nparameter = { from = 0, "
-                                 "to = 0.999, steps = " +
-                                 std::to_string(kPoints) + " }\n");
+  const StudyInAFolder study(
+      folder, "tables",
+      "sweeps = 100\nreplicas = " + std::to_string(kReplicas) +
+          "\nobservables = [\"energy\", \"order:0:1\", \"clusters\"]\n[lattice]\n"
+          "sides = [16]\n[[vary]]\nrule = \"Unlike spins repel\"\nparameter = { from = 0, "
+          "to = 0.999, steps = " +
+          std::to_string(kPoints) + " }\n");
   const StudyFolder results = StudyFolder::forStudy(study.file(), study.results());
   std::mt19937 source(7);
   std::normal_distribution<double> normal;
@@ -156,6 +164,8 @@ void benchTables(const fs::path& folder) {
   std::uintmax_t bytes = 0;
   for (const fs::path& shard : results.shardFiles()) bytes += fs::file_size(shard);
   std::printf(", %.0f MB\n", static_cast<double>(bytes) / 1e6);
+  const Cost reading = costOf({"status", study.results()});
+  std::printf("a start that reads them: %.2f s, %.0f MB of memory\n", reading.seconds, reading.megabytes);
   const Cost cost = costOf({"table", study.results()});
   std::printf("their tables: %.1f s, %.0f MB of memory, runs.csv of %.0f MB\n", cost.seconds, cost.megabytes,
               static_cast<double>(fs::file_size(study.results() / "runs.csv")) / 1e6);
