@@ -22,8 +22,6 @@
 #include "study/StudyFile.h"
 #include "study/StudyFolder.h"
 
-extern char** environ;
-
 namespace quorvane {
 namespace {
 
@@ -43,6 +41,7 @@ struct Cost {
 Cost costOf(std::vector<std::string> words) {
   words.insert(words.begin(), QUORVANE_STUDY);
   std::vector<char*> argv;
+  argv.reserve(words.size() + 1);
   for (std::string& word : words) argv.push_back(word.data());
   argv.push_back(nullptr);
   posix_spawn_file_actions_t actions{};

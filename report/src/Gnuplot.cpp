@@ -95,7 +95,7 @@ void addAxes(std::string& script, const Figure& figure) {
     addLinearAxes(script, figure);
   // The title of the key stands apart from the label of the axis.
   if (figure.curves.size() > 1)
-    addLine(script, std::string("set key title \"\\n\".").append(gnuplotText(figure.keyTitle)));
+    addLine(script, std::string(R"(set key title "\n".)").append(gnuplotText(figure.keyTitle)));
   else
     addLine(script, "set key title");
 }

@@ -67,6 +67,7 @@ std::size_t Grid::place(std::int64_t point, std::size_t axis) const { return pla
 
 bool Grid::isShown(std::int64_t point, const std::vector<std::size_t>& axes, std::size_t most) const {
   std::vector<std::size_t> counts;
+  counts.reserve(axes.size());
   for (const std::size_t axis : axes) counts.push_back(axes_[axis].values.size());
   const auto product = [&] {
     return std::accumulate(counts.begin(), counts.end(), 1.0, std::multiplies<>());
@@ -81,12 +82,14 @@ bool Grid::isShown(std::int64_t point, const std::vector<std::size_t>& axes, std
 
 std::string Grid::valuesOf(std::int64_t point, const std::vector<std::size_t>& axes) const {
   std::vector<std::string> words;
+  words.reserve(axes.size());
   for (const std::size_t axis : axes) words.push_back(axes_[axis].values[place(point, axis)]);
   return joined(words);
 }
 
 std::string Grid::labelsOf(const std::vector<std::size_t>& axes) const {
   std::vector<std::string> words;
+  words.reserve(axes.size());
   for (const std::size_t axis : axes) words.push_back(axes_[axis].label);
   return joined(words);
 }

@@ -52,6 +52,7 @@ class PageWriter {
 std::vector<std::pair<std::string, std::string>> escaped(
     const std::vector<std::pair<std::string, std::string>>& rows) {
   std::vector<std::pair<std::string, std::string>> markup;
+  markup.reserve(rows.size());
   for (const auto& [term, what] : rows) markup.emplace_back(htmlText(term), htmlText(what));
   return markup;
 }

@@ -11,8 +11,6 @@
 #include <memory>
 #include <system_error>
 
-extern char** environ;
-
 namespace quorvane {
 namespace {
 
@@ -81,6 +79,7 @@ ProgramResult runProgram(const std::string& name, const std::vector<std::string>
   std::vector<std::string> words = {name};
   words.insert(words.end(), arguments.begin(), arguments.end());
   std::vector<char*> argv;
+  argv.reserve(words.size() + 1);
   for (std::string& word : words) argv.push_back(word.data());
   argv.push_back(nullptr);
   pid_t child = 0;

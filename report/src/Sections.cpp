@@ -11,6 +11,8 @@
 namespace quorvane {
 namespace {
 
+using Rows = std::vector<const std::vector<std::string>*>;
+
 /// A column of values with the one of errors behind it.
 struct Pair {
   std::size_t value;
@@ -91,8 +93,8 @@ Table tableOf(const Table& table, std::size_t numSettings, const Columns& column
 }
 
 /// A function over its argument, a curve for each row.
-Figure profileFigure(const Grid& grid, const Columns& columns, const Quantity& quantity,
-                     const std::vector<const std::vector<std::string>*>& rows, const std::string& caption) {
+Figure profileFigure(const Grid& grid, const Columns& columns, const Quantity& quantity, const Rows& rows,
+                     const std::string& caption) {
   const Quantity argument = profileArgument(columns.function);
   Figure figure{.caption = caption,
                 .xLabel = argument.label(),
@@ -151,13 +153,11 @@ Quantity quantityIn(const Table& table, const Columns& columns, const std::vecto
                                   : profileQuantity(columns.function, types);
 }
 
-/// The rows of a table, a list for each point.
-std::vector<std::vector<const std::vector<std::string>*>> rowsByPoint(const Table& table) {
-  std::map<std::int64_t, std::vector<const std::vector<std::string>*>> lists;
+/// The rows of a table by their points.
+std::map<std::int64_t, Rows> rowsByPoint(const Table& table) {
+  std::map<std::int64_t, Rows> lists;
   for (const auto& row : table.rows) lists[pointOf(row)].push_back(&row);
-  std::vector<std::vector<const std::vector<std::string>*>> all;
-  for (auto& [point, rows] : lists) all.push_back(std::move(rows));
-  return all;
+  return lists;
 }
 
 Figure timeFigure(const Grid& grid, const Table& series, std::size_t sweep, Pair pair,
@@ -169,9 +169,9 @@ Figure timeFigure(const Grid& grid, const Table& series, std::size_t sweep, Pair
                 .ticks = {},
                 .bands = true,
                 .curves = {}};
-  for (const auto& rows : rowsByPoint(series)) {
-    if (!grid.isShown(pointOf(*rows.front()), grid.varied(), kMostCurves)) continue;
-    Curve curve{.name = grid.valuesOf(pointOf(*rows.front()), grid.varied()), .points = {}};
+  for (const auto& [point, rows] : rowsByPoint(series)) {
+    if (!grid.isShown(point, grid.varied(), kMostCurves)) continue;
+    Curve curve{.name = grid.valuesOf(point, grid.varied()), .points = {}};
     for (const auto* row : rows) addPoint(curve, numberIn((*row)[sweep]), *row, pair);
     figure.curves.push_back(std::move(curve));
   }
@@ -208,7 +208,7 @@ void addBoth(Section& section, const Figure& figure) {
 std::vector<Section> pointSections(const Grid& grid, const Table& points,
                                    const std::vector<std::string>& types) {
   const std::size_t first = points.column("replicas") + 1;
-  std::vector<const std::vector<std::string>*> rows;
+  Rows rows;
   for (const auto& row : points.rows) rows.push_back(&row);
   std::vector<Section> sections;
   for (const Columns& columns : sectionsFrom(points, first)) {
@@ -233,8 +233,8 @@ std::vector<Section> pointSections(const Grid& grid, const Table& points,
 std::vector<Section> seriesSections(const Grid& grid, const Table& series,
                                     const std::vector<std::string>& types) {
   const std::size_t sweep = series.column("sweep");
-  std::vector<const std::vector<std::string>*> last;
-  for (const auto& rows : rowsByPoint(series)) last.push_back(rows.back());
+  Rows last;
+  for (const auto& [point, rows] : rowsByPoint(series)) last.push_back(rows.back());
   std::vector<Section> sections;
   for (const Columns& columns : sectionsFrom(series, sweep + 1)) {
     const Quantity quantity = quantityIn(series, columns, types);

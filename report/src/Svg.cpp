@@ -55,9 +55,9 @@ std::string svgForPage(std::string svg, const std::string& title, std::size_t nu
   useColoursOfThePage(svg);
   const std::string prefix = "figure-" + std::to_string(number) + "-";
   replaceAll(svg, " id='", " id='" + prefix);
-  replaceAll(svg, " id=\"", " id=\"" + prefix);
+  replaceAll(svg, R"( id=")", R"( id=")" + prefix);
   replaceAll(svg, "href='#", "href='#" + prefix);
-  const std::string name = " role=\"img\" aria-label=\"" + htmlText(title) + '"';
+  const std::string name = R"( role="img" aria-label=")" + htmlText(title) + '"';
   svg.insert(std::string("<svg").size(), name);
   return svg;
 }

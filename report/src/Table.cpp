@@ -5,6 +5,7 @@
 
 #include "batch/Messages.h"
 #include "document/RealFromChars.h"
+#include "study/CsvText.h"
 #include "study/StudyError.h"
 #include "study/StudyFile.h"
 
@@ -56,23 +57,10 @@ class CellReader {
   std::size_t at_ = 0;
 };
 
-void appendCell(std::string& text, const std::string& cell) {
-  if (cell.find_first_of(",\"\n\r") == std::string::npos) {
-    text += cell;
-    return;
-  }
-  text += '"';
-  for (const char c : cell) {
-    if (c == '"') text += '"';
-    text += c;
-  }
-  text += '"';
-}
-
 void appendRow(std::string& text, const std::vector<std::string>& cells) {
   for (std::size_t k = 0; k < cells.size(); ++k) {
     if (k > 0) text += ',';
-    appendCell(text, cells[k]);
+    appendCsvCell(text, cells[k]);
   }
   text += '\n';
 }
@@ -108,6 +96,7 @@ std::string csvOf(const Table& table) {
 Table columnsOf(const Table& table, const std::vector<std::size_t>& columns) {
   const auto chosen = [&](const std::vector<std::string>& cells) {
     std::vector<std::string> some;
+    some.reserve(columns.size());
     for (const std::size_t column : columns) some.push_back(cells[column]);
     return some;
   };

@@ -1,6 +1,7 @@
 #include "CsvFile.h"
 
 #include "measure/Row.h"
+#include "study/CsvText.h"
 
 namespace quorvane {
 
@@ -11,16 +12,7 @@ void CsvFile::comma() {
 
 CsvFile& CsvFile::operator<<(std::string_view text) {
   comma();
-  if (text.find_first_of(",\"\n\r") == std::string_view::npos) {
-    buffer_ += text;
-    return *this;
-  }
-  buffer_ += '"';
-  for (const char c : text) {
-    if (c == '"') buffer_ += '"';
-    buffer_ += c;
-  }
-  buffer_ += '"';
+  appendCsvCell(buffer_, text);
   return *this;
 }
 

@@ -9,8 +9,7 @@
 
 namespace quorvane {
 
-/// A table that is written cell by cell and replaces its former file at the end. Text with a comma, a
-/// quotation mark or a line feed is quoted (RFC 4180). Throws BatchFailure.
+/// A table that is written cell by cell and replaces its former file at the end. Throws BatchFailure.
 class CsvFile {
  public:
   explicit CsvFile(const std::filesystem::path& target) : writer_(target) {}
