@@ -9,7 +9,7 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-const std::vector<std::string> kTypes = {"Down", "Up"};
+const std::vector<std::string> kSpins = {"Down", "Up"};
 
 Study studyOf(std::vector<std::string> first, std::vector<std::string> second) {
   Study study;
@@ -30,7 +30,7 @@ TEST(PointSections, HaveAFigureOverEachAxisWithACurveForEachValueOfTheOthers) {
       "point,A,F,replicas,energy_mean,energy_error\n"
       "0,0.5,0,4,50,1\n1,0.5,1,4,51,1\n2,0.5,2,4,52,1\n3,0.1,0,4,10,2\n4,0.1,1,4,11,2\n5,0.1,2,4,12,2\n",
       "points.csv");
-  const auto sections = pointSections(grid, points, kTypes);
+  const auto sections = pointSections(grid, points, kSpins);
   ASSERT_EQ(sections.size(), 1u);
   EXPECT_EQ(sections[0].title, "Energy");
   EXPECT_EQ(sections[0].fileName, "energy.csv");
@@ -58,7 +58,7 @@ TEST(PointSections, LeaveOutWhatIsNoNumberAndSayIfCurvesAreLeftOut) {
   }
   // The second value of the first axis has no runs yet.
   const Grid grid(studyOf({"1", "2"}, many));
-  const auto sections = pointSections(grid, tableIn(text, "points.csv"), kTypes);
+  const auto sections = pointSections(grid, tableIn(text, "points.csv"), kSpins);
   const Figure& over = sections[0].figures[0];
   EXPECT_LE(over.curves.size(), kMostCurves);
   EXPECT_THAT(over.caption, HasSubstr("Not all values of Up: field are shown"));
@@ -71,7 +71,7 @@ TEST(PointSections, OfASinglePointHaveItsValues) {
   const Grid grid(studyOf({"1"}, {"2"}));
   const Table points =
       tableIn("point,A,F,replicas,energy_mean,energy_error\n0,1,2,4,50.123,1.57\n", "points.csv");
-  const auto sections = pointSections(grid, points, kTypes);
+  const auto sections = pointSections(grid, points, kSpins);
   EXPECT_EQ(sections[0].text, "50.1 ± 1.6 (kT)");
   EXPECT_TRUE(sections[0].figures.empty());
 }
@@ -82,7 +82,7 @@ TEST(PointSections, DrawAFunctionOverItsArgument) {
       "point,A,F,replicas,c_0_1_mean,c_0_1_error,c_0_2_mean,c_0_2_error,c_1_1_mean,c_1_1_error\n"
       "0,1,0,4,0.2,0.1,0.1,0.1,9,1\n1,2,0,4,0.4,0.1,nan,nan,8,1\n",
       "points.csv");
-  const auto sections = pointSections(grid, points, kTypes);
+  const auto sections = pointSections(grid, points, kSpins);
   ASSERT_EQ(sections.size(), 2u);
   EXPECT_EQ(sections[0].title, "Pair correlation of Down");
   EXPECT_EQ(sections[0].fileName, "c_0.csv");
@@ -101,7 +101,7 @@ TEST(SeriesSections, HaveBandsAndLogarithmicAxesWhereTheyShowAPower) {
       "0,1,0,0,1,0.1,0,0\n0,1,0,10,2,0.1,5,1\n0,1,0,20,4,0.1,6,1\n"
       "1,1,1,0,2,0.1,0,0\n1,1,1,10,3,0.1,5,1\n1,1,1,20,5,0.1,7,1\n",
       "series.csv");
-  const auto sections = seriesSections(grid, series, kTypes);
+  const auto sections = seriesSections(grid, series, kSpins);
   ASSERT_EQ(sections.size(), 2u);
   EXPECT_EQ(sections[0].fileName, "series-length_0.csv");
   ASSERT_EQ(sections[0].figures.size(), 2u);
@@ -121,7 +121,7 @@ TEST(SeriesSections, DrawAFunctionAfterTheLastSweep) {
   const Table series = tableIn(
       "point,A,F,sweep,s_0_1_mean,s_0_1_error,s_0_2_mean,s_0_2_error\n0,1,0,0,1,0,2,0\n0,1,0,10,8,0,3,0\n",
       "series.csv");
-  const auto sections = seriesSections(grid, series, kTypes);
+  const auto sections = seriesSections(grid, series, kSpins);
   ASSERT_EQ(sections.size(), 1u);
   const Figure& figure = sections[0].figures.at(0);
   EXPECT_EQ(figure.caption, "Structure factor of Down after the last sweep.");
