@@ -17,7 +17,7 @@ namespace quorvane {
 namespace {
 
 namespace fs = std::filesystem;
-using Rows = std::vector<std::pair<std::string, std::string>>;
+using Terms = std::vector<std::pair<std::string, std::string>>;
 
 std::string lastName(const fs::path& folder) {
   // "ising.results/" ends with an empty name.
@@ -25,8 +25,8 @@ std::string lastName(const fs::path& folder) {
   return (path.has_filename() ? path : path.parent_path()).stem().string();
 }
 
-Rows setupOf(const Study& study, const Grid& grid) {
-  Rows rows = {{"Document", study.document.filename().string()}};
+Terms setupOf(const Study& study, const Grid& grid) {
+  Terms rows = {{"Document", study.document.filename().string()}};
   for (const GridAxis& axis : grid.axes()) {
     std::string values;
     for (const std::string& value : axis.values) values.append(values.empty() ? "" : ", ").append(value);
@@ -50,7 +50,7 @@ Rows setupOf(const Study& study, const Grid& grid) {
   return rows;
 }
 
-Rows provenanceOf(const StudyFolder& folder) {
+Terms provenanceOf(const StudyFolder& folder) {
   const auto json = nlohmann::json::parse(textOf(folder.path() / kDescriptionName), nullptr, false);
   const auto textAt = [&](const char* pointer) {
     const nlohmann::json::json_pointer place(pointer);
