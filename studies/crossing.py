@@ -7,9 +7,11 @@ Prints where the Binder cumulants of sides L and 2 L cross, and the critical cou
 standard errors. CURVES.csv gets the cumulants for a plot.
 """
 import csv
+import math
 import sys
+from statistics import fmean
 
-from tables import bisected, jackknife, polynomial, rows, solved, told, value_at
+from tables import jackknife, polynomial, rows, solved, told, value_at
 
 KNOWN_COUPLING = 0.1901926807  # Luijten, Bloete and Bakker, Phys. Rev. E 54, 4626, 1996
 KNOWN_CUMULANT = 0.610690  # Kamieniarz and Bloete, J. Phys. A 26, 201, 1993
@@ -49,21 +51,35 @@ def pairs_of(curves):
 
 
 def parabolas(curves, centre):
-    """Between the couplings of a study a parabola is enough; it is one in K - centre."""
-    return {side: polynomial([k - centre for k in curve], list(curve.values()), min(2, len(curve) - 1))
-            for side, curve in curves.items()}
+    """side -> (U, slope, bend) at the centre. Near the critical coupling U depends on K only by slope * (K - centre),
+    so that the parabolas of all sides have one bend in units of the slope squared."""
+    lines = {side: polynomial([k - centre for k in curve], list(curve.values()), 1) for side, curve in curves.items()}
+    above = below = 0.0
+    for side, curve in curves.items():
+        squares = [(lines[side][1] * (k - centre)) ** 2 for k in curve]
+        for square, u in zip(squares, curve.values()):
+            above += (square - fmean(squares)) * u
+            below += (square - fmean(squares)) ** 2
+    result = {}
+    for side, curve in curves.items():
+        bend = above / below * lines[side][1] ** 2
+        straight = [u - bend * (k - centre) ** 2 for k, u in curve.items()]
+        result[side] = polynomial([k - centre for k in curve], straight, 1) + [bend]
+    return result
 
 
 def crossings(replicas, corrected):
     """For each pair of sides where the curves cross: K and U, after the finite-size terms are taken off or before."""
     curves = cumulants(replicas)
-    couplings = next(iter(curves.values()))
-    centre, reach = sum(couplings) / len(couplings), max(couplings) - min(couplings)
+    centre = fmean(next(iter(curves.values())))
     fits, result = parabolas(curves, centre), []
     for small, large in pairs_of(curves):
         off = {side: finite_size(side) if corrected else 0.0 for side in (small, large)}
-        cross = bisected(lambda x: (value_at(fits[large], x) - off[large]) - (value_at(fits[small], x) - off[small]),
-                         -reach, reach)
+        height, slope, bend = (b - a for a, b in zip(fits[small], fits[large]))
+        height -= off[large] - off[small]
+        if slope**2 < 4 * height * bend:
+            raise ValueError(f"the curves of {small} and {large} do not cross")
+        cross = -2 * height / (slope + math.copysign(math.sqrt(slope**2 - 4 * height * bend), slope))
         result += [centre + cross, value_at(fits[small], cross) - off[small]]
     return result
 

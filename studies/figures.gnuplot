@@ -52,7 +52,7 @@ set ytics (10, 20, 50, 100)
 set format y "%g"
 set xlabel "time  t  (sweeps)"
 set ylabel "length of domains  (sites)"
-set key top left Left reverse title "J  (kT)"
+set key top right Left reverse title "J  (kT)"
 plot for [n=1:4] tables."growth-flips.csv" index 3*n-3 using 1:2 with points pointtype 7 pointsize 0.5 \
        linecolor rgb colour[n] title "flips, ".quench[n], \
      tables."growth-swaps.csv" index 0 using 1:($0 < 4 || int($0) % 6 == 5 ? $2 : 1/0) with points pointtype 5 pointsize 0.5 \
