@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 """The threshold of the contact process and its decay exponent, from the results of contact-process.toml.
 
-Usage: decay.py RESULTS [CURVES.csv]
+Usage: decay.py RESULTS FIRST [CURVES.csv], where FIRST is the sweep from which on the share follows its power law
 
 Fits a parabola to the logarithm of the share of active sites over the logarithm of time, for each death rate. At the
-threshold the parabola is a line, and its slope is the exponent. CURVES.csv gets the shares for a plot.
+threshold the parabola is a line, and its slope is the exponent. Does so from FIRST / 2, FIRST and 2 FIRST on.
+CURVES.csv gets the shares for a plot.
 """
 import csv
 import math
@@ -14,8 +15,6 @@ from statistics import fmean
 from tables import bisected, density, evenly_in_logarithm, jackknife, polynomial, rows, told, value_at
 
 KNOWN_EXPONENT = 0.4505  # directed percolation in 2 + 1 dimensions: Voigt and Ziff, Phys. Rev. E 56, R6241, 1997
-# Before this sweep the share is still far from its power law.
-FIRST = 40
 
 
 def groups_of(folder):
@@ -44,11 +43,11 @@ def threshold_and_exponent(groups, first):
     return [centre + zero, -value_at(slope_of, zero)]
 
 
-def main(folder, curves_file=None):
-    groups = groups_of(folder)
-    for first in (FIRST // 2, FIRST, 2 * FIRST):
+def main(folder, first_sweep, curves_file=None):
+    groups, chosen = groups_of(folder), int(first_sweep)
+    for first in (chosen // 2, chosen, 2 * chosen):
         values, errors = jackknife(groups, lambda some: threshold_and_exponent(some, first))
-        mark = "" if first == FIRST else f" (from sweep {first})"
+        mark = "" if first == chosen else f" (from sweep {first})"
         told("threshold" + mark, values[0], errors[0])
         told("exponent" + mark, values[1], errors[1], KNOWN_EXPONENT, "published")
 
@@ -66,7 +65,7 @@ def main(folder, curves_file=None):
 
 
 if __name__ == "__main__":
-    if len(sys.argv) not in (2, 3):
+    if len(sys.argv) not in (3, 4):
         sys.exit(__doc__)
     try:
         main(*sys.argv[1:])

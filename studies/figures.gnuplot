@@ -29,16 +29,16 @@ set output pictures."contact-process.svg"
 set logscale x
 set format x "%g"
 set format y "%.2f"
-set xrange [10:1100]
+set xrange [10:3300]
 set autoscale y
-set xtics (10, 20, 50, 100, 200, 500, 1000)
+set xtics (10, 30, 100, 300, 1000, 3000)
 set xlabel "time  t  (sweeps)"
 set ylabel "share of active sites × t^{0.4505}"
 set key bottom left Left reverse title "death rate"
 plot for [n=1:5] tables."contact-process.csv" index n-1 using 2:(($3-$4)*$2**0.4505):(0):(2*$4*$2**0.4505) @bars \
        linecolor rgb colour[n] notitle, \
      for [n=1:5] tables."contact-process.csv" index n-1 using 2:($3*$2**0.4505) with linespoints pointtype 7 \
-       pointsize 0.4 linewidth 1 linecolor rgb colour[n] title sprintf("%.3f", 0.500 + 0.001 * n)
+       pointsize 0.4 linewidth 1 linecolor rgb colour[n] title sprintf("%.4f", 0.5015 + 0.0005 * n)
 
 set output pictures."growth.svg"
 set terminal svg size 900,420 dynamic background "white" font "DejaVu Sans,13"
@@ -53,8 +53,8 @@ set format y "%g"
 set xlabel "time  t  (sweeps)"
 set ylabel "length of domains  (sites)"
 set key top right Left reverse title "J  (kT)"
-plot for [n=1:4] tables."growth-flips.csv" index 3*n-3 using 1:2 with points pointtype 7 pointsize 0.5 \
-       linecolor rgb colour[n] title "flips, ".quench[n], \
+plot for [n=1:4] tables."growth-flips.csv" index 3*n-3 using 1:($0 < 8 || int($0) % 4 == 3 ? $2 : 1/0) \
+       with points pointtype 7 pointsize 0.5 linecolor rgb colour[n] title "flips, ".quench[n], \
      tables."growth-swaps.csv" index 0 using 1:($0 < 4 || int($0) % 6 == 5 ? $2 : 1/0) with points pointtype 5 pointsize 0.5 \
        linecolor rgb colour[5] title "swaps, 1.1", \
      [8:60] 13 * (x / 8.)**0.5 with lines dashtype 2 linecolor "#7f7f7f" title "slope 1/2", \
