@@ -18,7 +18,7 @@ set xrange [0.1886:0.1919]
 set xtics 0.001
 set arrow 1 from 0.1901926807, graph 0 to 0.1901926807, graph 1 nohead dashtype 2 linecolor "#7f7f7f"
 set arrow 2 from graph 0, first 0.61069 to graph 1, first 0.61069 nohead dashtype 2 linecolor "#7f7f7f"
-set label 1 "published K_c and U" at 0.19023, graph 0.05 textcolor "#7f7f7f"
+set label 1 "published values" at 0.19023, graph 0.05 textcolor "#7f7f7f"
 plot for [n=1:5] tables."ising-binder.csv" index n-1 using 2:($3-$4):(0):(2*$4) @bars linecolor rgb colour[n] notitle, \
      for [n=1:5] tables."ising-binder.csv" index n-1 using 2:3 with linespoints pointtype 7 pointsize 0.5 \
        linewidth 1 linecolor rgb colour[n] title sprintf("%d", side[n])
