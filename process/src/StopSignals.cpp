@@ -65,6 +65,10 @@ extern "C" void onStopSignal(int signal) {
 
 void watchStopSignals() {
   for (const int signal : kStopSignals) handleUnlessIgnored(signal, onStopSignal);
+  failWritesInstead();
+}
+
+void failWritesInstead() {
   handle(SIGPIPE, SIG_IGN);
   handle(SIGXFSZ, SIG_IGN);
 }

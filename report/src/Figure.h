@@ -20,7 +20,7 @@ struct Curve {
 /// What a plot shows.
 struct Figure {
   std::string caption, xLabel, yLabel;
-  std::string keyTitle;            ///< what the names of the curves are; empty with a single curve
+  std::string keyTitle;            ///< what the names of the curves are; may be empty
   std::vector<std::string> ticks;  ///< what x = 0, 1, 2, ... stand for; empty if x is a number
   bool logarithmic = false;        ///< both axes; x and y are positive then
   bool bands = false;              ///< errors as bands, not as bars

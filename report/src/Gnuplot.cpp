@@ -93,8 +93,13 @@ void addAxes(std::string& script, const Figure& figure) {
     addLogarithmicAxes(script, figure);
   else
     addLinearAxes(script, figure);
+  std::size_t longest = 0;
+  for (const Curve& curve : figure.curves) longest = std::max(longest, curve.name.size());
+  constexpr std::size_t lettersOfALine = 96, lettersOfASymbol = 8;
+  addLine(script, "set key maxcols " + std::to_string(std::max<std::size_t>(
+                                           1, lettersOfALine / (longest + lettersOfASymbol))));
   // The title of the key stands apart from the label of the axis.
-  if (figure.curves.size() > 1)
+  if (figure.curves.size() > 1 && !figure.keyTitle.empty())
     addLine(script, std::string(R"(set key title "\n".)").append(gnuplotText(figure.keyTitle)));
   else
     addLine(script, "set key title");

@@ -50,19 +50,23 @@ Terms setupOf(const Study& study, const Grid& grid) {
   return rows;
 }
 
+/// A text of study.json.
+std::string textIn(const nlohmann::json& json, const char* pointer) {
+  const nlohmann::json::json_pointer place(pointer);
+  return json.contains(place) && json[place].is_string() ? json[place].get<std::string>() : "unknown";
+}
+
 Terms provenanceOf(const StudyFolder& folder) {
   const auto json = nlohmann::json::parse(textOf(folder.path() / kDescriptionName), nullptr, false);
-  const auto textAt = [&](const char* pointer) {
-    const nlohmann::json::json_pointer place(pointer);
-    return json.contains(place) && json[place].is_string() ? json[place].get<std::string>()
-                                                           : std::string("unknown");
-  };
-  return {{"Version", textAt("/version")},
-          {"Commit", textAt("/commit")},
-          {"Compiler", textAt("/compiler")},
-          {"C library", textAt("/c_library")},
-          {"SHA-256 of the study", textAt("/study/sha256")},
-          {"SHA-256 of the document", textAt("/document/sha256")}};
+  Terms terms = {{"Version", textIn(json, "/version")}};
+  for (const auto& program : json.value("programs", nlohmann::json::array())) {
+    terms.emplace_back("Commit", textIn(program, "/commit"));
+    terms.emplace_back("Compiler", textIn(program, "/compiler"));
+    terms.emplace_back("C library", textIn(program, "/c_library"));
+  }
+  terms.emplace_back("SHA-256 of the study", textIn(json, "/study/sha256"));
+  terms.emplace_back("SHA-256 of the document", textIn(json, "/document/sha256"));
+  return terms;
 }
 
 std::vector<std::string> warningsOf(const StudyResults& results, const Study& study) {

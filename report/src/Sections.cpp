@@ -49,14 +49,18 @@ std::int64_t pointOf(const std::vector<std::string>& row) {
   return static_cast<std::int64_t>(numberIn(row[0]));
 }
 
-/// Says that not all curves are shown.
-void noteLeftOut(Figure& figure, const Grid& grid, const std::vector<std::size_t>& axes) {
+/// Says what the names of the curves are, in the key if there is room, and whether some are left out.
+void explainCurves(Figure& figure, const Grid& grid, const std::vector<std::size_t>& axes) {
+  constexpr std::size_t room = 80;
+  const std::string labels = grid.labelsOf(axes);
+  if (labels.size() <= room)
+    figure.keyTitle = labels;
+  else
+    figure.caption.append(" The curves are for values of: ").append(labels).append(".");
   double all = 1.0;
   for (const std::size_t axis : axes) all *= static_cast<double>(grid.axes()[axis].values.size());
-  if (all <= static_cast<double>(kMostCurves)) return;
-  figure.caption.append(" Not all values of ")
-      .append(grid.labelsOf(axes))
-      .append(" are shown; the table has all.");
+  if (all > static_cast<double>(kMostCurves))
+    figure.caption.append(" Not all values of ").append(labels).append(" are shown; the table has all.");
 }
 
 void addPoint(Curve& curve, double x, const std::vector<std::string>& row, Pair pair) {
@@ -99,7 +103,7 @@ Figure profileFigure(const Grid& grid, const Columns& columns, const Quantity& q
   Figure figure{.caption = caption,
                 .xLabel = argument.label(),
                 .yLabel = quantity.label(),
-                .keyTitle = grid.labelsOf(grid.varied()),
+                .keyTitle = {},
                 .ticks = {},
                 .curves = {}};
   for (const auto* row : rows) {
@@ -108,7 +112,7 @@ Figure profileFigure(const Grid& grid, const Columns& columns, const Quantity& q
     for (const auto& [x, pair] : columns.pairs) addPoint(curve, x, *row, pair);
     figure.curves.push_back(std::move(curve));
   }
-  noteLeftOut(figure, grid, grid.varied());
+  explainCurves(figure, grid, grid.varied());
   return figure;
 }
 
@@ -121,7 +125,7 @@ Figure axisFigure(const Grid& grid, std::size_t over, const Table& points, Pair 
   Figure figure{.caption = quantity.title + " over “" + axis.label + "”.",
                 .xLabel = axis.label,
                 .yLabel = quantity.label(),
-                .keyTitle = grid.labelsOf(others),
+                .keyTitle = {},
                 .ticks = axis.isNumber ? std::vector<std::string>() : axis.values,
                 .curves = {}};
   for (const auto& row : points.rows) {
@@ -133,7 +137,7 @@ Figure axisFigure(const Grid& grid, std::size_t over, const Table& points, Pair 
   for (Curve& curve : figure.curves)
     std::stable_sort(curve.points.begin(), curve.points.end(),
                      [](const PlotPoint& a, const PlotPoint& b) { return a.x < b.x; });
-  noteLeftOut(figure, grid, others);
+  explainCurves(figure, grid, others);
   return figure;
 }
 
@@ -165,7 +169,7 @@ Figure timeFigure(const Grid& grid, const Table& series, std::size_t sweep, Pair
   Figure figure{.caption = quantity.title + " over time.",
                 .xLabel = "Time (sweeps)",
                 .yLabel = quantity.label(),
-                .keyTitle = grid.labelsOf(grid.varied()),
+                .keyTitle = {},
                 .ticks = {},
                 .bands = true,
                 .curves = {}};
@@ -175,7 +179,7 @@ Figure timeFigure(const Grid& grid, const Table& series, std::size_t sweep, Pair
     for (const auto* row : rows) addPoint(curve, numberIn((*row)[sweep]), *row, pair);
     figure.curves.push_back(std::move(curve));
   }
-  noteLeftOut(figure, grid, grid.varied());
+  explainCurves(figure, grid, grid.varied());
   return figure;
 }
 

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <new>
+#include <set>
+#include <tuple>
 
 #include "batch/Messages.h"
 #include "document/ModelDocument.h"
@@ -79,23 +81,57 @@ bool makeSweeps(LatticeModel& model, std::int64_t count, const std::function<boo
 
 RunMaker::RunMaker(Study study, const std::string& text)
     : study_(std::move(study)), opened_(emptyModel()), model_(emptyModel()) {
-  const std::string document = nameOf(study_.document);
   processRandomSource.startAnew(1);
   const std::int64_t before = processRandomSource.drawsMade();
   const OpenResult result = readDocument(*opened_, text);
-  if (result.status != OpenStatus::kOpened) throw StudyError(document + ": " + result.reason);
+  if (result.status != OpenStatus::kOpened)
+    refuse(study_.source.document, "document " + nameOf(study_.document) + ": " + result.reason);
   drawsToOpen_ = processRandomSource.drawsMade() - before;
-  // Every value of every axis is tried, so that nothing is refused in the middle of a study.
+  requireNames();
   const std::int64_t ofSides = numPoints(study_) / std::max<std::int64_t>(1, std::ssize(study_.sides));
-  for (const std::int64_t point : pointsAlongAxes(study_)) {
+  for (std::int64_t point = 0; point < numPoints(study_); point += ofSides) {
+    start(point);
+    shapes_.push_back(shapeNow());
+  }
+}
+
+void RunMaker::refuse(int line, const std::string& why) const {
+  throw StudyError(study_.source.file + ": line " + std::to_string(line) + ": " + onOneLine(why));
+}
+
+/// Tries every value of every axis, the shares and the observables, so that nothing is refused in the middle
+/// of a study.
+void RunMaker::requireNames() {
+  std::set<std::tuple<int, int, std::string>> varied;
+  for (const Axis& axis : study_.axes) {
     try {
-      start(point);
-      if (point % ofSides == 0) shapes_.push_back(shapeNow());
+      const int index =
+          axis.of == Setting::kRule ? ruleNamed(*opened_, axis.name) : typeNamed(*opened_, axis.name);
+      if (!varied.emplace(static_cast<int>(axis.of), index, axis.field).second)
+        refuse(axis.line, "[[vary]]: the " + axis.field + " of " + inQuotes(axis.name) + " is varied twice");
+      copySystem(*opened_, *model_);
+      for (const std::string& value : axis.values)
+        apply({.of = axis.of, .name = axis.name, .field = axis.field, .value = value}, *model_);
     } catch (const SettingError& error) {
-      throw StudyError(document + ": " + onOneLine(error.what()));
-    } catch (const MeasureError& error) {
-      throw StudyError(document + ": observables: " + onOneLine(error.what()));
+      refuse(axis.line, std::string("[[vary]]: ") + error.what());
     }
+  }
+  copySystem(*opened_, *model_);
+  try {
+    if (!study_.fill.empty()) fill(*model_, study_.fill);
+  } catch (const SettingError& error) {
+    refuse(study_.source.fill, std::string("fill: ") + error.what());
+  }
+  const Snapshot now = snapshotOf(*model_);
+  requireObservables(study_.observables, now, study_.source.observables);
+  requireObservables(study_.series, now, study_.source.series);
+}
+
+void RunMaker::requireObservables(const std::string& list, const Snapshot& now, int line) const {
+  try {
+    const Measured measured(list, now);
+  } catch (const MeasureError& error) {
+    refuse(line, std::string("observables: ") + error.what());
   }
 }
 

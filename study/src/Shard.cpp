@@ -88,7 +88,8 @@ ShardReader::ShardReader(std::filesystem::path file, const Digest& identity) : f
   ::close(descriptor_);
   throw StudyError(nameOf(file_) + (header.compare(0, kMagic.size(), kMagic) == 0
                                         ? ": is a shard of another study"
-                                        : ": is no shard"));
+                                        : ": is no shard, or its beginning is damaged; move it away, and "
+                                          "its runs are made again"));
 }
 
 ShardReader::~ShardReader() { ::close(descriptor_); }

@@ -20,10 +20,24 @@ namespace {
 
 constexpr int kSignalStatus = 128;
 
-std::string runsText(std::int64_t runs) { return std::to_string(runs) + (runs == 1 ? " run" : " runs"); }
+/// "1 run", "2 runs".
+std::string counted(std::int64_t number, const char* what) {
+  std::string text = std::to_string(number);
+  return text.append(" ").append(what).append(number == 1 ? "" : "s");
+}
+
+std::string runsText(std::int64_t runs) { return counted(runs, "run"); }
 
 void noteDamages(const StudyResults& results, Messages& messages) {
   for (const std::string& damage : results.damages()) messages.note(damage);
+}
+
+/// Tables and checks of a part of the runs say so.
+void noteMissing(const StudyResults& results, const StudyFolder& folder, Messages& messages) {
+  const auto made = std::ssize(results.made()), failed = std::ssize(results.failed());
+  const std::int64_t total = numRuns(folder.study());
+  if (made + failed < total)
+    messages.note(std::to_string(made) + " of " + runsText(total) + " are made so far");
 }
 
 void noteFailed(const StudyResults& results, const StudyFolder& folder, Messages& messages) {
@@ -48,6 +62,15 @@ StudyProgress makeRuns(const StudyFolder& folder, RunMaker& maker, ShardPart par
   const auto crew = crewFor(folder, maker);
   study.run(*crew, show, [] { return stopSignal() == 0; });
   return study.progress();
+}
+
+/// The document of a study file, which may be the one in a folder of results.
+std::filesystem::path documentOf(const Study& study, const std::filesystem::path& file) {
+  const auto folder = file.parent_path();
+  std::error_code none;
+  const bool inResults =
+      file.filename() == kStudyName && std::filesystem::exists(folder / kDescriptionName, none);
+  return folder / (inResults ? std::filesystem::path(kDocumentName) : study.document);
 }
 
 /// Reads the records of all runs made. Returns how many.
@@ -87,6 +110,7 @@ int guarded(Messages& messages, const std::function<int()>& work) {
 void tabulate(const StudyFolder& folder, const RunMaker& maker, Messages& messages) {
   StudyResults results(folder);
   noteDamages(results, messages);
+  noteMissing(results, folder, messages);
   writeTables(folder, maker, results);
   noteFailed(results, folder, messages);
 }
@@ -94,6 +118,9 @@ void tabulate(const StudyFolder& folder, const RunMaker& maker, Messages& messag
 int runStudy(const RunOptions& options, const CrewMaker& crewFor, Messages& messages) {
   return guarded(messages, [&] {
     const StudyFolder folder = StudyFolder::forStudy(options.study, options.results);
+    if (folder.numPrograms() > 1)
+      messages.note(nameOf(folder.path()) + ": runs of " + std::to_string(folder.numPrograms()) +
+                    " builds of the program, which study.json names");
     RunMaker maker(folder.study(), folder.documentText());
     watchStopSignals();
     const StudyProgress progress =
@@ -128,9 +155,8 @@ int printStatus(const std::filesystem::path& path, Messages& messages) {
     const std::int64_t failed = std::ssize(results.failed());
     std::string text = std::to_string(made) + " of " + runsText(total) + " made, " + std::to_string(failed) +
                        " failed, " + std::to_string(total - made - failed) + " left\n";
-    text += std::to_string(numPoints(folder.study())) + " points, " +
-            std::to_string(folder.study().replicas) + " replicas, " +
-            std::to_string(folder.shardFiles().size()) + " shards\n";
+    text += counted(numPoints(folder.study()), "point") + ", " + counted(folder.study().replicas, "replica") +
+            ", " + counted(std::ssize(folder.shardFiles()), "shard") + "\n";
     writeStandardOutput(text);
     noteDamages(results, messages);
     return static_cast<int>(kStudyDone);
@@ -142,7 +168,9 @@ int checkResults(const std::filesystem::path& path, std::int64_t numRunsAgain, M
     const StudyFolder folder = StudyFolder::open(path);
     RunMaker maker(folder.study(), folder.documentText());
     watchStopSignals();
+    folder.requireUnchanged();
     StudyResults results(folder);
+    noteMissing(results, folder, messages);
     const std::int64_t read = readAll(results);
     const std::int64_t again = makeAgain(maker, results, numRunsAgain);
     for (const std::string& damage : results.damages()) messages.fail(damage);
@@ -156,7 +184,8 @@ int checkResults(const std::filesystem::path& path, std::int64_t numRunsAgain, M
 int printSlurmScript(const std::filesystem::path& study, const std::filesystem::path& results,
                      std::int64_t tasks, Messages& messages) {
   return guarded(messages, [&] {
-    readStudy(study);
+    const Study read = readStudy(study);
+    const RunMaker fits(read, textOf(documentOf(read, study)));
     writeStandardOutput(slurmScript(study, results, tasks));
     return static_cast<int>(kStudyDone);
   });
@@ -165,10 +194,12 @@ int printSlurmScript(const std::filesystem::path& study, const std::filesystem::
 int printCommand(const std::filesystem::path& file, std::int64_t run, Messages& messages) {
   return guarded(messages, [&] {
     const Study study = readStudy(file);
+    const std::filesystem::path document = documentOf(study, file);
+    const RunMaker fits(study, textOf(document));
     if (run >= numRuns(study))
       throw StudyError("--run: " + std::to_string(run) + " is not below " + std::to_string(numRuns(study)) +
                        ", the number of runs");
-    writeStandardOutput(runCommand(study, file.parent_path() / study.document, run));
+    writeStandardOutput(runCommand(study, document, run));
     return static_cast<int>(kStudyDone);
   });
 }

@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iterator>
 #include <optional>
+#include <set>
 
 #include "TomlSection.h"
 #include "batch/Messages.h"
@@ -34,6 +35,8 @@ std::string observablesIn(TomlSection& section) {
     joined.append(joined.empty() ? "" : ",").append(section.text(node));
   return joined;
 }
+
+int lineOf(const toml::node& node) { return static_cast<int>(node.source().begin.line); }
 
 LatticeSides sidesOf(const TomlSection& lattice, const toml::node& node) {
   const auto side = [&](const toml::node& each) {
@@ -66,9 +69,19 @@ std::vector<Share> sharesOf(TomlSection& lattice) {
 }
 
 void readLattice(TomlSection lattice, Study& study) {
-  if (lattice.has("sides"))
-    for (const toml::node& node : lattice.list("sides")) study.sides.push_back(sidesOf(lattice, node));
-  if (lattice.has("fill")) study.fill = sharesOf(lattice);
+  if (lattice.has("sides")) {
+    for (const toml::node& node : lattice.list("sides")) {
+      const LatticeSides sides = sidesOf(lattice, node);
+      if (std::find(study.sides.begin(), study.sides.end(), sides) != study.sides.end())
+        lattice.refuse(node, "sides: " + std::to_string(sides.imax) + " x " + std::to_string(sides.jmax) +
+                                 " is there twice");
+      study.sides.push_back(sides);
+    }
+  }
+  if (lattice.has("fill")) {
+    study.fill = sharesOf(lattice);
+    study.source.fill = lineOf(lattice.need("fill"));
+  }
   lattice.requireAllRead();
 }
 
@@ -109,7 +122,8 @@ Axis axisOf(TomlSection section) {
   Axis axis{.of = section.has("rule") ? Setting::kRule : Setting::kType,
             .name = section.text(of),
             .field = {},
-            .values = {}};
+            .values = {},
+            .line = lineOf(section.need(of))};
   std::string fields;
   for (const AxisField& each : kAxisFields) {
     if (std::string_view(each.of) != of) continue;
@@ -123,50 +137,52 @@ Axis axisOf(TomlSection section) {
   section.requireAllRead();
   if (axis.field.empty())
     section.refuse(std::string("[[vary]]: of a ") + of + " one of these is needed: " + fields);
+  // The same value twice would make two points that are one.
+  std::set<std::string> different;
+  for (const std::string& value : axis.values)
+    if (!different.insert(value).second)
+      section.refuse(section.need(axis.field.c_str()),
+                     "[[vary]]: " + inQuotes(axis.name) + " has the value " + value + " twice");
   return axis;
 }
 
-void requireFits(const Study& study, const TomlSection& top) {
-  if (study.discard > study.sweeps) top.refuse("discard: more than the sweeps");
-  if (study.sweeps % study.every != 0) top.refuse("sweeps: not a multiple of every");
+void requireFits(const Study& study, TomlSection& top) {
+  if (study.discard > study.sweeps) top.refuse(top.need("discard"), "discard: more than the sweeps");
+  if (study.sweeps % study.every != 0) top.refuse(top.need("sweeps"), "sweeps: not a multiple of every");
   double points = static_cast<double>(std::max<std::size_t>(study.sides.size(), 1));
   for (const Axis& axis : study.axes) points *= static_cast<double>(axis.values.size());
   const double lastSeed =
       static_cast<double>(study.seed) + points * static_cast<double>(study.replicas) - 1.0;
-  if (lastSeed > static_cast<double>(kLargestSeed))
-    top.refuse("seed: the last of " + shortest(points) + " points times " + std::to_string(study.replicas) +
-               " replicas would have a seed beyond " + std::to_string(kLargestSeed));
+  if (lastSeed <= static_cast<double>(kLargestSeed)) return;
+  const char* key = top.has("seed") ? "seed" : top.has("replicas") ? "replicas" : "sweeps";
+  top.refuse(top.need(key), "seed: the last of " + shortest(points) + " points times " +
+                                std::to_string(study.replicas) + " replicas would have a seed beyond " +
+                                std::to_string(kLargestSeed));
 }
 
-/// The same value twice would make two points that are one.
-void requireDifferent(const Study& study, const TomlSection& top) {
-  for (const Axis& axis : study.axes)
-    for (std::size_t k = 0; k < axis.values.size(); ++k)
-      if (std::find(axis.values.begin(), axis.values.begin() + static_cast<std::ptrdiff_t>(k),
-                    axis.values[k]) != axis.values.begin() + static_cast<std::ptrdiff_t>(k))
-        top.refuse("[[vary]]: " + inQuotes(axis.name) + " has the value " + axis.values[k] + " twice");
-}
-
-Study studyOf(TomlSection top) {
+Study studyOf(TomlSection top, const std::string& file) {
   Study study;
+  study.source.file = file;
   study.document = top.text("document");
+  study.source.document = lineOf(top.need("document"));
   study.sweeps = top.whole("sweeps", 1, kMostSweeps);
   if (top.has("discard")) study.discard = top.whole("discard", 0, kMostSweeps);
   if (top.has("every")) study.every = top.whole("every", 1, kMostSweeps);
   if (top.has("replicas")) study.replicas = top.whole("replicas", 1, kLargestSeed);
   if (top.has("seed")) study.seed = top.whole("seed", 1, kLargestSeed);
   study.observables = observablesIn(top);
+  study.source.observables = lineOf(top.need("observables"));
   if (top.has("lattice")) readLattice(top.section("lattice"), study);
   if (top.has("vary"))
     for (TomlSection& axis : top.sections("vary")) study.axes.push_back(axisOf(axis));
   if (top.has("series")) {
     TomlSection series = top.section("series");
     study.series = observablesIn(series);
+    study.source.series = lineOf(series.need("observables"));
     series.requireAllRead();
   }
   top.requireAllRead();
   requireFits(study, top);
-  requireDifferent(study, top);
   return study;
 }
 
@@ -177,7 +193,7 @@ Study studyIn(std::string_view text, const std::filesystem::path& file) {
   if (!parsed)
     throw StudyError(nameOf(file) + ": line " + std::to_string(parsed.error().source().begin.line) + ": " +
                      onOneLine(parsed.error().description()));
-  return studyOf({parsed.table(), "", nameOf(file)});
+  return studyOf({parsed.table(), "", nameOf(file)}, nameOf(file));
 }
 
 std::string textOf(const std::filesystem::path& file) {

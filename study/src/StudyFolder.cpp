@@ -8,6 +8,7 @@
 #include "document/Folder.h"
 #include "record/Fingerprint.h"
 #include "record/Program.h"
+#include "study/RunMaker.h"
 #include "study/Shard.h"
 #include "study/StudyFile.h"
 
@@ -30,15 +31,32 @@ nlohmann::ordered_json contentOf(const std::string& text) {
   return {{"sha256", print.sha256}, {"bytes", print.bytes}};
 }
 
-/// The text of study.json.
-std::string describe(const std::string& studyText, const Study& study, const std::string& document) {
+/// The content of study.json; null if there is none or it is damaged.
+nlohmann::ordered_json descriptionIn(const fs::path& folder) {
+  std::error_code none;
+  if (!fs::exists(folder / kDescriptionName, none)) return nullptr;
+  return nlohmann::ordered_json::parse(textOf(folder / kDescriptionName), nullptr, false);
+}
+
+/// The builds of the program that made runs: those of a former description, and this one.
+nlohmann::ordered_json programsWith(const nlohmann::ordered_json& former) {
   const Program program = thisProgram();
+  const nlohmann::ordered_json ours = {
+      {"commit", program.commit}, {"compiler", program.compiler}, {"c_library", program.cLibrary}};
+  auto programs = nlohmann::ordered_json::array();
+  if (former.is_object() && former.contains("programs") && former["programs"].is_array())
+    programs = former["programs"];
+  if (std::find(programs.begin(), programs.end(), ours) == programs.end()) programs.push_back(ours);
+  return programs;
+}
+
+/// The text of study.json.
+std::string describe(const std::string& studyText, const Study& study, const std::string& document,
+                     const nlohmann::ordered_json& former) {
   nlohmann::ordered_json json;
   json["format"] = kFormat;
-  json["version"] = program.version;
-  json["commit"] = program.commit;
-  json["compiler"] = program.compiler;
-  json["c_library"] = program.cLibrary;
+  json["version"] = thisProgram().version;
+  json["programs"] = programsWith(former);
   json["study"] = contentOf(studyText);
   json["document"] = contentOf(document);
   json["document"]["name"] = study.document.generic_string();
@@ -93,13 +111,16 @@ void requireSame(const StudyFolder& there, const Study& study, const std::string
 
 void write(const fs::path& file, const std::string& text) { writeOutput(file, text); }
 
-/// A folder of somebody else is not filled with results.
+/// A folder of somebody else is not filled with results. Other processes may be making the same study.
 void requireEmpty(const fs::path& folder) {
+  std::error_code none;
+  if (!fs::exists(folder, none)) return;
   std::vector<std::string> names;
   if (const auto error = readFolder(folder, names)) refuse(folder, error.message());
   for (const std::string& name : names) {
     const bool ours = name == "." || name == ".." || name == kStudyName || name == kDocumentName ||
-                      name == kShardsName || name.find(".partial") != std::string::npos;
+                      name == kShardsName || name == kDescriptionName ||
+                      name.find(".partial") != std::string::npos;
     if (!ours) refuse(folder, "holds other files, such as " + inQuotes(name) + ", and no study.json");
   }
 }
@@ -119,29 +140,45 @@ StudyFolder::StudyFolder(fs::path path, Study study, std::string document)
       identity_(digestOf(study_, document_)) {}
 
 StudyFolder StudyFolder::forStudy(const fs::path& studyFile, const fs::path& folder) {
-  const std::string text = textOf(studyFile);
+  std::string text = textOf(studyFile);
   Study study = studyIn(text, studyFile);
   std::string document = textOf(studyFile.parent_path() / study.document);
-  std::error_code error;
-  const bool isThere = fs::exists(folder / kDescriptionName, error);
-  if (isThere) {
+  // A study that does not fit its document leaves no folder behind.
+  const RunMaker fits(study, document);
+  const auto former = descriptionIn(folder);
+  if (former.is_null()) requireEmpty(folder);
+  const bool hasRuns = !former.is_null() && !open(folder).shardFiles().empty();
+  bool isNew = !hasRuns;
+  if (hasRuns) {
     const StudyFolder there = open(folder);
     requireSame(there, study, document);
-    makeFolder(folder);
-    if (there.study().replicas < study.replicas) {
-      write(folder / kStudyName, text);
-      write(folder / kDescriptionName, describe(text, study, document));
-    }
-  } else {
-    makeFolder(folder);
-    requireEmpty(folder);
-    write(folder / kDocumentName, document);
-    write(folder / kStudyName, text);
-    // Last, since it is what makes the folder one of results.
-    write(folder / kDescriptionName, describe(text, study, document));
+    isNew = there.study().replicas < study.replicas;
   }
+  makeFolder(folder);
+  if (!hasRuns) write(folder / kDocumentName, document);
+  if (isNew)
+    write(folder / kStudyName, text);
+  else
+    text = textOf(folder / kStudyName);
+  // Last, since it is what makes the folder one of results.
+  const std::string description = describe(text, study, document, former);
+  if (former.is_null() || description != textOf(folder / kDescriptionName))
+    write(folder / kDescriptionName, description);
+  // If another process began another study here at the same time, one of both is refused.
+  requireSame(open(folder), study, document);
   return {folder, std::move(study), std::move(document)};
 }
+
+void StudyFolder::requireUnchanged() const {
+  const auto json = descriptionIn(path_);
+  for (const auto& [key, name] : {std::pair("study", kStudyName), {"document", kDocumentName}}) {
+    const std::string print = fingerprintOf(textOf(path_ / name)).sha256;
+    if (json.at(key).at("sha256") != print)
+      refuse(path_ / name, "was changed: its SHA-256 is not that in study.json");
+  }
+}
+
+std::size_t StudyFolder::numPrograms() const { return descriptionIn(path_).at("programs").size(); }
 
 StudyFolder StudyFolder::open(const fs::path& folder) {
   requireThisVersion(folder);
@@ -152,6 +189,8 @@ fs::path StudyFolder::defaultFor(const fs::path& studyFile) { return studyFile.s
 
 std::vector<fs::path> StudyFolder::shardFiles() const {
   std::vector<std::string> names;
+  std::error_code none;
+  if (!fs::exists(shards(), none)) return {};
   if (const auto error = readFolder(shards(), names)) refuse(shards(), error.message());
   std::sort(names.begin(), names.end());
   std::vector<fs::path> files;

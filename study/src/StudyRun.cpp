@@ -75,11 +75,13 @@ void StudyRun::run(Crew& crew, const Show& show, const std::function<bool()>& ke
   std::vector<bool> busy(static_cast<std::size_t>(crew.size()));
   int numBusy = 0;
   bool stopping = false;
+  const auto stopIfAsked = [&] {
+    if (stopping || keepGoing()) return;
+    stopping = true;
+    crew.stop();
+  };
   for (;;) {
-    if (!stopping && !keepGoing()) {
-      stopping = true;
-      crew.stop();
-    }
+    stopIfAsked();
     for (std::size_t worker = 0; !stopping && worker < busy.size(); ++worker) {
       if (busy[worker]) continue;
       const auto run = next();
@@ -89,7 +91,9 @@ void StudyRun::run(Crew& crew, const Show& show, const std::function<bool()>& ke
       ++numBusy;
     }
     if (numBusy == 0) return;
-    for (const Report& report : crew.wait(atOnce)) {
+    const std::vector<Report> reports = crew.wait(atOnce);
+    stopIfAsked();
+    for (const Report& report : reports) {
       if (report.run >= 0) {
         busy[static_cast<std::size_t>(report.worker)] = false;
         --numBusy;

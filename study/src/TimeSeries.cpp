@@ -1,6 +1,8 @@
 #include "study/TimeSeries.h"
 
+#include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
 
 namespace quorvane {
@@ -13,16 +15,32 @@ double covariance(const std::vector<double>& deviations, std::size_t t) {
   return sum / static_cast<double>(deviations.size() - t);
 }
 
+/// A constant that has no exact mean would have deviations, all equal.
+bool isConstant(const std::vector<double>& values) {
+  return std::adjacent_find(values.begin(), values.end(), std::not_equal_to<>()) == values.end();
+}
+
+/// The longest window: a correlation that lasts longer cannot be measured in so few values, and would take
+/// long.
+std::size_t longestWindow(std::size_t n) {
+  constexpr std::size_t part = 4, most = 20'000;
+  return std::min(n / part, most);
+}
+
 double autocorrelationTime(const std::vector<double>& values, double mean) {
-  constexpr double windowInTimes = 5.0;
+  constexpr double windowInTimes = 5.0, unknown = std::numeric_limits<double>::quiet_NaN();
+  if (isConstant(values)) return unknown;
   std::vector<double> deviations;
   deviations.reserve(values.size());
   for (const double value : values) deviations.push_back(value - mean);
-  const double variance = values.empty() ? 0.0 : covariance(deviations, 0);
-  if (!(variance > 0.0) || !std::isfinite(variance)) return std::numeric_limits<double>::quiet_NaN();
+  const double variance = covariance(deviations, 0);
+  if (!(variance > 0.0) || !std::isfinite(variance)) return unknown;
   double tau = 0.5;
-  for (std::size_t t = 1; t < deviations.size() && static_cast<double>(t) < windowInTimes * tau; ++t)
+  std::size_t t = 1;
+  for (; static_cast<double>(t) < windowInTimes * tau; ++t) {
+    if (t > longestWindow(deviations.size())) return unknown;
     tau += covariance(deviations, t) / variance;
+  }
   return tau;
 }
 

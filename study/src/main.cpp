@@ -152,6 +152,7 @@ class Commands {
 
 int studyMain(int argc, char** argv) {
   fillStandardDescriptors();
+  failWritesInstead();
   processRandomSource.lookAtPlatform();
   Messages messages(std::cerr, kStudyProgram);
   CLI::App app("Makes many runs of a Quorvane document over a grid of parameters.\n", kStudyProgram);

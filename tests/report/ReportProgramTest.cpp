@@ -34,6 +34,9 @@ field = [0.0, 0.05]
 observables = ["contacts", "structure"]
 )";
 
+/// What is said of the first fifth of the runs.
+const std::string kPart = "quorvane-study: 15 of 72 runs are made so far\n";
+
 class Report : public testing::Test {
  protected:
   void makeRuns(const std::string& study, const std::vector<std::string>& more = {}) const {
@@ -92,8 +95,9 @@ TEST_F(Report, WithoutGnuplotIsRefusedAndTheTablesAreMade) {
   const Finished finished = reportWith(folder_.path());
   EXPECT_EQ(finished.status, 1);
   EXPECT_EQ(finished.err,
-            "quorvane-study: gnuplot, which draws the figures, is not installed: install the package "
-            "gnuplot-nox\n");
+            kPart +
+                "quorvane-study: gnuplot, which draws the figures, is not installed: install the package "
+                "gnuplot-nox\n");
   EXPECT_TRUE(fs::exists(results_ / "points.csv"));
   EXPECT_FALSE(fs::exists(results_ / "report.html"));
 }
@@ -103,10 +107,10 @@ TEST_F(Report, TellsWhyGnuplotFailed) {
   const fs::path fake = folder_ / "gnuplot";
   put(fake, "#!/bin/sh\necho; echo '  line 3: out of ink' >&2; exit 1\n");
   fs::permissions(fake, fs::perms::owner_all);
-  EXPECT_EQ(reportWith(folder_.path()).err, "quorvane-study: gnuplot failed: line 3: out of ink\n");
+  EXPECT_EQ(reportWith(folder_.path()).err, kPart + "quorvane-study: gnuplot failed: line 3: out of ink\n");
   put(fake, "#!/bin/sh\necho '<svg></svg>'\n");
   EXPECT_THAT(reportWith(folder_.path()).err,
-              testing::MatchesRegex("quorvane-study: gnuplot drew 1 of [0-9]+ figures\n"));
+              testing::MatchesRegex(kPart + "quorvane-study: gnuplot drew 1 of [0-9]+ figures\n"));
   EXPECT_FALSE(fs::exists(results_ / "report.html"));
 }
 
@@ -117,7 +121,7 @@ TEST_F(Report, OfSomethingElseIsRefusedInOneLine) {
   fs::create_directory(results_ / "report.html");
   const Finished finished = report();
   EXPECT_EQ(finished.status, 1);
-  EXPECT_THAT(finished.err, testing::MatchesRegex("quorvane-study: \".*report.html\": .*\n"));
+  EXPECT_THAT(finished.err, testing::MatchesRegex(kPart + "quorvane-study: \".*report.html\": .*\n"));
 }
 
 }  // namespace

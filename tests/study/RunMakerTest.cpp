@@ -111,15 +111,28 @@ TEST(RunMaker, RefusesAStudyThatDoesNotFitItsDocument) {
     change(study);
     return studyErrorOf([&] { RunMaker(study, isingDocument()); });
   };
-  EXPECT_THAT(refusal([](Study& study) { study.axes[0].name = "Gravity"; }),
-              testing::StartsWith("\"ising.quorvane\": --set: no rule is called \"Gravity\"; there are"));
+  EXPECT_THAT(
+      refusal([](Study& study) { study.axes[0].name = "Gravity"; }),
+      testing::StartsWith("\"small.toml\": line 14: [[vary]]: no rule is called \"Gravity\"; there are"));
   EXPECT_EQ(refusal([](Study& study) { study.axes[0].values.back() = "11"; }),
-            "\"ising.quorvane\": --set: parameter: 11 is not from -10 to 10");
+            "\"small.toml\": line 14: [[vary]]: parameter: 11 is not from -10 to 10");
   EXPECT_THAT(refusal([](Study& study) { study.fill[0].type = "Spin left"; }),
-              testing::StartsWith("\"ising.quorvane\": --fill: no pixel type is called \"Spin left\""));
+              testing::StartsWith("\"small.toml\": line 11: fill: no pixel type is called \"Spin left\""));
   EXPECT_THAT(refusal([](Study& study) { study.observables = "entropy"; }),
-              testing::StartsWith("\"ising.quorvane\": observables: "));
-  EXPECT_EQ(studyErrorOf([&] { RunMaker(smallStudy(), "12\n"); }).substr(0, 17), "\"ising.quorvane\":");
+              testing::StartsWith("\"small.toml\": line 7: observables: "));
+  EXPECT_THAT(refusal([](Study& study) { study.series = "entropy"; }),
+              testing::StartsWith("\"small.toml\": line 22: observables: "));
+  EXPECT_THAT(studyErrorOf([&] { RunMaker(smallStudy(), "12\n"); }),
+              testing::StartsWith("\"small.toml\": line 1: document \"ising.quorvane\": "));
+}
+
+TEST(RunMaker, RefusesWhatIsVariedTwiceUnderAnyName) {
+  Study study = smallStudy();
+  study.axes.push_back(study.axes[0]);
+  study.axes[2].line = 30;
+  study.axes[2].name = "#1";
+  EXPECT_EQ(studyErrorOf([&] { RunMaker(study, isingDocument()); }),
+            "\"small.toml\": line 30: [[vary]]: the parameter of \"#1\" is varied twice");
 }
 
 }  // namespace

@@ -100,7 +100,8 @@ TEST_F(Shard, OfAnotherStudyOrOfNothingIsRefused) {
   EXPECT_EQ(studyErrorOf([&] { ShardReader(file(), DigestOf("another").value()); }),
             name + ": is a shard of another study");
   put(file(), "something else that is long enough");
-  EXPECT_EQ(studyErrorOf([&] { ShardReader(file(), kIdentity); }), name + ": is no shard");
+  EXPECT_EQ(studyErrorOf([&] { ShardReader(file(), kIdentity); }),
+            name + ": is no shard, or its beginning is damaged; move it away, and its runs are made again");
   EXPECT_EQ(studyErrorOf([&] { ShardReader(folder_ / "none", kIdentity); }),
             '"' + (folder_ / "none").string() + "\": No such file or directory");
 }

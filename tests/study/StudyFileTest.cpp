@@ -59,6 +59,10 @@ TEST(StudyFile, NeedsOnlyDocumentSweepsAndObservables) {
   EXPECT_EQ(numPoints(study), 1);
 }
 
+TEST(StudyFile, ManyStepsAreReadAtOnce) {
+  EXPECT_EQ(studyIn(changed("steps = 3", "steps = 1000000"), "small.toml").axes[0].values.size(), 1'000'000u);
+}
+
 TEST(StudyFile, StepsAreDecimalNumbers) {
   const Study study = studyIn(changed("steps = 3", "steps = 13"), "small.toml");
   EXPECT_THAT(study.axes[0].values, ElementsAre("0.7", "0.71", "0.72", "0.73", "0.74", "0.75", "0.76", "0.77",
@@ -86,7 +90,9 @@ TEST(StudyFile, IsRefusedWithTheLine) {
   EXPECT_EQ(refusal(changed("steps = 3", "stride = 3")),
             "\"small.toml\": line 15: [parameter]: there is no \"steps\"");
   EXPECT_EQ(refusal(changed("field = [0.0, 0.05]", "field = [0.0, 0.0]")),
-            "\"small.toml\": line 1: [[vary]]: \"Spin up\" has the value 0 twice");
+            "\"small.toml\": line 19: [[vary]]: \"Spin up\" has the value 0 twice");
+  EXPECT_EQ(refusal(changed("[8, [12, 6]]", "[8, [12, 6], [8, 8]]")),
+            "\"small.toml\": line 10: sides: 8 x 8 is there twice");
 }
 
 TEST(StudyFile, AValueOfAnotherKindIsNamedForWhatItIs) {
@@ -115,9 +121,9 @@ TEST(StudyFile, AValueOfAnotherKindIsNamedForWhatItIs) {
 
 TEST(StudyFile, IsRefusedIfValuesDoNotFitTogether) {
   EXPECT_EQ(refusal(changed("discard  = 10", "discard  = 41")),
-            "\"small.toml\": line 1: discard: more than the sweeps");
+            "\"small.toml\": line 3: discard: more than the sweeps");
   EXPECT_EQ(refusal(changed("every    = 5", "every    = 7")),
-            "\"small.toml\": line 1: sweeps: not a multiple of every");
+            "\"small.toml\": line 2: sweeps: not a multiple of every");
   EXPECT_EQ(refusal(changed("0.25", "0.2")),
             "\"small.toml\": line 11: fill: the shares add up to 0.95, not 1");
   EXPECT_EQ(refusal(changed("type  =", "parameter = [1]\ntype  =")),
@@ -129,10 +135,10 @@ TEST(StudyFile, LastSeedIsTheLargestThereIs) {
   // 12 points times 3 replicas: seeds from first to first + 35.
   EXPECT_EQ(refusal(changed("seed     = 11", "seed     = 2147483612")), "");
   EXPECT_EQ(refusal(changed("seed     = 11", "seed     = 2147483613")),
-            "\"small.toml\": line 1: seed: the last of 12 points times 3 replicas would have a seed beyond "
+            "\"small.toml\": line 6: seed: the last of 12 points times 3 replicas would have a seed beyond "
             "2147483647");
   EXPECT_EQ(refusal(changed("replicas = 3", "replicas = 2147483647")),
-            "\"small.toml\": line 1: seed: the last of 12 points times 2147483647 replicas would have a seed "
+            "\"small.toml\": line 6: seed: the last of 12 points times 2147483647 replicas would have a seed "
             "beyond "
             "2147483647");
 }

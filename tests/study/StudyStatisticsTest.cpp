@@ -23,6 +23,17 @@ TEST(TimeSeries, TauOfAConstantOrAnInfiniteColumnIsUndefined) {
   EXPECT_TRUE(std::isnan(momentsOf({}).mean));
 }
 
+TEST(TimeSeries, AConstantWithoutAnExactMeanIsConstant) {
+  // The sum of a thousand tenths is not a hundred.
+  EXPECT_TRUE(std::isnan(momentsOf(std::vector<double>(1000, 0.1)).tau));
+}
+
+TEST(TimeSeries, TauOfATrendIsUndefinedAndTakesBoundedTime) {
+  std::vector<double> trend;
+  for (int k = 0; k < 100'000; ++k) trend.push_back(k);
+  EXPECT_TRUE(std::isnan(momentsOf(trend).tau));
+}
+
 /// A first-order autoregressive sequence has rho(t) = phi^t, so tau = (1 + phi) / (2 (1 - phi)).
 TEST(TimeSeries, TauOfAnAutoregressiveSequence) {
   std::mt19937_64 source(5);

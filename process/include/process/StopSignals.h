@@ -7,9 +7,11 @@ namespace quorvane {
 
 /// Handles the stop signals. The first one only sets stopSignal; another one, a second later or more, ends
 /// the process at once. Those in between are ignored, since a sender may signal both the process and its
-/// group. A signal that was ignored before stays ignored. SIGPIPE and SIGXFSZ are ignored: the write fails
-/// instead.
+/// group. A signal that was ignored before stays ignored. Also failWritesInstead.
 void watchStopSignals();
+
+/// Ignores SIGPIPE (a closed pipe) and SIGXFSZ (a limit of file sizes): the write fails instead.
+void failWritesInstead();
 
 /// The first stop signal received, 0 before that.
 int stopSignal();

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "measure/Snapshot.h"
 #include "model/LatticeModel.h"
 #include "study/RunResult.h"
 #include "study/Study.h"
@@ -37,6 +38,9 @@ class RunMaker {
   std::vector<std::string> typeNames() const;
 
  private:
+  [[noreturn]] void refuse(int line, const std::string& why) const;
+  void requireNames();
+  void requireObservables(const std::string& list, const Snapshot& now, int line) const;
   void start(std::int64_t run);
   Shape shapeNow() const;
 

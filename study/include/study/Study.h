@@ -20,6 +20,7 @@ struct Axis {
   std::string name;                 ///< of the rule or the pixel type, or "#INDEX"
   std::string field;                ///< as in a Setting
   std::vector<std::string> values;  ///< at least one, as --set takes them
+  int line = 0;                     ///< of the study file
 };
 
 struct Study {
@@ -34,6 +35,12 @@ struct Study {
   std::vector<LatticeSides> sides;  ///< empty: those of the document
   std::vector<Share> fill;          ///< empty: the sites of the document
   std::vector<Axis> axes;
+
+  /// Where it was read, for messages: the file as they name it, and lines.
+  struct Source {
+    std::string file;
+    int document = 0, observables = 0, series = 0, fill = 0;
+  } source;
 };
 
 /// The largest seed, and so the largest number of runs.

@@ -17,12 +17,14 @@ inline constexpr const char* kDescriptionName = "study.json";
 /// A study with the text of its document, and the folder of its results.
 ///
 /// The folder holds study.toml and the document, both as they were at the start, study.json, which says what
-/// made them, and shards/. Tables are written beside them.
+/// made them (the builds of the program, in the order of their first start, and hashes), and shards/. Tables
+/// are written beside them.
 class StudyFolder {
  public:
-  /// Makes the folder for a study file, or opens it if it is of this study. More replicas than so far are
-  /// taken over. Throws StudyError, with what differs, if the folder is of another study, document or
-  /// version.
+  /// Makes the folder for a study file, or opens it if it is of this study, also if other processes do so at
+  /// the same time. More replicas than so far are taken over, and a folder without runs is made anew. Throws
+  /// StudyError if the study does not fit its document, and then no folder is made, or with what differs if
+  /// the folder is of another study, document or version.
   static StudyFolder forStudy(const std::filesystem::path& studyFile, const std::filesystem::path& folder);
 
   /// Opens an existing one. Throws StudyError if it is none, or of another version.
@@ -39,6 +41,11 @@ class StudyFolder {
   const Digest& identity() const { return identity_; }
   /// All shards, sorted by name.
   std::vector<std::filesystem::path> shardFiles() const;
+
+  /// Throws StudyError if study.toml or the document has another hash than in study.json.
+  void requireUnchanged() const;
+  /// How many builds of the program have made runs.
+  std::size_t numPrograms() const;
 
  private:
   StudyFolder(std::filesystem::path path, Study study, std::string document);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <csignal>
 #include <cstdlib>
 #include <memory>
 #include <optional>
@@ -97,6 +98,8 @@ std::vector<Report> MpiCrew::wait(std::chrono::milliseconds longest) {
       const int worker = status.MPI_SOURCE - 1;
       std::int64_t& run = runs_[static_cast<std::size_t>(worker)];
       reports.push_back(reportIn(packet, worker, run));
+      // A rank that was told to stop would drop every other run too: the job stops, as if all had been told.
+      if (reports.back().what == Report::kDropped && stopSignal() == 0) ::raise(SIGTERM);
       run = -1;
     }
     if (!reports.empty() || std::chrono::steady_clock::now() >= end) return reports;

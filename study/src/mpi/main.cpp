@@ -61,6 +61,7 @@ int runAsRank(const Mpi& mpi, const RunOptions& options, Messages& messages) {
 
 int mpiMain(int argc, char** argv) {
   fillStandardDescriptors();
+  failWritesInstead();
   processRandomSource.lookAtPlatform();
   const Mpi mpi(argc, argv);
   Messages messages(std::cerr, kMpiProgram);
