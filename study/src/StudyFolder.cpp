@@ -73,13 +73,19 @@ void requireThisVersion(const fs::path& folder) {
   const fs::path file = folder / kDescriptionName;
   std::error_code error;
   if (!fs::exists(file, error)) refuse(folder, "is no folder of a study's results (it has no study.json)");
-  const auto json = nlohmann::json::parse(textOf(file), nullptr, false);
-  const auto version = json.is_object() ? json.find("version") : json.end();
-  if (version == json.end() || !version->is_string()) refuse(file, "is damaged");
-  const std::string found = *version, ours = thisProgram().version;
+  const nlohmann::json json = descriptionIn(folder);
+  const auto isText = [&](const char* place) {
+    const nlohmann::json::json_pointer pointer(place);
+    return json.contains(pointer) && json[pointer].is_string();
+  };
+  if (!isText("/version")) refuse(file, "is damaged");
+  const std::string found = json["version"], ours = thisProgram().version;
   if (found != ours)
     refuse(folder, "its results were made by version " + onOneLine(found) + ", and this is version " + ours +
                        "; use another folder, or that version");
+  if (!isText("/study/sha256") || !isText("/document/sha256") || !json.contains("programs") ||
+      !json["programs"].is_array())
+    refuse(file, "is damaged");
 }
 
 /// The first lines in which two texts differ.

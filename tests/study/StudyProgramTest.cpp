@@ -270,6 +270,8 @@ TEST_F(StudyProgram, RefusesAFolderOfAnotherVersion) {
                            QUORVANE_VERSION + "; use another folder, or that version";
   expectLine(makeAll(), 1, line);
   expectLine(study({"table", results_}), 1, line);
+  put(results_ / "study.json", std::string("{") + here + "}");
+  expectLine(study({"status", results_}), 1, named(results_ / "study.json") + ": is damaged");
   put(results_ / "study.json", "[]");
   expectLine(study({"status", results_}), 1, named(results_ / "study.json") + ": is damaged");
 }
