@@ -1,4 +1,5 @@
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <list>
@@ -328,6 +329,34 @@ TEST_F(StudyProgram, CheckFindsAChangedStudyOrDocument) {
   put(results_ / "study.toml", contentOf(results_ / "study.toml") + "# later\n");
   expectLine(study({"check", results_}), 1,
              named(results_ / "study.toml") + ": was changed: its SHA-256 is not that in study.json");
+}
+
+/// What quorvane-study says for a user who may read everything here and write nothing.
+Finished asAReader(const std::string& words) {
+  const std::string user = ::geteuid() == 0 ? "setpriv --reuid 23456 --regid 23456 --clear-groups " : "";
+  return quorvane::run("/bin/sh", {"-c", user + QUORVANE_STUDY + " " + words});
+}
+
+TEST_F(StudyProgram, AFolderThatMayOnlyBeReadIsReadAndOtherwiseToldInOneLine) {
+  if (asAReader("--version").status != 0) GTEST_SKIP() << "another user may not run the program here";
+  ASSERT_EQ(makeAll({"--shard", "1/3"}).status, 0);
+  const auto readable = fs::perms::owner_read | fs::perms::owner_exec | fs::perms::group_read |
+                        fs::perms::group_exec | fs::perms::others_read | fs::perms::others_exec;
+  for (const fs::path& folder : {folder_.path(), results_, results_ / "shards"})
+    fs::permissions(folder, readable);
+  const std::string results = results_.string();
+  EXPECT_EQ(asAReader("status " + results).status, 0);
+  EXPECT_EQ(asAReader("check " + results).status, 0);
+  const std::string denied = "quorvane-study: \"" + results;
+  for (const std::string& words : {"table " + results, "run " + study_.string() + " --results " + results}) {
+    const Finished finished = asAReader(words);
+    EXPECT_EQ(finished.status, 1) << words;
+    EXPECT_THAT(finished.err, HasSubstr(denied)) << words;
+    EXPECT_THAT(finished.err, testing::EndsWith(": Permission denied\n")) << words;
+  }
+  fs::permissions(folder_.path(), fs::perms::owner_all);
+  fs::permissions(results_, fs::perms::owner_all);
+  fs::permissions(results_ / "shards", fs::perms::owner_all);
 }
 
 TEST_F(StudyProgram, AFolderThatCannotBeMadeIsToldInOneLine) {
