@@ -23,7 +23,7 @@ bool isConstant(const std::vector<double>& values) {
 /// The longest window: a correlation that lasts longer cannot be measured in so few values, and would take
 /// long.
 std::size_t longestWindow(std::size_t n) {
-  constexpr std::size_t part = 4, most = 20'000;
+  constexpr std::size_t part = 2, most = 20'000;
   return std::min(n / part, most);
 }
 
