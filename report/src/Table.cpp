@@ -4,7 +4,7 @@
 #include <limits>
 
 #include "batch/Messages.h"
-#include "document/RealFromChars.h"
+#include "settings/Names.h"
 #include "study/CsvText.h"
 #include "study/StudyError.h"
 #include "study/StudyFile.h"
@@ -106,11 +106,11 @@ Table columnsOf(const Table& table, const std::vector<std::size_t>& columns) {
 }
 
 double numberIn(const std::string& cell) {
-  double value = 0.0;
-  const char* last = cell.data() + cell.size();
-  const auto [end, error] = realFromChars(cell.data(), last, value);
-  const bool isNumber = error == std::errc{} && end == last;
-  return isNumber ? value : std::numeric_limits<double>::quiet_NaN();
+  try {
+    return realIn(cell);
+  } catch (const SettingError&) {
+    return std::numeric_limits<double>::quiet_NaN();
+  }
 }
 
 }  // namespace quorvane
