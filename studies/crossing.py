@@ -8,10 +8,9 @@ standard errors. CURVES.csv gets the cumulants for a plot.
 """
 import csv
 import math
-import sys
 from statistics import fmean
 
-from tables import jackknife, polynomial, rows, solved, told, value_at
+from tables import jackknife, polynomial, rows, run, solved, told, value_at
 
 KNOWN_COUPLING = 0.1901926807  # Luijten, Bloete and Bakker, Phys. Rev. E 54, 4626, 1996
 KNOWN_CUMULANT = 0.610690  # Kamieniarz and Bloete, J. Phys. A 26, 201, 1993
@@ -121,9 +120,4 @@ def main(folder, curves_file=None):
 
 
 if __name__ == "__main__":
-    if len(sys.argv) not in (2, 3):
-        sys.exit(__doc__)
-    try:
-        main(*sys.argv[1:])
-    except (OSError, KeyError, ValueError) as problem:
-        sys.exit(f"crossing.py: {sys.argv[1]}: {problem}")
+    run(main, __doc__, 1, 2)

@@ -9,10 +9,9 @@ CURVES.csv gets the shares for a plot.
 """
 import csv
 import math
-import sys
 from statistics import fmean
 
-from tables import bisected, density, evenly_in_logarithm, jackknife, polynomial, rows, told, value_at
+from tables import bisected, density, evenly_in_logarithm, jackknife, polynomial, rows, run, told, value_at
 
 KNOWN_EXPONENT = 0.4505  # directed percolation in 2 + 1 dimensions: Voigt and Ziff, Phys. Rev. E 56, R6241, 1997
 
@@ -65,9 +64,4 @@ def main(folder, first_sweep, curves_file=None):
 
 
 if __name__ == "__main__":
-    if len(sys.argv) not in (3, 4):
-        sys.exit(__doc__)
-    try:
-        main(*sys.argv[1:])
-    except (OSError, KeyError, ValueError) as problem:
-        sys.exit(f"decay.py: {sys.argv[1]}: {problem}")
+    run(main, __doc__, 2, 3)

@@ -9,11 +9,10 @@ lengths and the exponents between times for a plot.
 """
 import csv
 import math
-import sys
 from fractions import Fraction
 from statistics import fmean
 
-from tables import evenly_in_logarithm, jackknife, polynomial, rows, told
+from tables import evenly_in_logarithm, jackknife, polynomial, rows, run, told
 
 # From domains that have forgotten the start, to a lattice with some sixteen of them.
 FIRST, SHORTEST, LONGEST_OF_SIDE = 8, 9.0, 0.25
@@ -114,9 +113,4 @@ def main(folder, known, curves_file=None):
 
 
 if __name__ == "__main__":
-    if len(sys.argv) not in (3, 4):
-        sys.exit(__doc__)
-    try:
-        main(*sys.argv[1:])
-    except (OSError, KeyError, ValueError) as problem:
-        sys.exit(f"growth.py: {sys.argv[1]}: {problem}")
+    run(main, __doc__, 2, 3)

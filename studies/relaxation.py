@@ -9,10 +9,9 @@ with 1 / c. CURVES.csv gets the times for a plot.
 """
 import csv
 import math
-import sys
 from statistics import fmean
 
-from tables import jackknife, rows, told
+from tables import jackknife, rows, run, told
 
 # Above this share a mobile site mostly has mobile neighbours and is not a walker of its own.
 RARE = 0.1
@@ -68,9 +67,4 @@ def main(folder, curves_file=None):
 
 
 if __name__ == "__main__":
-    if len(sys.argv) not in (2, 3):
-        sys.exit(__doc__)
-    try:
-        main(*sys.argv[1:])
-    except (OSError, KeyError, ValueError) as problem:
-        sys.exit(f"relaxation.py: {sys.argv[1]}: {problem}")
+    run(main, __doc__, 1, 2)

@@ -2,7 +2,19 @@
 import csv
 import math
 import os
+import sys
 from statistics import fmean
+
+
+def run(main, usage, fewest, most):
+    """Calls main with the words of the command line. Tables that are missing or do not fit give one line."""
+    program, *words = sys.argv
+    if not fewest <= len(words) <= most:
+        sys.exit(usage)
+    try:
+        main(*words)
+    except (OSError, KeyError, ValueError) as problem:
+        sys.exit(f"{os.path.basename(program)}: {words[0]}: {problem}")
 
 
 def rows(folder, name):

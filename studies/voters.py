@@ -14,10 +14,9 @@ and 1 / share grows with the slope 4 / (3 pi) for ln t. The slope and C are fitt
 """
 import csv
 import math
-import sys
 from statistics import fmean
 
-from tables import bisected, density, evenly_in_logarithm, jackknife, rows, told
+from tables import bisected, density, evenly_in_logarithm, jackknife, rows, run, told
 
 KNOWN_SLOPE, KNOWN_CONSTANT = 4 / (3 * math.pi), math.log(72)
 # The coefficients of 1 / Gamma(1 - y) from y^0 up: Abramowitz and Stegun, 6.1.34.
@@ -84,9 +83,4 @@ def main(folder, curves_file=None):
 
 
 if __name__ == "__main__":
-    if len(sys.argv) not in (2, 3):
-        sys.exit(__doc__)
-    try:
-        main(*sys.argv[1:])
-    except (OSError, KeyError, ValueError) as problem:
-        sys.exit(f"voters.py: {sys.argv[1]}: {problem}")
+    run(main, __doc__, 1, 2)

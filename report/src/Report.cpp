@@ -111,8 +111,7 @@ int makeReport(const fs::path& path, Messages& messages) {
   return guarded(messages, [&] {
     const StudyFolder folder = StudyFolder::open(path);
     const RunMaker maker(folder.study(), folder.documentText());
-    tabulate(folder, maker, messages);
-    writeReport(folder, maker, StudyResults(folder));
+    writeReport(folder, maker, tabulate(folder, maker, messages));
     return static_cast<int>(messages.failed() ? kStudyFailed : kStudyDone);
   });
 }

@@ -26,19 +26,6 @@ std::int64_t numPoints(const Study& study) {
 
 std::int64_t numRuns(const Study& study) { return numPoints(study) * study.replicas; }
 
-std::vector<std::int64_t> pointsAlongAxes(const Study& study) {
-  std::vector<std::int64_t> points{0};
-  std::int64_t stride = numPoints(study);
-  const auto along = [&](std::size_t length) {
-    stride /= static_cast<std::int64_t>(length);
-    for (std::size_t place = 1; place < length; ++place)
-      points.push_back(static_cast<std::int64_t>(place) * stride);
-  };
-  if (!study.sides.empty()) along(study.sides.size());
-  for (const Axis& axis : study.axes) along(axis.values.size());
-  return points;
-}
-
 std::vector<std::size_t> placesOf(const Study& study, std::int64_t point) {
   const std::size_t first = study.sides.empty() ? 0 : 1;
   std::vector<std::size_t> places(first + study.axes.size());

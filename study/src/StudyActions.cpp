@@ -107,12 +107,13 @@ int guarded(Messages& messages, const std::function<int()>& work) {
   return kStudyFailed;
 }
 
-void tabulate(const StudyFolder& folder, const RunMaker& maker, Messages& messages) {
+StudyResults tabulate(const StudyFolder& folder, const RunMaker& maker, Messages& messages) {
   StudyResults results(folder);
   noteDamages(results, messages);
   noteMissing(results, folder, messages);
   writeTables(folder, maker, results);
   noteFailed(results, folder, messages);
+  return results;
 }
 
 int runStudy(const RunOptions& options, const CrewMaker& crewFor, Messages& messages) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
+#include <optional>
 
 #include "batch/Messages.h"
 #include "batch/Streams.h"
@@ -152,17 +153,16 @@ StudyFolder StudyFolder::forStudy(const fs::path& studyFile, const fs::path& fol
   // A study that does not fit its document leaves no folder behind.
   const RunMaker fits(study, document);
   const auto former = descriptionIn(folder);
-  if (former.is_null()) requireEmpty(folder);
-  const bool hasRuns = !former.is_null() && !open(folder).shardFiles().empty();
-  bool isNew = !hasRuns;
-  if (hasRuns) {
-    const StudyFolder there = open(folder);
-    requireSame(there, study, document);
-    isNew = there.study().replicas < study.replicas;
-  }
+  std::optional<StudyFolder> there;
+  if (former.is_null())
+    requireEmpty(folder);
+  else
+    there = open(folder);
+  const bool hasRuns = there && !there->shardFiles().empty();
+  if (hasRuns) requireSame(*there, study, document);
   makeFolder(folder);
   if (!hasRuns) write(folder / kDocumentName, document);
-  if (isNew)
+  if (!hasRuns || there->study().replicas < study.replicas)
     write(folder / kStudyName, text);
   else
     text = textOf(folder / kStudyName);

@@ -462,6 +462,10 @@ TEST_F(StudyProgram, PrintsTheCommandOfARun) {
                 "Spin up "
                 "field=0.05' --remake 12x6 --fill 'Spin up=0.75,Spin down=0.25' --observables "
                 "energy,order:0:1,correlation,kept --measure run-33.csv\n");
+  // The study in a folder of results has its document beside it under another name.
+  ASSERT_EQ(makeAll({"--shard", "1/36"}).status, 0);
+  EXPECT_THAT(study({"command", results_ / "study.toml", "--run", "33"}).out,
+              StartsWith("quorvane-batch " + (results_ / "document.quorvane").string() + " --sweeps 40 "));
   expectLine(study({"command", study_, "--run", "36"}), 1, "--run: 36 is not below 36, the number of runs");
 }
 

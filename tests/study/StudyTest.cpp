@@ -32,10 +32,6 @@ TEST(Study, ColumnsTellPointsApart) {
   EXPECT_THAT(settingValues(smallStudy(), 9), ElementsAre("12", "6", "0.76", "0.05"));
 }
 
-TEST(Study, PointsAlongAxesHaveEveryValue) {
-  EXPECT_THAT(pointsAlongAxes(smallStudy()), ElementsAre(0, 6, 2, 4, 1));
-}
-
 TEST(Study, MeasuresAtTheMultiplesFromDiscardOn) {
   Study study = smallStudy();
   EXPECT_EQ(numMeasurements(study), 7) << "10, 15, ..., 40";

@@ -52,10 +52,6 @@ std::int64_t numRuns(const Study& study);
 /// The place of a point on each axis, that of the sides first if there are any.
 std::vector<std::size_t> placesOf(const Study& study, std::int64_t point);
 
-/// Point 0 and those that differ from it in one place, the axis of the sides first: together they have every
-/// value of every axis.
-std::vector<std::int64_t> pointsAlongAxes(const Study& study);
-
 /// The seed, settings, sides and shares of a run.
 Start startOf(const Study& study, std::int64_t run);
 

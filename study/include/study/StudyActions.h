@@ -10,6 +10,7 @@
 #include "study/Crew.h"
 #include "study/RunMaker.h"
 #include "study/StudyFolder.h"
+#include "study/StudyResults.h"
 #include "study/StudyRun.h"
 
 /// What quorvane-study does. Each gives the exit status, after one line on standard error for each failure.
@@ -33,8 +34,8 @@ struct RunOptions {
 /// Work whose failure is one line. Gives its status, or kStudyFailed.
 int guarded(Messages& messages, const std::function<int()>& work);
 
-/// Makes the tables; notes damage and failed runs.
-void tabulate(const StudyFolder& folder, const RunMaker& maker, Messages& messages);
+/// Makes the tables; notes damage, and runs that failed or are missing. Returns what they were made from.
+StudyResults tabulate(const StudyFolder& folder, const RunMaker& maker, Messages& messages);
 
 int runStudy(const RunOptions& options, const CrewMaker& crewFor, Messages& messages);
 int makeTables(const std::filesystem::path& results, Messages& messages);

@@ -40,7 +40,6 @@ class StudyRun {
   void run(Crew& crew, const Show& show, const std::function<bool()>& keepGoing);
 
   const StudyProgress& progress() const { return progress_; }
-  bool isComplete() const { return progress_.done + progress_.failed == progress_.total; }
 
  private:
   std::optional<std::int64_t> next();
