@@ -1,14 +1,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <random>
 
 #include "DocumentSupport.h"
 #include "Faults.h"
+#include "KillMoments.h"
 #include "Process.h"
 #include "SharedPlan.h"
 
@@ -16,7 +15,6 @@ namespace quorvane {
 namespace {
 
 namespace fs = std::filesystem;
-using std::chrono::microseconds;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
@@ -63,30 +61,19 @@ class KilledRun : public testing::Test {
   }
   bool hasCheckpoint() const { return fs::exists(folder_ / kCheckpoint); }
 
-  /// Kills a program at a random moment up to a time. Its end, or minus the signal.
-  int killWithin(const Words& run, int longest) {
+  /// Kills a program at a random moment. True if it had not ended by then.
+  bool killed(const Words& run, KillMoments& moments) const {
     Process program(QUORVANE_BATCH, run);
-    program.waitFor(microseconds(std::uniform_int_distribution<int>(0, longest)(random_)));
+    program.waitFor(moments.next());
     program.kill();
     const Finished finished = program.wait();
-    if (finished.status != -SIGKILL) {
+    const bool early = finished.status == -SIGKILL;
+    if (!early) {
       EXPECT_EQ(finished.err, "");
       EXPECT_EQ(finished.status, 0);
     }
-    return finished.status;
-  }
-  /// The shortest of several times, since another program may slow some of them down.
-  microseconds timeOf(const Words& run) const {
-    auto shortest = microseconds::max();
-    constexpr int times = 5;
-    for (int k = 0; k < times; ++k) {
-      empty();
-      const auto start = std::chrono::steady_clock::now();
-      EXPECT_EQ(quorvane::run(QUORVANE_BATCH, run).status, 0);
-      shortest = std::min(shortest,
-                          std::chrono::duration_cast<microseconds>(std::chrono::steady_clock::now() - start));
-    }
-    return shortest;
+    moments.add(early);
+    return early;
   }
 
   void expectAsInOneGo(const Files& expected) const {
@@ -103,23 +90,22 @@ class KilledRun : public testing::Test {
   const fs::path folder_ = fs::canonical(temporary_.path());
   const std::string document_ = elsewhere_ / "in";
   const SharedPlan plan_;
-  std::mt19937 random_{4711};
 };
 
 TEST_F(KilledRun, ContinuedLeavesTheBytesOfOneGoWheneverItWasKilled) {
   constexpr int rounds = 200;
   const Files expected = inOneGo(words("1000", "7"));
   const Words start = withCheckpoints(words("500", "7"));
-  const auto longest = static_cast<int>(timeOf(start).count());
+  KillMoments ofStarts, ofContinuations;
   int numKilled = 0, numContinuationsKilled = 0;
   for (int round = 0; round < rounds; ++round) {
     SCOPED_TRACE(round);
     empty();
-    if (killWithin(start, longest) == -SIGKILL) ++numKilled;
+    if (killed(start, ofStarts)) ++numKilled;
     // A run that is killed before its first checkpoint begins again.
-    while (!hasCheckpoint()) killWithin(start, longest);
+    while (!hasCheckpoint()) killed(start, ofStarts);
     // Half of the continuations are killed, too.
-    if (round % 2 == 1 && killWithin(continuation("1000"), longest) == -SIGKILL) ++numContinuationsKilled;
+    if (round % 2 == 1 && killed(continuation("1000"), ofContinuations)) ++numContinuationsKilled;
     ASSERT_NO_FATAL_FAILURE(expectAsInOneGo(expected));
   }
   std::printf("%d of %d runs killed, and %d continuations\n", numKilled, rounds, numContinuationsKilled);

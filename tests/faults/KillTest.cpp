@@ -1,13 +1,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
 #include <csignal>
-#include <random>
 
 #include "DocumentSupport.h"
 #include "Faults.h"
+#include "KillMoments.h"
 #include "Process.h"
 #include "SharedPlan.h"
 
@@ -15,7 +14,6 @@ namespace quorvane {
 namespace {
 
 namespace fs = std::filesystem;
-using std::chrono::microseconds;
 using testing::IsEmpty;
 
 /// Two runs with the same targets. Neither waits for the disk, since fsync matters only for a loss of power.
@@ -49,17 +47,6 @@ class SameTargets : public testing::Test {
     EXPECT_THAT(partialFilesIn(folder_), IsEmpty());
   }
 
-  microseconds timeOfARun() const {
-    std::array<microseconds, 5> times;
-    for (auto& time : times) {
-      const auto start = std::chrono::steady_clock::now();
-      EXPECT_EQ(run(0).wait().status, 0);
-      time = std::chrono::duration_cast<microseconds>(std::chrono::steady_clock::now() - start);
-    }
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
-  }
-
   static constexpr std::array kDocuments = {QUORVANE_EXAMPLES "/growth-from-a-seed.quorvane",
                                             QUORVANE_EXAMPLES "/eden-growth.quorvane"};
   const TemporaryFolder temporary_, elsewhere_;
@@ -71,20 +58,22 @@ class SameTargets : public testing::Test {
 
 TEST_F(SameTargets, AreOldOrNewWhenARunIsKilledAtAnyMoment) {
   constexpr int rounds = 200;
-  std::mt19937 random(4711);
-  std::uniform_int_distribution<int> moment(0, static_cast<int>(timeOfARun().count()));
+  KillMoments moments;
   int numKilled = 0, numInTheMiddle = 0;
   for (int round = 0; round < rounds; ++round) {
     SCOPED_TRACE(round);
     const auto before = partialFilesIn(folder_);
     Process program = run(static_cast<std::size_t>(round % 2));
-    program.waitFor(microseconds(moment(random)));
+    program.waitFor(moments.next());
     program.kill();
-    if (program.wait().status == -SIGKILL) ++numKilled;
+    const bool killed = program.wait().status == -SIGKILL;
+    moments.add(killed);
+    if (killed) ++numKilled;
     if (partialFilesIn(folder_) != before) ++numInTheMiddle;
     expectEachFileOfOneRun();
   }
   std::printf("%d of %d runs killed, %d of them while a file grew\n", numKilled, rounds, numInTheMiddle);
+  EXPECT_GT(numKilled, rounds / 2);
   EXPECT_GT(numInTheMiddle, 0);
   expectTheNextRunToTidyUp();
 }
