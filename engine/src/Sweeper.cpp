@@ -130,11 +130,16 @@ struct Sweeper::Tables {
 
 Sweeper::Sweeper(const SystemArrays& system) : system_(system), tables_(std::make_unique<Tables>()) {}
 Sweeper::~Sweeper() = default;
+Sweeper::Sweeper(Sweeper&&) noexcept = default;
 
 void Sweeper::sweep(const Relaxed<std::int32_t>& state, std::int32_t whileState) {
   const auto attempts = [this] { return std::int64_t{system_.imax} * system_.jmax + 1; };
   for (std::int64_t k = 0; k < attempts() && state == whileState;)
     k += batch(std::min(kBatch, attempts() - k), state, whileState);
+}
+
+void Sweeper::attempts(std::int64_t count, const Relaxed<std::int32_t>& state, std::int32_t whileState) {
+  while (count > 0 && state == whileState) count -= batch(std::min(kBatch, count), state, whileState);
 }
 
 std::int64_t Sweeper::batch(std::int64_t count, const Relaxed<std::int32_t>& state, std::int32_t whileState) {

@@ -87,4 +87,11 @@ void LatticeModel::updateHistory() {
   }
 }
 
+void LatticeModel::paintSiteAs(int i, int j, int type) {
+  varSiteValues[i][j] = type;
+  varMobileHistory[type][i][j] = varMobileHistoryMax[type];
+  for (int other = 0; other < varNumSiteTypes; ++other)
+    if (other != type) varMobileHistory[other][i][j] = 0.0;
+}
+
 }  // namespace quorvane

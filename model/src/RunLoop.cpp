@@ -110,9 +110,19 @@ bool LatticeModel::sweepOnce() {
 }
 
 void LatticeModel::runSweeps(std::int64_t count, Traces traces) {
+  Sweeper forThisRun = sweeper();
+  runSweeps(forThisRun, count, traces);
+}
+
+void LatticeModel::runSweeps(Sweeper& sweeper, std::int64_t count, Traces traces) {
   varMyState = kRunning;
-  Sweeper sweeper(arrays());
   for (; count > 0 && varMyState == kRunning; --count) makeSweep(sweeper, kRunning, traces);
+  if (varMyState == kRunning) stopLatticeModel();
+}
+
+void LatticeModel::runAttempts(Sweeper& sweeper, std::int64_t count) {
+  varMyState = kRunning;
+  sweeper.attempts(count, varMyState, kRunning);
   if (varMyState == kRunning) stopLatticeModel();
 }
 

@@ -19,10 +19,7 @@ Share shareIn(std::string_view entry) {
   const auto equals = entry.rfind('=');
   if (equals == std::string_view::npos || equals == 0)
     throw SettingError('"' + std::string(entry) + "\" is not NAME=SHARE");
-  const double share = realIn(entry.substr(equals + 1));
-  if (!(share >= 0.0 && share <= 1.0))
-    throw SettingError("the share in \"" + std::string(entry) + "\" is not from 0 to 1");
-  return {std::string(entry.substr(0, equals)), share};
+  return {std::string(entry.substr(0, equals)), realIn(entry.substr(equals + 1))};
 }
 
 std::vector<Step> stepsOf(const LatticeModel& model, const std::vector<Share>& shares) {
@@ -46,21 +43,29 @@ int typeAt(const std::vector<Step>& steps, int last, double u) {
 
 }  // namespace
 
-std::vector<Share> sharesIn(std::string_view text) {
+void requireShares(const std::vector<Share>& shares) {
   constexpr double tolerance = 1e-9;
-  std::vector<Share> shares;
   double sum = 0.0;
-  for (std::size_t from = 0; from <= text.size();) {
-    const std::size_t comma = std::min(text.find(',', from), text.size());
-    shares.push_back(shareIn(text.substr(from, comma - from)));
-    sum += shares.back().share;
-    from = comma + 1;
+  for (const Share& share : shares) {
+    if (!(share.share >= 0.0 && share.share <= 1.0))
+      throw SettingError("the share of \"" + share.type + "\" is not from 0 to 1");
+    sum += share.share;
   }
   if (!(std::abs(sum - 1.0) <= tolerance)) {
     char digits[32];
     const std::string total(digits, std::to_chars(digits, digits + sizeof digits, sum).ptr);
     throw SettingError("the shares add up to " + total + ", not to 1");
   }
+}
+
+std::vector<Share> sharesIn(std::string_view text) {
+  std::vector<Share> shares;
+  for (std::size_t from = 0; from <= text.size();) {
+    const std::size_t comma = std::min(text.find(',', from), text.size());
+    shares.push_back(shareIn(text.substr(from, comma - from)));
+    from = comma + 1;
+  }
+  requireShares(shares);
   return shares;
 }
 

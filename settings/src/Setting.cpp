@@ -4,23 +4,11 @@
 #include <charconv>
 #include <iterator>
 
-#include "engine/RuleKinds.h"
+#include "engine/Directions.h"
+#include "settings/Changes.h"
 
 namespace quorvane {
 namespace {
-
-constexpr double kLargestEnergy = 10.0;
-
-std::string plain(double value) {
-  char text[32];
-  return {text, std::to_chars(text, text + sizeof text, value).ptr};
-}
-
-double within(const std::string& text, double lowest, double highest) {
-  const double value = realIn(text);
-  if (value >= lowest && value <= highest) return value;
-  throw SettingError(text + " is not from " + plain(lowest) + " to " + plain(highest));
-}
 
 int wholeWithin(const std::string& text, int lowest, int highest) {
   int value = 0;
@@ -31,37 +19,23 @@ int wholeWithin(const std::string& text, int lowest, int highest) {
                      std::to_string(highest));
 }
 
-void setParameter(LatticeModel& model, int rule, const std::string& text) {
-  const RuleKind* kind = ruleKind(model.getRuleType(rule));
-  if (!kind) throw SettingError("the rule is of no known kind");
-  const double value = within(text, kind->minParameter, kind->maxParameter);
-  model.setRuleParam(rule, value);
-  if (kind->setsPairEnergy()) model.setInteractionParams(rule, value);
+void parameterFrom(LatticeModel& model, int rule, const std::string& text) {
+  setParameter(model, rule, realIn(text));
 }
 
-void setDisabled(LatticeModel& model, int rule, const std::string& text) {
-  const int flag = wholeWithin(text, 0, 1);
-  if (flag == model.getRuleDisabled(rule)) return;  // The pair energies are where they belong.
-  model.setRuleDisabled(rule, flag);
-  if (!setsPairEnergy(model.getRuleType(rule))) return;
-  if (flag == 1)
-    model.disableInteraction(rule);
-  else
-    model.enableInteraction(rule);
+void disabledFrom(LatticeModel& model, int rule, const std::string& text) {
+  setDisabled(model, rule, wholeWithin(text, 0, 1) == 1);
 }
 
-void setFacilitation(LatticeModel& model, int rule, const std::string& text) {
-  const int number = wholeWithin(text, 0, kNumDirections);
-  const RuleKind* kind = ruleKind(model.getRuleType(rule));
-  if (!kind || !kind->flips()) throw SettingError("only a flip can be facilitated");
-  model.setRuleFacNum(rule, number);
+void facilitationFrom(LatticeModel& model, int rule, const std::string& text) {
+  setFacilitation(model, rule, wholeWithin(text, 0, kNumDirections));
 }
 
-void setField(LatticeModel& model, int type, const std::string& text) {
-  model.setPixelField(type, within(text, -kLargestEnergy, kLargestEnergy));
+void fieldFrom(LatticeModel& model, int type, const std::string& text) {
+  setField(model, type, realIn(text));
 }
 
-void setImmobile(LatticeModel& model, int type, const std::string& text) {
+void immobileFrom(LatticeModel& model, int type, const std::string& text) {
   model.setPixelImmobile(type, wholeWithin(text, 0, 1));
 }
 
@@ -72,9 +46,9 @@ struct Field {
 };
 
 constexpr Field kFields[] = {
-    {Setting::kRule, "parameter", setParameter},       {Setting::kRule, "disabled", setDisabled},
-    {Setting::kRule, "facilitation", setFacilitation}, {Setting::kType, "field", setField},
-    {Setting::kType, "immobile", setImmobile},
+    {Setting::kRule, "parameter", parameterFrom},       {Setting::kRule, "disabled", disabledFrom},
+    {Setting::kRule, "facilitation", facilitationFrom}, {Setting::kType, "field", fieldFrom},
+    {Setting::kType, "immobile", immobileFrom},
 };
 
 const Field* findField(const Setting& setting) {

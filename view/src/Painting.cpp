@@ -47,10 +47,7 @@ void GraphicalLatticeModelGL::mouseDragged(double x, double y) {
 void GraphicalLatticeModelGL::paintSite(int i, int j) {
   const int brush = varPaintbrushColor;
   if (brush < 0 || brush >= kMaxPixelTypes) return;
-  varSiteValues[i][j] = brush;
-  varMobileHistory[brush][i][j] = varMobileHistoryMax[brush];
-  for (int type = 0; type < varNumSiteTypes; ++type)
-    if (type != brush) varMobileHistory[type][i][j] = 0.0;
+  paintSiteAs(i, j, brush);
   requestRedraw();
 }
 

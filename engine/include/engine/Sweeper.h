@@ -17,10 +17,14 @@ class Sweeper {
  public:
   explicit Sweeper(const SystemArrays& system);
   ~Sweeper();
+  Sweeper(Sweeper&& other) noexcept;
 
   /// imax * jmax + 1 attempts, ended early if the state differs from the given one. Draws per attempt:
   /// fRandInt(imax), fRandInt(jmax) and those of fModelCycle.
   void sweep(const Relaxed<std::int32_t>& state, std::int32_t whileState);
+
+  /// The same for a number of attempts.
+  void attempts(std::int64_t count, const Relaxed<std::int32_t>& state, std::int32_t whileState);
 
  private:
   struct Tables;

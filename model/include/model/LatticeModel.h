@@ -175,6 +175,15 @@ class LatticeModel : public ModelState {
   /// sweep is faster and otherwise the same.
   void runSweeps(std::int64_t count, Traces traces = Traces::kUpdated);
 
+  /// For a caller that makes many short runs: keeps from one to the next what compiling the rules took. Refers
+  /// to this model and belongs to one thread.
+  Sweeper sweeper() { return Sweeper(arrays()); }
+  /// The same as without a sweeper of this model, and takes no longer than its sweeps.
+  void runSweeps(Sweeper& sweeper, std::int64_t count, Traces traces = Traces::kUpdated);
+  /// Makes count attempts at random sites like those of a sweep, without history updates. The number of sweeps
+  /// stays.
+  void runAttempts(Sweeper& sweeper, std::int64_t count);
+
   /// If the model is stopped: makes one whole sweep with a history update on the calling thread, like the run
   /// loop, and requests one redraw. In any other run state returns false and does nothing. The state stays 1,
   /// so that a waiting loop of a former run ends; a loop that is still inside its last sweep is waited for,
@@ -189,6 +198,10 @@ class LatticeModel : public ModelState {
   /// Decays every trace by its type's persistence, adds 1 where a site holds the type, and updates the
   /// maxima, which are at least 1.
   void updateHistory();
+
+  /// Paints a site: sets its type, the trace of the type there to the type's maximum, and the traces of the
+  /// other types there to 0. No redraw.
+  void paintSiteAs(int i, int j, int type);
 
   /// The number of sweeps by run loops, runSweeps and sweepOnce since the model was created, including
   /// interrupted ones.

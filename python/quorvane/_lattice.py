@@ -1,0 +1,133 @@
+"""The lattice of a model as an array that reads and writes the model itself."""
+
+from __future__ import annotations
+
+import functools
+
+import numpy as np
+
+# Methods and attributes of an array that read it. Each works on a copy of the sites.
+_READERS = frozenset(
+    "T all any argmax argmin argwhere astype choose clip compress cumsum diagonal dot flatten max mean min "
+    "nonzero prod ptp ravel repeat reshape round searchsorted squeeze std sum swapaxes take tobytes tofile "
+    "tolist trace transpose var".split()
+)
+
+
+@functools.lru_cache(maxsize=8)
+def _all_places(shape: tuple[int, int]) -> np.ndarray:
+    """The place i * Jmax + j of every site."""
+    places = np.arange(shape[0] * shape[1], dtype=np.int32).reshape(shape)
+    places.flags.writeable = False
+    return places
+
+
+def _checked_types(values, num_types: int) -> np.ndarray:
+    """Types of sites as uint8. ValueError unless they are whole numbers of existing types."""
+    array = np.asarray(values)
+    if array.dtype.kind not in "biu":
+        raise ValueError(f"sites are indices of pixel types, whole numbers, not {array.dtype}")
+    if array.size and (array.min() < 0 or array.max() >= num_types):
+        wrong = np.argwhere((array < 0) | (array >= num_types))[0]
+        where = "" if array.ndim == 0 else f" at {[int(k) for k in wrong]}"
+        raise ValueError(f"{array[tuple(wrong)]}{where} is no pixel type; there are 0 to {num_types - 1}")
+    return array.astype(np.uint8)
+
+
+class Lattice(np.lib.mixins.NDArrayOperatorsMixin):
+    """The pixel types of the sites of a model, or of a part of its lattice.
+
+    An array of shape (Imax, Jmax) and type uint8, with the index [i][j] or [i, j]: i runs across the picture and
+    j upwards. It has no memory of its own. Reading it reads the model, and what is assigned to its elements is
+    painted into the model, after a check that every value is the index of a pixel type (ValueError).
+
+    Indexing works as for NumPy's arrays: a site gives an int, ranges and rows give a further Lattice that reads and
+    writes the model, and lists of indices and masks give a copy. Arithmetic and comparisons give plain arrays. Every
+    function of NumPy takes a Lattice; `copy()` and `numpy.array(lattice)` give contiguous arrays of their own.
+
+    A part of a lattice that was remade with other sides can no longer be used (ValueError).
+    """
+
+    __slots__ = ("_core", "_shape", "_places")
+    __hash__ = None  # Elements can change.
+
+    dtype = np.dtype(np.uint8)
+
+    def __init__(self, core, shape=None, places=None):
+        self._core = core
+        self._shape = core.shape() if shape is None else shape
+        self._places = _all_places(self._shape) if places is None else places
+
+    @property
+    def shape(self) -> tuple[int, ...]:
+        """(Imax, Jmax) of the whole lattice."""
+        return self._places.shape
+
+    @property
+    def ndim(self) -> int:
+        """The number of axes, 2 of the whole lattice."""
+        return self._places.ndim
+
+    @property
+    def size(self) -> int:
+        """The number of sites."""
+        return self._places.size
+
+    def __len__(self) -> int:
+        return len(self._places)
+
+    def __iter__(self):
+        return (self[k] for k in range(len(self)))
+
+    def __getitem__(self, key):
+        places = self._places[key]
+        if isinstance(places, np.ndarray) and np.may_share_memory(places, self._places):
+            return Lattice(self._core, self._shape, places)
+        types = self._all_types()[places]
+        return types if isinstance(places, np.ndarray) else int(types)
+
+    def __setitem__(self, key, value):
+        places = np.asarray(self._places[key])
+        types = _checked_types(value, self._core.num_types())
+        self._require_shape()
+        self._core.paint(places.ravel(), np.broadcast_to(types, places.shape).ravel())
+
+    def copy(self) -> np.ndarray:
+        """The pixel types as a contiguous array of uint8 of its own."""
+        return np.ascontiguousarray(self._all_types()[self._places])
+
+    def __array__(self, dtype=None, copy=None):
+        if copy is False:
+            raise ValueError("a lattice can only be copied into an array")
+        return self.copy() if dtype is None else self.copy().astype(dtype)
+
+    def __array_ufunc__(self, ufunc, method, *inputs, out=None, **kwargs):
+        plain = [each.copy() if isinstance(each, Lattice) else each for each in inputs]
+        if out is None:
+            return getattr(ufunc, method)(*plain, **kwargs)
+        if len(out) != 1 or not isinstance(out[0], Lattice):
+            return getattr(ufunc, method)(*plain, out=out, **kwargs)
+        out[0][...] = getattr(ufunc, method)(*plain, **kwargs)
+        return out[0]
+
+    def __getattr__(self, name):
+        if name in _READERS:
+            return getattr(self.copy(), name)
+        raise AttributeError(f"a lattice has no {name!r}; lattice.copy() is a plain array")
+
+    def __dir__(self):
+        return sorted(_READERS.union(super().__dir__()))
+
+    def __contains__(self, value) -> bool:
+        return value in self.copy()
+
+    def __repr__(self) -> str:
+        return np.array2string(self.copy(), prefix="Lattice(", separator=", ").join(("Lattice(", ")"))
+
+    def _require_shape(self):
+        if self._core.shape() != self._shape:
+            raise ValueError("the lattice was remade with other sides; take model.lattice again")
+
+    def _all_types(self) -> np.ndarray:
+        self._require_shape()
+        return self._core.sites().ravel()

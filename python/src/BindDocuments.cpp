@@ -1,0 +1,69 @@
+#include <filesystem>
+#include <system_error>
+
+#include "Bindings.h"
+#include "document/DocumentFile.h"
+#include "document/FileError.h"
+#include "document/ModelDocument.h"
+#include "document/ParsedDocument.h"
+
+namespace quorvane {
+namespace {
+
+namespace py = pybind11;
+
+/// As Python's own functions on files do, so that a missing file is a FileNotFoundError.
+[[noreturn]] void throwOsError(const std::error_code& error, const std::string& path) {
+  const bool isOfSystem = error.category() == std::system_category() || error.category() == std::generic_category();
+  if (isOfSystem)
+    PyErr_SetObject(PyExc_OSError, py::make_tuple(error.value(), error.message(), path).ptr());
+  else
+    PyErr_SetString(PyExc_OSError, (path + ": " + error.message()).c_str());
+  throw py::error_already_set();
+}
+
+/// The bytes of a file, which need not be ASCII.
+py::bytes fileContent(const std::string& path) {
+  std::string text;
+  std::error_code error;
+  {
+    const py::gil_scoped_release unlocked;
+    error = readDocumentFile(path, DocumentSource::kFile, text);
+  }
+  if (error) throwOsError(error, path);
+  return text;
+}
+
+/// Why the text was refused; empty if the model was made of all of it. A text that ends early is refused, too.
+std::string readText(Core& core, const std::string& text) {
+  LatticeModel& model = core.useWithSource();
+  const Inspection inspection = inspectDocument(model, text);
+  if (inspection.result.status != OpenStatus::kOpened) return inspection.result.reason;
+  return readDocument(model, text).reason;
+}
+
+/// The note about the way in which it was saved; mostly empty.
+std::string save(Core& core, const std::string& path) {
+  const std::string text = writeDocument(core.use());
+  SaveResult result;
+  {
+    const py::gil_scoped_release unlocked;
+    result = saveDocument(text, path);
+  }
+  if (result.saved) return result.note;
+  PyErr_SetString(PyExc_OSError, ("cannot save \"" + path + "\": " + result.reason).c_str());
+  throw py::error_already_set();
+}
+
+}  // namespace
+
+void bindDocuments(CoreClass& core) {
+  core.def_static("file_content", fileContent);
+  core.def("read_text", readText);
+  core.def("text", [](Core& self) { return writeDocument(self.use()); });
+  core.def("save", save);
+  core.def("state", [](Core& self) { return py::bytes(self.state()); });
+  core.def("restore", &Core::restore);
+}
+
+}  // namespace quorvane
