@@ -69,43 +69,6 @@ def _text(value, field: str) -> str:
     raise ValueError(f"{field}: a name is a str, not {type(value).__name__}")
 
 
-class _Field:
-    """A field of a type or a rule, read and written in the engine."""
-
-    def __init__(self, of: str, convert, doc: str, show=lambda value: value):
-        self._of, self._convert, self._show = of, convert, show
-        self.__doc__ = doc
-
-    def __set_name__(self, owner, name):
-        self._name = name
-        self._get = getattr(_native.Core, f"{self._of}_{name}")
-        self._set = getattr(_native.Core, f"set_{self._of}_{name}", None)
-
-    def __get__(self, item, owner=None):
-        if item is None:
-            return self
-        return self._show(self._get(item._core, item._present()))
-
-    def __set__(self, item, value):
-        if self._set is None:
-            raise AttributeError(f"{self._name} of a {self._of} cannot be changed; add another {self._of}")
-        index = item._present()
-        converted = self.convert(item._core, value)
-        try:
-            self._set(item._core, index, converted)
-        except ValueError as error:
-            raise ValueError(f"{self._name}: {error}") from None
-
-    def convert(self, core, value):
-        """A value as the engine takes it. ValueError if it is of no such kind."""
-        return self._convert(core, value, self._name)
-
-
-def _plain(convert):
-    """A conversion that needs no model."""
-    return lambda core, value, field: convert(value, field)
-
-
 def _color(value, field: str):
     try:
         parts = [float(part) for part in value]
@@ -135,6 +98,39 @@ def _other_type(core, value, field: str) -> int:
 
 def _none_if_negative(index: int) -> int | None:
     return None if index < 0 else index
+
+
+def _plain(convert):
+    """A conversion that needs no model."""
+    return lambda core, value, field: convert(value, field)
+
+
+# How the value of a field is made what the engine takes. Each raises ValueError, which begins with the field.
+_CONVERSIONS = {
+    "name": _plain(_text), "color": _plain(_color), "persistence": _plain(_real), "opacity": _plain(_real),
+    "immobile": _plain(_flag), "masquerade": _other_type, "field": _plain(_real), "parameter": _plain(_real),
+    "disabled": _plain(_flag), "ignore_energy": _plain(_flag), "needs": _plain(_whole), "needs_type": _other_type,
+}
+
+
+def _converted(core, field: str, value):
+    """The value of a field as the engine takes it; None stays None."""
+    return None if value is None else _CONVERSIONS[field](core, value, field)
+
+
+def _field(of: str, name: str, doc: str, show=lambda value: value) -> property:
+    """A field of a type or a rule, read and written in the engine. show: makes what users see."""
+    read = getattr(_native.Core, f"{of}_{name}")
+    write = getattr(_native.Core, f"set_{of}_{name}", None)
+
+    def set_field(item, value):
+        index, converted = item._present(), _CONVERSIONS[name](item._core, value, name)
+        try:
+            write(item._core, index, converted)
+        except ValueError as error:
+            raise ValueError(f"{name}: {error}") from None
+
+    return property(lambda item: show(read(item._core, item._present())), set_field if write else None, doc=doc)
 
 
 class _Item:
@@ -170,17 +166,16 @@ class PixelType(_Item):
 
     __slots__ = ()
 
-    name = _Field("type", _plain(_text), "The name: printable ASCII characters.")
-    color = _Field("type", _plain(_color), "The colour: (red, green, blue), each from 0 to 1.", tuple)
-    persistence = _Field(
-        "type", _plain(_real), "The fraction of the trace that remains after a sweep, 0 to 1. Changes only pictures.")
-    opacity = _Field("type", _plain(_real), "How opaque it is drawn, 0 to 1. Changes only pictures.")
-    immobile = _Field("type", _plain(_flag), "True if no swap moves it.")
-    masquerade = _Field(
-        "type", _other_type,
-        "The index of the type that it counts as for facilitation, or None. May be set by name, too.",
-        _none_if_negative)
-    field = _Field("type", _plain(_real), "The energy of a site for holding it, -10 to 10 kT.")
+    name = _field("type", "name", "The name: printable ASCII characters.")
+    color = _field("type", "color", "The colour: (red, green, blue), each from 0 to 1.", tuple)
+    persistence = _field(
+        "type", "persistence", "The fraction of the trace that remains after a sweep, 0 to 1. Changes only pictures.")
+    opacity = _field("type", "opacity", "How opaque it is drawn, 0 to 1. Changes only pictures.")
+    immobile = _field("type", "immobile", "True if no swap moves it.")
+    masquerade = _field(
+        "type", "masquerade", "The index of the type that it counts as for facilitation, or None. May be set "
+        "by name, too.", _none_if_negative)
+    field = _field("type", "field", "The energy of a site for holding it, -10 to 10 kT.")
 
     def __repr__(self) -> str:
         return f'<PixelType {self._index} "{self.name}">'
@@ -195,21 +190,18 @@ class Rule(_Item):
 
     __slots__ = ()
 
-    name = _Field("rule", _plain(_text), "The name: printable ASCII characters.")
-    a = _Field("rule", None, "The index of the pixel type at end A, None for any. Cannot be changed.", _none_if_negative)
-    b = _Field("rule", None, "The index of the pixel type at end B, None for any. Cannot be changed.", _none_if_negative)
-    parameter = _Field(
-        "rule", _plain(_real),
-        "The probability factor, 0 to 1; or the pair energy of an interaction, -10 to 10 kT, which setting it writes "
-        "for both orders of its ends. The last interaction to write a pair wins.")
-    disabled = _Field("rule", _plain(_flag), "True if it is left out of the run. Its attempts go to other rules.")
-    ignore_energy = _Field("rule", _plain(_flag), "True if its acceptance has no energy term.")
-    needs = _Field(
-        "rule", _plain(_whole), "How many of the eight neighbours must have `needs_type`, 0 to 8. For flips only.")
-    needs_type = _Field(
-        "rule", _other_type,
-        "The index of the type that the neighbours must have, None for any. May be set by name, too.",
-        _none_if_negative)
+    name = _field("rule", "name", "The name: printable ASCII characters.")
+    a = _field("rule", "a", "The index of the pixel type at end A, None for any. Cannot be changed.", _none_if_negative)
+    b = _field("rule", "b", "The index of the pixel type at end B, None for any. Cannot be changed.", _none_if_negative)
+    parameter = _field(
+        "rule", "parameter", "The probability factor, 0 to 1; or the energy of an interaction, -10 to 10 kT, which is "
+        "written for both orders of its ends. The last interaction to write a pair wins.")
+    disabled = _field("rule", "disabled", "True if it is left out of the run. Its attempts go to other rules.")
+    ignore_energy = _field("rule", "ignore_energy", "True if its acceptance has no energy term.")
+    needs = _field("rule", "needs", "How many of the eight neighbours must have `needs_type`, 0 to 8. For flips only.")
+    needs_type = _field(
+        "rule", "needs_type", "The index of the type that the neighbours must have, None for any. May be set by "
+        "name, too.", _none_if_negative)
 
     @property
     def kind(self) -> str:
@@ -256,11 +248,6 @@ class _Items(Sequence, Generic[_T]):
         return repr(list(self))
 
 
-def _converted(item_class, core, name: str, value):
-    """The value of a field as the engine takes it; None stays None."""
-    return None if value is None else vars(item_class)[name].convert(core, value)
-
-
 class PixelTypes(_Items[PixelType]):
     """The pixel types of a model, by index or name. At most ten; none can be deleted."""
 
@@ -285,7 +272,7 @@ class PixelTypes(_Items[PixelType]):
         """
         fields = dict(name=name, color=color, persistence=persistence, opacity=opacity, immobile=immobile,
                       masquerade=masquerade, field=field)
-        self._core.add_type(*(_converted(PixelType, self._core, *each) for each in fields.items()))
+        self._core.add_type(*(_converted(self._core, *each) for each in fields.items()))
         return self[-1]
 
 
@@ -311,7 +298,7 @@ class Rules(_Items[Rule]):
 
     def add(self, kind: str, a: TypeLike | None, b: TypeLike | None, parameter: float | None = None, *,
             name: str | None = None, disabled: bool = False, ignore_energy: bool = False,
-            needs: int | None = None, needs_type: TypeLike | None = None) -> Rule:
+            needs: int = 0, needs_type: TypeLike | None = 0) -> Rule:
         """Adds a rule at the end, and returns it.
 
         kind: one of `quorvane.RULE_KINDS`, in any case. a, b: its ends, by index or name; None means any type.
@@ -325,9 +312,9 @@ class Rules(_Items[Rule]):
         place = kinds.index(kind.lower())
         ends = _other_type(self._core, a, "a"), _other_type(self._core, b, "b")
         fields = dict(name=RULE_KINDS[place] if name is None else name, parameter=parameter, disabled=disabled,
-                      ignore_energy=ignore_energy, needs=needs, needs_type=needs_type)
-        name, *others = (_converted(Rule, self._core, *each) for each in fields.items())
-        self._core.add_rule(name, place, *ends, *others)
+                      ignore_energy=ignore_energy, needs=needs)
+        name, *others = (_converted(self._core, *each) for each in fields.items())
+        self._core.add_rule(name, place, *ends, *others, _other_type(self._core, needs_type, "needs_type"))
         return self[-1]
 
     def __delitem__(self, key) -> None:

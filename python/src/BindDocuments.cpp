@@ -14,7 +14,8 @@ namespace py = pybind11;
 
 /// As Python's own functions on files do, so that a missing file is a FileNotFoundError.
 [[noreturn]] void throwOsError(const std::error_code& error, const std::string& path) {
-  const bool isOfSystem = error.category() == std::system_category() || error.category() == std::generic_category();
+  const bool isOfSystem =
+      error.category() == std::system_category() || error.category() == std::generic_category();
   if (isOfSystem)
     PyErr_SetObject(PyExc_OSError, py::make_tuple(error.value(), error.message(), path).ptr());
   else
@@ -34,7 +35,8 @@ py::bytes fileContent(const std::string& path) {
   return text;
 }
 
-/// Why the text was refused; empty if the model was made of all of it. A text that ends early is refused, too.
+/// Why the text was refused; empty if the model was made of all of it. A text that ends early is refused,
+/// too.
 std::string readText(Core& core, const std::string& text) {
   LatticeModel& model = core.useWithSource();
   const Inspection inspection = inspectDocument(model, text);

@@ -55,14 +55,16 @@ void fillWith(Core& core, const std::vector<std::pair<int, double>>& density) {
   LatticeModel& model = core.useWithSource();
   std::vector<Share> shares;
   shares.reserve(density.size());
-  for (const auto& [type, share] : density) shares.push_back({std::string("#").append(std::to_string(type)), share});
+  for (const auto& [type, share] : density)
+    shares.push_back({std::string("#").append(std::to_string(type)), share});
   requireShares(shares);
   fill(model, shares);
 }
 
 Image drawn(Core& core, int scale) {
   const LatticeModel& model = core.use();
-  if (scale < 1 || scale > kMaxScale) throw py::value_error("a site has 1 to " + std::to_string(kMaxScale) + " pixels");
+  if (scale < 1 || scale > kMaxScale)
+    throw py::value_error("a site has 1 to " + std::to_string(kMaxScale) + " pixels");
   return drawLattice(model, scale);
 }
 

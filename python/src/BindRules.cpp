@@ -30,16 +30,17 @@ void renameRule(LatticeModel& model, int rule, const std::string& name) {
   model.setRuleName(rule, name);
 }
 
-/// Everything is checked before the rule is made, since deleting an interaction would clear pair energies of others.
-void addRule(Core& core, const std::string& name, int kind, int endA, int endB, std::optional<double> parameter,
-             bool disabled, bool ignoresEnergy, std::optional<int> needs, std::optional<int> needsType) {
+/// Everything is checked before the rule is made, since deleting an interaction would clear pair energies of
+/// others.
+void addRule(Core& core, const std::string& name, int kind, int endA, int endB,
+             std::optional<double> parameter, bool disabled, bool ignoresEnergy, int needs, int needsType) {
   LatticeModel& model = core.use();
   forField("name", [&] { requireName(name); });
   forField("a", [&] { requireTypeOrNone(model, endA); });
   forField("b", [&] { requireTypeOrNone(model, endB); });
   forField("parameter", [&] { requireParameter(kind, parameter.value_or(0.0)); });
-  if (needs) forField("needs", [&] { requireFacilitation(kind, *needs); });
-  if (needsType) forField("needs_type", [&] { requireTypeOrNone(model, *needsType); });
+  if (needs != 0) forField("needs", [&] { requireFacilitation(kind, needs); });
+  forField("needs_type", [&] { requireTypeOrNone(model, needsType); });
   if (!model.canMakeNewRule(kind, endA, endB))
     throw py::value_error("the rule does not fit: a model has at most " + std::to_string(kMaxRules) +
                           " rules, and so has the row of a pixel type");
@@ -48,8 +49,8 @@ void addRule(Core& core, const std::string& name, int kind, int endA, int endB, 
   // The flag alone, which decides into which table a pair energy is written.
   model.setRuleDisabled(rule, disabled ? 1 : 0);
   model.setRuleIgnoreEnergy(rule, ignoresEnergy ? 1 : 0);
-  if (needs) setFacilitation(model, rule, *needs);
-  if (needsType) setFacilitatingType(model, rule, *needsType);
+  if (needs != 0) setFacilitation(model, rule, needs);
+  setFacilitatingType(model, rule, needsType);
   if (parameter) setParameter(model, rule, *parameter);
 }
 
@@ -79,8 +80,9 @@ void bindRules(CoreClass& core) {
   core.def("rule_disabled", readRule([](Model& m, int r) { return m.getRuleDisabled(r) != 0; }));
   core.def("set_rule_disabled", changeRule<bool>(setDisabled));
   core.def("rule_ignore_energy", readRule([](Model& m, int r) { return m.getRuleIgnoreEnergy(r) != 0; }));
-  core.def("set_rule_ignore_energy",
-           changeRule<bool>([](Model& m, int r, bool ignores) { m.setRuleIgnoreEnergy(r, ignores ? 1 : 0); }));
+  core.def("set_rule_ignore_energy", changeRule<bool>([](Model& m, int r, bool ignores) {
+             m.setRuleIgnoreEnergy(r, ignores ? 1 : 0);
+           }));
   core.def("rule_needs", readRule([](Model& m, int r) { return m.getRuleFacNum(r); }));
   core.def("set_rule_needs", changeRule<int>(setFacilitation));
   core.def("rule_needs_type", readRule([](Model& m, int r) { return m.getRuleFacPixel(r); }));

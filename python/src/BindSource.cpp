@@ -27,7 +27,9 @@ double drawReal() {
 py::bytes sourceState() {
   requireSource();
   const auto state = processRandomSource.state();
-  if (!state) throw std::runtime_error("the random numbers of this platform's C library have no state that can be read");
+  if (!state)
+    throw std::runtime_error(
+        "the random numbers of this platform's C library have no state that can be read");
   ByteWriter bytes;
   transferRandom(bytes, *state);
   return seal(bytes.bytes());

@@ -36,10 +36,13 @@ void rename(LatticeModel& model, int type, const std::string& name) {
   model.setPixelName(type, name);
 }
 
-void setImmobile(LatticeModel& model, int type, bool immobile) { model.setPixelImmobile(type, immobile ? 1 : 0); }
+void setImmobile(LatticeModel& model, int type, bool immobile) {
+  model.setPixelImmobile(type, immobile ? 1 : 0);
+}
 
 template <typename Value, typename Set>
-void setIfGiven(const char* field, LatticeModel& model, int type, const std::optional<Value>& value, const Set& set) {
+void setIfGiven(const char* field, LatticeModel& model, int type, const std::optional<Value>& value,
+                const Set& set) {
   if (value) forField(field, [&] { set(model, type, *value); });
 }
 

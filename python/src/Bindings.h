@@ -9,8 +9,9 @@
 #include "Core.h"
 #include "settings/Names.h"
 
-/// What Python sees of the engine, in the module quorvane._native. The package around it, which users see, says more in
-/// its messages about wrong arguments; here they are checked once more where memory depends on them.
+/// What Python sees of the engine, in the module quorvane._native. The package around it, which users see,
+/// says more in its messages about wrong arguments; here they are checked once more where memory depends on
+/// them.
 namespace quorvane {
 
 /// Checks or changes the field of an object; its name begins the line of a SettingError.

@@ -15,7 +15,9 @@ struct Sweeping::State {
   /// Models in the middle of a sweep that was going on when this process was forked.
   std::set<const Core*> torn;
 
-  bool isElsewhere() const { return swept && (process != ::getpid() || thread != std::this_thread::get_id()); }
+  bool isElsewhere() const {
+    return swept && (process != ::getpid() || thread != std::this_thread::get_id());
+  }
   bool isOfAFork() const { return swept && process != ::getpid(); }
 };
 
@@ -46,10 +48,12 @@ void requireNotSwept(const Core& core) {
 void requireSource() {
   const Sweeping::State& now = Sweeping::state();
   if (now.isOfAFork())
-    throw InUse("another thread was drawing random numbers when the process was forked; call quorvane.seed first");
+    throw InUse(
+        "another thread was drawing random numbers when the process was forked; call quorvane.seed first");
   if (now.isElsewhere())
-    throw InUse("another thread is sweeping a model, and the process has one source of random numbers; use processes "
-                "to sweep at the same time");
+    throw InUse(
+        "another thread is sweeping a model, and the process has one source of random numbers; use processes "
+        "to sweep at the same time");
 }
 
 void freeSource() {

@@ -116,7 +116,8 @@ def session(app, source, compare_page):
     after_run = changed(
         opened,
         ("status bar", "Status", (r"/Status: Stopped  ·  \d\d+ sweeps  ·  128 × 104 sites/", "", "")),
-        ("image", "Lattice", ("Lattice", rf"/128 × 104 sites: 0 - Healthy {share}, 1 - Sick {share}, 2 - Immune {share}, "
+        ("image", "Lattice", ("Lattice", rf"/128 × 104 sites: 0 - Healthy {share}, 1 - Sick {share}, "
+                              rf"2 - Immune {share}, "
                               r"3 - Silent carrier 0\.1 %, 4 - Isolated carrier 0\.1 %, 5 - Wall 5\.0 %\./", "")),
         ("chart", "Shares", ("Shares of the lattice", rf"/Shows .* The last of \d+ points: 0 - Healthy {share} in "
                              rf"red, 0 - Healthy {share} in green\./", "")))

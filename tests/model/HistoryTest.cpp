@@ -74,5 +74,20 @@ TEST(History, EachTypeHasItsOwnPersistenceAndMaximum) {
   EXPECT_EQ(model->varMobileHistoryMax[1], 1.9);
 }
 
+TEST(History, APaintedSiteShowsItsTypeAlone) {
+  auto model = makeModel(3, 4, 4);
+  fillLattice(*model, 0);
+  for (int type = 0; type < 3; ++type) model->setPixelPersistence(type, 0.5);
+  for (int sweep = 0; sweep < 3; ++sweep) model->updateHistory();
+  ASSERT_GT(model->varMobileHistoryMax[0], 1.0);
+  model->paintSiteAs(2, 1, 0);
+  EXPECT_EQ(model->varMobileHistory[0][2][1], model->varMobileHistoryMax[0]);
+  model->paintSiteAs(2, 1, 2);
+  EXPECT_EQ(model->getSiteValue(2, 1), 2);
+  EXPECT_EQ(model->varMobileHistory[0][2][1], 0.0);
+  EXPECT_EQ(model->varMobileHistory[2][2][1], model->varMobileHistoryMax[2]);
+  EXPECT_GT(model->varMobileHistory[0][1][1], 1.0) << "other sites stay";
+}
+
 }  // namespace
 }  // namespace quorvane

@@ -380,5 +380,63 @@ TEST(RunLoop, RunningSweepsEqualsTheLoopsOwn) {
   EXPECT_EQ(draws.sinceLast(), ofLoop);
 }
 
+/// A model of three types with rules of several kinds, from fresh random numbers.
+std::unique_ptr<TestModel> freshMixture(int imax, int jmax) {
+  processRandomSource = RandomSource();
+  auto model = makeModel(3, imax, jmax);
+  model->makeNewRule("swap", kSwap, 0, 1);
+  model->setRuleParam(0, 0.7);
+  model->makeNewRule("flip", kReversibleFlip, 1, 2);
+  model->setRuleParam(1, 0.9);
+  model->makeNewRule("repel", kPixelPixelInteraction, 0, 1);
+  model->setInteractionParams(2, 0.6);
+  return model;
+}
+
+void expectSameSites(const LatticeModel& model, const LatticeModel& expected) {
+  for (int i = 0; i < expected.getIMax(); ++i)
+    for (int j = 0; j < expected.getJMax(); ++j)
+      ASSERT_EQ(model.getSiteValue(i, j), expected.getSiteValue(i, j)) << i << ' ' << j;
+}
+
+TEST(RunLoop, OneSweeperForManyRunsGivesTheSameSitesAndDraws) {
+  const auto expected = freshMixture(24, 24);
+  expected->runSweeps(300);
+  expected->setInteractionParams(2, -0.4);
+  expected->runSweeps(3);
+  const double next = fRandReal();
+
+  const auto model = freshMixture(24, 24);
+  Sweeper sweeper = model->sweeper();
+  for (int k = 0; k < 300; ++k) model->runSweeps(sweeper, 1);
+  model->setInteractionParams(2, -0.4);
+  model->runSweeps(sweeper, 3, Traces::kLeftAlone);
+  EXPECT_EQ(fRandReal(), next);
+  expectSameSites(*model, *expected);
+  EXPECT_EQ(model->sweepsDone(), 303);
+  EXPECT_EQ(model->varMyState, kStopped);
+}
+
+TEST(RunLoop, AttemptsAreThoseOfSweeps) {
+  for (const int side : {1, 2, 7, 24}) {
+    SCOPED_TRACE(side);
+    const auto expected = freshMixture(side, side);
+    expected->runSweeps(200, Traces::kLeftAlone);
+    const double next = fRandReal();
+
+    const auto model = freshMixture(side, side);
+    Sweeper sweeper = model->sweeper();
+    const std::int64_t all = std::int64_t{200} * (side * side + 1);
+    const std::int64_t few = std::min<std::int64_t>(all, 37);
+    model->runAttempts(sweeper, few);
+    model->runAttempts(sweeper, 0);
+    model->runAttempts(sweeper, all - few);
+    EXPECT_EQ(fRandReal(), next);
+    expectSameSites(*model, *expected);
+    EXPECT_EQ(model->sweepsDone(), 0);
+    EXPECT_EQ(model->varMyState, kStopped);
+  }
+}
+
 }  // namespace
 }  // namespace quorvane

@@ -175,13 +175,13 @@ class LatticeModel : public ModelState {
   /// sweep is faster and otherwise the same.
   void runSweeps(std::int64_t count, Traces traces = Traces::kUpdated);
 
-  /// For a caller that makes many short runs: keeps from one to the next what compiling the rules took. Refers
-  /// to this model and belongs to one thread.
+  /// For a caller that makes many short runs: keeps from one to the next what compiling the rules took.
+  /// Refers to this model and belongs to one thread.
   Sweeper sweeper() { return Sweeper(arrays()); }
   /// The same as without a sweeper of this model, and takes no longer than its sweeps.
   void runSweeps(Sweeper& sweeper, std::int64_t count, Traces traces = Traces::kUpdated);
-  /// Makes count attempts at random sites like those of a sweep, without history updates. The number of sweeps
-  /// stays.
+  /// Makes count attempts at random sites like those of a sweep, without history updates. The number of
+  /// sweeps stays.
   void runAttempts(Sweeper& sweeper, std::int64_t count);
 
   /// If the model is stopped: makes one whole sweep with a history update on the calling thread, like the run

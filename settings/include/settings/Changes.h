@@ -6,14 +6,15 @@
 #include "model/LatticeModel.h"
 #include "settings/Names.h"
 
-/// Changes of one value of a rule or a pixel type, as the window's controls make them and within their ranges.
+/// Changes of one value of a rule or a pixel type, as the window's controls make them and within their
+/// ranges.
 ///
-/// They draw nothing. Each throws SettingError if the value does not fit, and then nothing has changed. Indices
-/// of rules and pixel types are those of existing ones. Main thread only.
+/// They draw nothing. Each throws SettingError if the value does not fit, and then nothing has changed.
+/// Indices of rules and pixel types are those of existing ones. Main thread only.
 namespace quorvane {
 
-/// A probability, 0 to 1, or the energy of a pixel-pixel interaction, -10 to 10, which is written into the pairs
-/// that the rule covers.
+/// A probability, 0 to 1, or the energy of a pixel-pixel interaction, -10 to 10, which is written into the
+/// pairs that the rule covers.
 void setParameter(LatticeModel& model, int rule, double value);
 /// Disabling a pixel-pixel interaction moves its pair energies away, enabling it moves them back.
 void setDisabled(LatticeModel& model, int rule, bool disabled);

@@ -1,0 +1,325 @@
+"""Threads, signals and forks."""
+
+import os
+import signal
+import subprocess
+import sys
+import threading
+import time
+
+import numpy as np
+import pytest
+from conftest import example, python, refused
+
+import quorvane
+
+
+@pytest.fixture
+def swept():
+    """A model that another thread sweeps until the test has ended, and the errors of that thread."""
+    model = quorvane.Model.open(example("voters"))
+    model.remake(256)
+    other, kept = quorvane.Model.new(8), model.lattice
+    started, stop = threading.Event(), threading.Event()
+
+    def sweep():
+        while not stop.is_set():
+            started.set()
+            model.sweep(200)
+
+    thread = threading.Thread(target=sweep)
+    thread.start()
+    started.wait()
+    time.sleep(0.02)
+    yield model, other, kept
+    stop.set()
+    thread.join()
+
+
+def in_sweep(work):
+    """Calls work until it is refused, since the other thread rests for a moment between two calls of sweep."""
+    for _ in range(1000):
+        try:
+            work()
+        except RuntimeError as error:
+            return str(error)
+        time.sleep(0.001)
+    raise AssertionError("never refused")
+
+
+def test_a_model_is_refused_while_another_thread_sweeps_it(swept):
+    model, _, kept = swept
+    for use in (lambda: model.lattice,
+                lambda: model.lattice[0, 0], lambda: kept.copy(), lambda: kept.__setitem__((0, 0), 1), model.text,
+                model.picture, model.png, model.copy, lambda: model.measure("energy"), lambda: model.types[0].name,
+                lambda: setattr(model.types[0], "field", 1.0), lambda: model.rules[0], lambda: len(model.types),
+                lambda: model.rules.add("swap", 0, 1), lambda: model.rules.__delitem__(0), lambda: model.types.add(),
+                lambda: model.sweep(), lambda: model.step(), lambda: model.sweeps, lambda: model.shape,
+                lambda: model.remake(4), lambda: model.fill([0.5, 0.5]), lambda: repr(model), lambda: model.populations,
+                lambda: model.pair_energies, lambda: model.save(os.devnull), lambda: model.__reduce__()):
+        assert in_sweep(use) in (
+            "another thread is sweeping this model",
+            "another thread is sweeping a model, and the process has one source of random numbers; use processes to "
+            "sweep at the same time")
+
+
+def test_what_draws_is_refused_while_another_thread_sweeps_any_model(swept):
+    _, other, _ = swept
+    for use in (quorvane.random, quorvane.getstate, lambda: quorvane.seed(3), lambda: quorvane.Model.new(2),
+                lambda: quorvane.Model.open(example("voters")), other.sweep, other.step, lambda: other.types.add(),
+                lambda: other.remake(4), lambda: other.fill([0.5, 0.5])):
+        assert in_sweep(use).startswith("another thread is sweeping a model")
+
+
+def test_another_model_may_be_read_and_written_meanwhile(swept):
+    _, other, _ = swept
+    for _ in range(200):
+        other.lattice = np.ones((8, 8), int)
+        other.types[1].name = "Up"
+        assert other.measure("counts")["count"].tolist() == [0, 64]
+        assert other.picture(1).shape == (8, 8, 3)
+
+
+def test_other_threads_run_during_a_sweep():
+    model = quorvane.Model.open(example("voters"))
+    model.remake(256)
+    ticks, stop = [], threading.Event()
+
+    def tick():
+        while not stop.is_set():
+            ticks.append(time.monotonic())
+            time.sleep(0.001)
+
+    thread = threading.Thread(target=tick)
+    thread.start()
+    begin = time.monotonic()
+    model.sweep(300)
+    end = time.monotonic()
+    stop.set()
+    thread.join()
+    assert len([t for t in ticks if begin < t < end]) > 10
+
+
+def test_threads_may_use_one_model_in_turn(small):
+    expected = small.copy()
+    state = quorvane.getstate()
+    expected.sweep(40)
+    quorvane.setstate(state)
+    lock = threading.Lock()
+
+    def work():
+        for _ in range(10):
+            with lock:
+                small.sweep(1)
+
+    threads = [threading.Thread(target=work) for _ in range(4)]
+    for thread in threads:
+        thread.start()
+    for thread in threads:
+        thread.join()
+    assert small.text() == expected.text()
+
+
+def test_many_threads_never_harm_a_model():
+    model = quorvane.Model.open(example("three-phases"))
+    refusals, wrong = [], []
+
+    def work(k):
+        for round_ in range(150):
+            try:
+                if k % 3 == 0:
+                    model.sweep(1)
+                elif k % 3 == 1:
+                    model.lattice[round_ % 100] = k % 3
+                else:
+                    model.measure("energy,clusters")
+            except RuntimeError as error:
+                refusals.append(error)
+            except BaseException as error:
+                wrong.append(error)
+
+    threads = [threading.Thread(target=work, args=(k,)) for k in range(6)]
+    for thread in threads:
+        thread.start()
+    for thread in threads:
+        thread.join()
+    assert not wrong
+    assert model.populations.sum() == 128 * 104
+    assert refusals
+
+
+INTERRUPTED = """
+import quorvane, sys
+model = quorvane.Model.open(sys.argv[1])
+print("ready", flush=True)
+try:
+    model.%s
+except KeyboardInterrupt:
+    done = model.sweeps
+    quorvane.seed(10)
+    again = quorvane.Model.open(sys.argv[1])
+    again.sweep(done)
+    print(done > 0, again.text() == model.text())
+"""
+
+
+def interrupted(statement):
+    program = subprocess.Popen([sys.executable, "-c", INTERRUPTED % statement, str(example("voters"))],
+                               stdout=subprocess.PIPE, text=True,
+                               preexec_fn=lambda: signal.signal(signal.SIGINT, signal.default_int_handler))
+    program.stdout.readline()
+    time.sleep(0.3)
+    begin = time.monotonic()
+    program.send_signal(signal.SIGINT)
+    out = program.communicate(timeout=100)[0]
+    return program.returncode, out, time.monotonic() - begin
+
+
+def test_ctrl_c_ends_a_run_after_a_whole_sweep():
+    status, out, _ = interrupted("sweep(10**12)")
+    assert (status, out) == (0, "True True\n")
+
+
+def test_ctrl_c_ends_single_attempts_soon():
+    status, out, seconds = interrupted("step(10**15)")
+    assert status == 0 and seconds < 30
+
+
+def test_a_signal_handler_may_use_the_model():
+    model = quorvane.Model.open(example("voters"))
+    seen = []
+
+    def handler(number, frame):
+        model.lattice[0, 0] = 1
+        model.sweep(1)
+        seen.append((model.sweeps, quorvane.random(), model.measure("counts")["count"].sum()))
+
+    former = signal.signal(signal.SIGALRM, handler)
+    signal.setitimer(signal.ITIMER_REAL, 0.05, 0.05)
+    try:
+        while len(seen) < 3:
+            model.sweep(100)
+    finally:
+        signal.setitimer(signal.ITIMER_REAL, 0)
+        signal.signal(signal.SIGALRM, former)
+    assert all(count == model.lattice.size for _, _, count in seen)
+
+
+def test_an_error_in_a_signal_handler_ends_the_run():
+    model = quorvane.Model.open(example("voters"))
+
+    def handler(number, frame):
+        raise ZeroDivisionError("alarm")
+
+    former = signal.signal(signal.SIGALRM, handler)
+    signal.setitimer(signal.ITIMER_REAL, 0.05)
+    try:
+        with pytest.raises(ZeroDivisionError, match="alarm"):
+            model.sweep(10**12)
+    finally:
+        signal.signal(signal.SIGALRM, former)
+    before = model.sweeps
+    model.sweep(1)
+    assert model.sweeps == before + 1
+
+
+def test_importing_twice_is_importing_once():
+    print_both = ("import sys, importlib; import quorvane; m = quorvane.Model.new(4); "
+                  "a = quorvane.random(); b = importlib.reload(quorvane); "
+                  "from quorvane import Model as again; "
+                  "print(again.new(2).shape, m.copy().text() == m.text(), quorvane.random() != a, b is quorvane)")
+    assert python(print_both) == "(2, 2) True True True\n"
+    without_cache = ("import sys, quorvane; quorvane.seed(3); a = quorvane.random(); "
+                     "[sys.modules.pop(n) for n in list(sys.modules) if n[:8] == 'quorvane' and 'native' not in n]; "
+                     "import quorvane as q; q.seed(3); print(q.random() == a, q.Model.new(3).shape)")
+    assert python(without_cache) == "True (3, 3)\n"
+
+
+def test_a_forked_process_goes_on_with_the_same_numbers(small):
+    reader, writer = os.pipe()
+    small.sweep(3)
+    child = os.fork()
+    if child == 0:
+        try:
+            small.sweep(4)
+            os.write(writer, small.text().encode())
+        finally:
+            os._exit(0)
+    small.sweep(4)
+    os.close(writer)
+    with os.fdopen(reader, "rb") as file:
+        assert file.read().decode() == small.text()
+    assert os.waitpid(child, 0)[1] == 0
+
+
+FORKED = """
+import os, sys, threading, time, quorvane
+model, other = quorvane.Model.open(sys.argv[1]), quorvane.Model.new(6)
+thread = threading.Thread(target=lambda: model.sweep(3000))
+thread.start()
+time.sleep(0.05)
+child = os.fork()
+if child == 0:
+    def told(work):
+        try:
+            work()
+        except RuntimeError as error:
+            return str(error)
+    try:
+        answers = [told(model.text), told(other.sweep), told(quorvane.random), told(other.text)]
+        quorvane.seed(7)
+        numbers = quorvane.random()
+        other.sweep(2)
+        answers += [told(model.text), told(lambda: model.sweep(1)), told(other.text)]
+        del model
+        fresh = [quorvane.Model.open(sys.argv[1]) for _ in range(3)]
+        answers += [told(each.text) for each in fresh]
+        print(answers, flush=True)
+        os._exit(0)
+    except BaseException as error:
+        print(repr(error), flush=True)
+        os._exit(1)
+thread.join()
+_, status = os.waitpid(child, 0)
+print(status, model.sweeps)
+"""
+
+
+def test_a_fork_during_a_sweep_leaves_the_child_what_is_whole():
+    answers, parent = python(FORKED, example("voters")).splitlines()
+    torn = "another thread was sweeping this model when the process was forked; open it again"
+    source = ("another thread was drawing random numbers when the process was forked; call quorvane.seed first")
+    assert eval(answers) == [torn, source, source, None, torn, torn, None, None, None, None]
+    assert parent == "0 3000"
+
+
+def test_processes_of_a_pool_sweep_at_the_same_time():
+    program = """
+import multiprocessing, quorvane, sys
+def run(seed):
+    quorvane.seed(seed)
+    model = quorvane.Model.open(sys.argv[1])
+    model.remake(16)
+    model.sweep(20)
+    return model
+if __name__ == "__main__":
+    with multiprocessing.get_context("fork").Pool(2) as pool:
+        models = pool.map(run, [1, 2, 1])
+    print(models[0].text() == models[2].text() == run(1).text() != models[1].text(), models[1].sweeps)
+"""
+    assert python(program, example("voters")) == "True 20\n"
+
+
+def test_a_model_dropped_while_it_is_swept_lives_until_the_end():
+    started = threading.Event()
+
+    def work():
+        model = quorvane.Model.open(example("voters"))
+        started.set()
+        quorvane.Model.sweep(model, 100)
+
+    thread = threading.Thread(target=work)
+    thread.start()
+    started.wait()
+    thread.join()
+    assert refused(ValueError, lambda: quorvane.Model.new(0)).startswith("sides")
