@@ -1,9 +1,13 @@
-# Two packages, each from the component of its name: MPI brings many libraries, which few users have.
+# Packages from the components of their names: MPI brings many libraries, which few users have, and the Python module
+# needs no window.
 set(CPACK_GENERATOR DEB)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_ALL quorvane)
 if(TARGET quorvane-study-mpi)
   list(APPEND CPACK_COMPONENTS_ALL quorvane-mpi)
+endif()
+if(TARGET quorvane_native)
+  list(APPEND CPACK_COMPONENTS_ALL python3-quorvane)
 endif()
 set(CPACK_PACKAGE_NAME quorvane)
 # The project has no address that can be reached.
@@ -37,7 +41,7 @@ quorvane-study, which makes many runs over a grid of parameters and tabulates
 them, and a library of example documents.")
 # Qt's support for Wayland is a separate package, ffmpeg makes films from frames, and gnuplot figures of studies.
 set(CPACK_DEBIAN_QUORVANE_PACKAGE_RECOMMENDS "qt6-wayland, shared-mime-info")
-set(CPACK_DEBIAN_QUORVANE_PACKAGE_SUGGESTS "ffmpeg, gnuplot-nox, quorvane-mpi")
+set(CPACK_DEBIAN_QUORVANE_PACKAGE_SUGGESTS "ffmpeg, gnuplot-nox, quorvane-mpi, python3-quorvane")
 
 set(CPACK_DEBIAN_QUORVANE-MPI_PACKAGE_NAME quorvane-mpi)
 set(CPACK_DEBIAN_QUORVANE-MPI_DESCRIPTION
@@ -48,4 +52,20 @@ results are those of quorvane-study, which tabulates them.")
 # The same version, since both write the same files.
 set(CPACK_DEBIAN_QUORVANE-MPI_PACKAGE_DEPENDS "quorvane (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
 set(CPACK_DEBIAN_QUORVANE-MPI_PACKAGE_RECOMMENDS mpi-default-bin)
+
+set(CPACK_DEBIAN_PYTHON3-QUORVANE_PACKAGE_NAME python3-quorvane)
+set(CPACK_DEBIAN_PYTHON3-QUORVANE_PACKAGE_SECTION python)
+set(CPACK_DEBIAN_PYTHON3-QUORVANE_DESCRIPTION
+"stochastic lattice models in Python
+The module quorvane opens, runs, measures and saves the stochastic lattice
+models of Quorvane from Python. Lattices are arrays for NumPy, and runs give the
+same bits as the application and quorvane-batch.")
+# The module is for one minor version of Python.
+string(REGEX REPLACE "^3\\." "" minor "${QUORVANE_PYTHON_VERSION}")
+math(EXPR next_minor "${minor} + 1")
+set(CPACK_DEBIAN_PYTHON3-QUORVANE_PACKAGE_DEPENDS
+  "python3 (>= ${QUORVANE_PYTHON_VERSION}), python3 (<< 3.${next_minor}), python3-numpy")
+# Example documents, and studies to be read.
+set(CPACK_DEBIAN_PYTHON3-QUORVANE_PACKAGE_RECOMMENDS "quorvane")
+set(CPACK_DEBIAN_PYTHON3-QUORVANE_PACKAGE_SUGGESTS "python3-matplotlib, python3-pandas")
 include(CPack)

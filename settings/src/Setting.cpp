@@ -4,7 +4,7 @@
 #include <charconv>
 #include <iterator>
 
-#include "engine/Directions.h"
+#include "engine/Limits.h"
 #include "settings/Changes.h"
 
 namespace quorvane {
