@@ -127,8 +127,8 @@ assert np.all(abs(end - exact)[:7] < 5 * end_error[:7])
 # In between it is not, not even with the mobile share of that time, which is an eighth of the mean
 # number of mobile neighbours. Mobile sites freeze only where others are beside them. That thins out
 # dense places and leaves sparse ones alone, so that the numbers have a smaller variance than at
-# random. While their mean is large, too few of them are 0 or 1, and too few sites are blocked; later
-# too many. A theory of independent sites misses both.
+# random. While their mean is large, too few of them are 0 or 1, and too few sites are blocked;
+# later too many. A theory of independent sites misses both.
 
 # %%
 mobile = histories @ np.arange(9) / 8
