@@ -61,7 +61,7 @@ parameter = {{ from = 0.5, to = 1.0, steps = 21 }}
 # %%
 work = tempfile.TemporaryDirectory()
 file, results = Path(work.name) / "heat.toml", Path(work.name) / "heat.results"
-file.write_text(STUDY)
+file.write_text(STUDY, encoding="utf-8")
 subprocess.run([PROGRAM, "run", file, "--results", results], check=True)
 
 # %% [markdown]
@@ -121,7 +121,8 @@ assert abs(deviation).max() < 5
 assert (deviation**2).sum() < 3 * small.sum() < (wrong**2).sum()
 
 # %% [markdown]
-# Larger lattices have a higher peak: it grows with the logarithm of the side.
+# Larger lattices have a higher peak. It grows with the logarithm of the side: by about the same for
+# each doubling.
 
 # %%
 peaks = [heat[points["imax"] == side].max() for side in SIDES]
@@ -139,7 +140,7 @@ for side, marker in zip(SIDES, "os^D"):
     rows = points["imax"] == side
     axes.errorbar(coupling[rows], heat[rows], error[rows], fmt=marker, linewidth=1,
                   label=f"{side} × {side}")
-axes.axvline(0.1901926807, color="gray", linestyle="--", linewidth=1)
+axes.axvline(0.1901926807, color="gray", linestyle="--", linewidth=1, label="critical coupling")
 axes.set(xlabel="coupling $K$ (units of $kT$)", ylabel="specific heat of a site (units of $k$)")
 axes.legend(loc="upper left")
 figure.savefig(FIGURES / "study-to-figure.svg", metadata={"Date": None})

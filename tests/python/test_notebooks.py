@@ -67,6 +67,17 @@ def test_it_has_the_form_of_a_notebook(name):
             compile(body, name, "exec")
 
 
+def test_its_cells_run_in_a_notebook(tmp_path):
+    """One by one, in the folder of the notebooks, where no __file__ tells the place."""
+    code = [body for is_markdown, body in cells(source("first_steps")) if not is_markdown]
+    (tmp_path / "cells.py").write_text(
+        "space = {'__name__': '__main__'}\n"
+        + "".join(f"exec({body!r}, space)\n" for body in code), encoding="utf-8")
+    result = run(tmp_path / "cells.py", NOTEBOOKS, QUORVANE_FIGURES=str(tmp_path))
+    assert result.returncode == 0, result.stdout
+    assert (tmp_path / "first-steps-sweeps.svg").stat().st_size > 0
+
+
 def test_figures_are_the_same_each_time(tmp_path):
     contents = []
     for folder in (tmp_path / "one", tmp_path / "two"):
