@@ -58,8 +58,8 @@ set(CPACK_DEBIAN_PYTHON3-QUORVANE_PACKAGE_SECTION python)
 set(CPACK_DEBIAN_PYTHON3-QUORVANE_DESCRIPTION
 "stochastic lattice models in Python
 The module quorvane opens, runs, measures and saves the stochastic lattice
-models of Quorvane from Python. Lattices are arrays for NumPy, and runs give the
-same bits as the application and quorvane-batch.")
+models of Quorvane from Python. Lattices are arrays for NumPy, and runs give
+the same bits as the application and quorvane-batch.")
 # The module is for one minor version of Python.
 string(REGEX REPLACE "^3\\." "" minor "${QUORVANE_PYTHON_VERSION}")
 math(EXPR next_minor "${minor} + 1")

@@ -80,11 +80,11 @@ std::string whyNotReadable(std::string_view text) {
 }
 
 SaveResult save(std::string_view text, const std::filesystem::path& path) {
-  if (const std::string why = whyNotReadable(text); !why.empty()) return {false, why};
+  if (const std::string why = whyNotReadable(text); !why.empty()) return {.saved = false, .reason = why};
   const Written written = writeFileAtomically(path, text, waitNever);
-  if (written.error) return {false, written.error.message() + whereLeft(written)};
+  if (written.error) return {.saved = false, .reason = written.error.message() + whereLeft(written), .error = written.error};
   sweepPartialFiles(path);
-  return {true, {}, written.inPlace ? kNoteInPlace : ""};
+  return {.saved = true, .note = written.inPlace ? kNoteInPlace : ""};
 }
 
 }  // namespace
@@ -106,7 +106,7 @@ SaveResult saveDocument(const LatticeModel& model, const std::filesystem::path& 
   try {
     return save(writeDocument(model), path);
   } catch (const std::bad_alloc&) {
-    return {false, kOutOfMemory};
+    return {.saved = false, .reason = kOutOfMemory};
   }
 }
 
@@ -114,7 +114,7 @@ SaveResult saveDocument(std::string_view text, const std::filesystem::path& path
   try {
     return save(text, path);
   } catch (const std::bad_alloc&) {
-    return {false, kOutOfMemory};
+    return {.saved = false, .reason = kOutOfMemory};
   }
 }
 

@@ -267,8 +267,9 @@ class PixelTypes(_Items[PixelType]):
             masquerade=None, field=None) -> PixelType:
         """Adds a type that no site holds, and returns it.
 
-        It is called "New Pixel" and has a random colour (three draws: red, green, blue) unless given. Rules with any
-        type as an end do not cover a type that is added later. Raises ValueError at ten types.
+        It is called "New Pixel" and has a random colour unless given. Always draws three numbers, for red, green and
+        blue. Rules with any type as an end do not cover a type that is added later. Raises ValueError at ten
+        types.
         """
         fields = dict(name=name, color=color, persistence=persistence, opacity=opacity, immobile=immobile,
                       masquerade=masquerade, field=field)

@@ -58,6 +58,9 @@ class Lattice(np.lib.mixins.NDArrayOperatorsMixin):
         self._shape = core.shape() if shape is None else shape
         self._places = _all_places(self._shape) if places is None else places
 
+    def _is_whole(self) -> bool:
+        return self._places is _all_places(self._shape)
+
     @property
     def shape(self) -> tuple[int, ...]:
         """(Imax, Jmax) of the whole lattice."""
@@ -80,6 +83,9 @@ class Lattice(np.lib.mixins.NDArrayOperatorsMixin):
         return (self[k] for k in range(len(self)))
 
     def __getitem__(self, key):
+        if type(key) is tuple and len(key) == 2 and type(key[0]) is type(key[1]) is int and self._is_whole():
+            self._require_shape()
+            return self._core.site(*key)
         places = self._places[key]
         if isinstance(places, np.ndarray) and np.may_share_memory(places, self._places):
             return Lattice(self._core, self._shape, places)
@@ -94,7 +100,8 @@ class Lattice(np.lib.mixins.NDArrayOperatorsMixin):
 
     def copy(self) -> np.ndarray:
         """The pixel types as a contiguous array of uint8 of its own."""
-        return np.ascontiguousarray(self._all_types()[self._places])
+        types = self._all_types()
+        return types.reshape(self._shape) if self._is_whole() else np.ascontiguousarray(types[self._places])
 
     def __array__(self, dtype=None, copy=None):
         if copy is False:

@@ -42,6 +42,8 @@ class Observation:
         wrong = [name for name in names if not isinstance(name, str)]
         if wrong:
             raise ValueError(f"an observable is named by a str, not by {wrong[0]!r}")
+        if not names:
+            raise ValueError("name at least one observable; quorvane.observables() tells what there is")
         self._core = core
         self._measurements = _native.Measurements(",".join(names), core)
 

@@ -43,8 +43,8 @@ class Model:
     quorvane-batch, so the same document gives the same lattice after the same sweeps, bit for bit. All models of a
     process share one source of random numbers: see `quorvane.seed`.
 
-    A model may be used from any thread, one at a time: while one sweeps, every use of the model in another raises
-    RuntimeError, and so does everything that draws.
+    A model may be used from any thread, one at a time: while one sweeps, every use of the model in another but `sweeps`
+    raises RuntimeError, and so does everything that draws.
     """
 
     __slots__ = ("_core", "__weakref__")
@@ -135,7 +135,7 @@ class Model:
 
     @property
     def sweeps(self) -> int:
-        """The number of sweeps made since the model was opened or made."""
+        """The number of sweeps made since the model was opened or made. May be read while another thread sweeps."""
         return self._core.sweeps_done()
 
     @property
@@ -173,14 +173,14 @@ class Model:
     def pair_energies(self) -> np.ndarray:
         """The pair energies J in kT as a symmetric array of float, index [type][type]: a copy.
 
-        They follow from the interactions among the rules; that of a disabled one counts as 0.
+        They are written when an interaction among the rules is added, changed, disabled, enabled or deleted.
         """
         return self._core.pair_energies()
 
     @property
     def populations(self) -> np.ndarray:
         """The number of sites that hold each type, an array of int with the index [type]."""
-        return np.bincount(self._core.sites().ravel(), minlength=self._core.num_types())
+        return self._core.populations()
 
     def remake(self, sides) -> None:
         """Makes a random lattice of other sides, (Imax, Jmax) or one number for both; types and rules stay.
@@ -199,7 +199,10 @@ class Model:
         if isinstance(density, Mapping):
             pairs = [(type_index(self._core, key), share) for key, share in density.items()]
         else:
-            pairs = list(enumerate(density))
+            try:
+                pairs = list(enumerate(density))
+            except TypeError:
+                raise ValueError(f"density: {density!r} is neither a list of shares nor a dict") from None
             if len(pairs) != len(self.types):
                 raise ValueError(f"density: there are {len(self.types)} pixel types, not {len(pairs)}")
         try:
@@ -247,7 +250,10 @@ class Model:
         return _unpickled, (self.text(), self._core.state())
 
     def __repr__(self) -> str:
-        imax, jmax = self.shape
+        try:
+            imax, jmax = self.shape
+        except RuntimeError:
+            return f"<quorvane.Model, swept by another thread, {self.sweeps} sweeps>"
         return (f"<quorvane.Model {imax} x {jmax}, {len(self.types)} types, {len(self.rules)} rules, "
                 f"{self.sweeps} sweeps>")
 

@@ -13,13 +13,14 @@ namespace {
 namespace py = pybind11;
 
 /// As Python's own functions on files do, so that a missing file is a FileNotFoundError.
-[[noreturn]] void throwOsError(const std::error_code& error, const std::string& path) {
+[[noreturn]] void throwOsError(const std::error_code& error, const std::string& reason,
+                               const std::string& path) {
   const bool isOfSystem =
       error.category() == std::system_category() || error.category() == std::generic_category();
-  if (isOfSystem)
-    PyErr_SetObject(PyExc_OSError, py::make_tuple(error.value(), error.message(), path).ptr());
+  if (isOfSystem && error)
+    PyErr_SetObject(PyExc_OSError, py::make_tuple(error.value(), reason, path).ptr());
   else
-    PyErr_SetString(PyExc_OSError, (path + ": " + error.message()).c_str());
+    PyErr_SetString(PyExc_OSError, (path + ": " + reason).c_str());
   throw py::error_already_set();
 }
 
@@ -31,7 +32,7 @@ py::bytes fileContent(const std::string& path) {
     const py::gil_scoped_release unlocked;
     error = readDocumentFile(path, DocumentSource::kFile, text);
   }
-  if (error) throwOsError(error, path);
+  if (error) throwOsError(error, error.message(), path);
   return text;
 }
 
@@ -53,8 +54,7 @@ std::string save(Core& core, const std::string& path) {
     result = saveDocument(text, path);
   }
   if (result.saved) return result.note;
-  PyErr_SetString(PyExc_OSError, ("cannot save \"" + path + "\": " + result.reason).c_str());
-  throw py::error_already_set();
+  throwOsError(result.error, result.reason, path);
 }
 
 }  // namespace

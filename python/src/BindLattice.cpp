@@ -2,6 +2,7 @@
 
 #include "Bindings.h"
 #include "engine/Limits.h"
+#include "model/SiteCounts.h"
 #include "output/LatticePicture.h"
 #include "output/Png.h"
 #include "settings/Fill.h"
@@ -27,6 +28,27 @@ Sites sitesOf(Core& core) {
   for (int i = 0; i < imax; ++i)
     for (int j = 0; j < jmax; ++j) *site++ = static_cast<std::uint8_t>(model.getSiteValue(i, j));
   return sites;
+}
+
+/// An index from 0; a negative one counts from the end.
+int indexWithin(int index, int size, int axis) {
+  if (index >= -size && index < size) return index < 0 ? index + size : index;
+  throw py::index_error("index " + std::to_string(index) + " is out of bounds for axis " +
+                        std::to_string(axis) + " with size " + std::to_string(size));
+}
+
+int siteAt(Core& core, int i, int j) {
+  const LatticeModel& model = core.use();
+  return model.getSiteValue(indexWithin(i, model.getIMax(), 0), indexWithin(j, model.getJMax(), 1));
+}
+
+/// The number of sites that hold each type.
+py::array_t<std::int64_t> populations(Core& core) {
+  const LatticeModel& model = core.use();
+  const SiteCounts counts = countSites(model);
+  py::array_t<std::int64_t> numbers(model.getNumPixelTypes());
+  std::copy_n(counts.begin(), numbers.size(), numbers.mutable_data());
+  return numbers;
 }
 
 /// places: i * Jmax + j of each site, in any order.
@@ -93,6 +115,8 @@ void bindLattice(CoreClass& core) {
     return std::pair(model.getIMax(), model.getJMax());
   });
   core.def("sites", sitesOf);
+  core.def("site", siteAt);
+  core.def("populations", populations);
   core.def("paint", paint);
   core.def("initialise", initialise);
   core.def("fill", fillWith);

@@ -26,7 +26,7 @@ void bindRuns(CoreClass& core) {
     if (attempts < 0) throw py::value_error("the number of attempts is 0 or more");
     self.step(attempts, withoutLock, handleSignals);
   });
-  core.def("sweeps_done", [](Core& self) { return self.use().sweepsDone(); });
+  core.def("sweeps_done", &Core::sweepsDone);
 }
 
 }  // namespace quorvane

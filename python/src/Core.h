@@ -23,6 +23,9 @@ class Core {
   /// For operations that draw: throws InUse while another thread sweeps any model.
   LatticeModel& useWithSource();
 
+  /// May be called while another thread sweeps, for its progress.
+  std::int64_t sweepsDone() const { return model_->sweepsDone(); }
+
   /// Called between sweeps, with the lock of the interpreter; throws to end the run.
   using Interlude = std::function<void()>;
   /// Calls work without the lock of the interpreter.

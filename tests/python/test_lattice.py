@@ -114,6 +114,12 @@ def test_refuses_values_that_are_no_types(numbered, values, why):
     assert numbered.text() == before
 
 
+def test_single_sites_have_the_errors_of_arrays(numbered):
+    assert refused(IndexError, lambda: numbered.lattice[4, 0]) == "index 4 is out of bounds for axis 0 with size 4"
+    assert refused(IndexError, lambda: numbered.lattice[0, -4]) == "index -4 is out of bounds for axis 1 with size 3"
+    assert [numbered.lattice[-4, -3], numbered.lattice[np.int8(1), True * 2]] == [0, 5]
+
+
 def test_refuses_sites_that_are_not_there(numbered):
     before = numbered.text()
     for key in ((4, 0), (0, 3), (-5, 0), (0, 0, 0), 4, [0, 4]):
@@ -189,6 +195,7 @@ def test_densities_fill_a_lattice():
         ([float("nan"), 0, 1], 'the share of "#0" is not from 0 to 1'),
         ({"Fish": 1, 1: 0}, 'two shares are of the pixel type "Fish"'),
         ({"Whale": 1}, 'no pixel type is called "Whale"; there are 0 "Empty", 1 "Fish", 2 "Shark"'),
+        (0.5, "density: 0.5 is neither a list of shares nor a dict"),
         (["a", 0, 1], "density: ['a', 0, 1] has a share that is no number"),
     ]:
         assert refused(ValueError, lambda: model.fill(density)) == why

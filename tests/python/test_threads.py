@@ -54,13 +54,24 @@ def test_a_model_is_refused_while_another_thread_sweeps_it(swept):
                 model.picture, model.png, model.copy, lambda: model.measure("energy"), lambda: model.types[0].name,
                 lambda: setattr(model.types[0], "field", 1.0), lambda: model.rules[0], lambda: len(model.types),
                 lambda: model.rules.add("swap", 0, 1), lambda: model.rules.__delitem__(0), lambda: model.types.add(),
-                lambda: model.sweep(), lambda: model.step(), lambda: model.sweeps, lambda: model.shape,
-                lambda: model.remake(4), lambda: model.fill([0.5, 0.5]), lambda: repr(model), lambda: model.populations,
+                lambda: model.sweep(), lambda: model.step(), lambda: model.shape,
+                lambda: model.remake(4), lambda: model.fill([0.5, 0.5]), lambda: model.populations,
                 lambda: model.pair_energies, lambda: model.save(os.devnull), lambda: model.__reduce__()):
         assert in_sweep(use) in (
             "another thread is sweeping this model",
             "another thread is sweeping a model, and the process has one source of random numbers; use processes to "
             "sweep at the same time")
+
+
+def test_the_progress_of_a_sweep_is_seen_in_another_thread(swept):
+    model, _, _ = swept
+    seen = {model.sweeps}
+    for _ in range(1000):
+        seen.add(model.sweeps)
+        if repr(model).startswith("<quorvane.Model, swept by another thread, ") and len(seen) > 3:
+            return
+        time.sleep(0.002)
+    raise AssertionError(seen)
 
 
 def test_what_draws_is_refused_while_another_thread_sweeps_any_model(swept):

@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include "model/LatticeModel.h"
 
@@ -36,11 +37,12 @@ struct DocumentHeader {
 };
 
 /// The result of saving. reason: one line without a path, empty if the document was saved. note: such a line
-/// about a save with a peculiarity; mostly empty.
+/// about a save with a peculiarity; mostly empty. error: why the file could not be written, if that was it.
 struct SaveResult {
   bool saved = false;
   std::string reason = {};
   std::string note = {};
+  std::error_code error = {};
 };
 
 enum class OpenStatus {
