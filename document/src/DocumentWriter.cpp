@@ -82,7 +82,8 @@ std::string whyNotReadable(std::string_view text) {
 SaveResult save(std::string_view text, const std::filesystem::path& path) {
   if (const std::string why = whyNotReadable(text); !why.empty()) return {.saved = false, .reason = why};
   const Written written = writeFileAtomically(path, text, waitNever);
-  if (written.error) return {.saved = false, .reason = written.error.message() + whereLeft(written), .error = written.error};
+  if (written.error)
+    return {.saved = false, .reason = written.error.message() + whereLeft(written), .error = written.error};
   sweepPartialFiles(path);
   return {.saved = true, .note = written.inPlace ? kNoteInPlace : ""};
 }

@@ -83,13 +83,14 @@ class Lattice(np.lib.mixins.NDArrayOperatorsMixin):
         return (self[k] for k in range(len(self)))
 
     def __getitem__(self, key):
-        if type(key) is tuple and len(key) == 2 and type(key[0]) is type(key[1]) is int and self._is_whole():
+        if type(key) is tuple and len(key) == 2 and type(key[0]) is int and type(key[1]) is int and self._is_whole():
             self._require_shape()
             return self._core.site(*key)
         places = self._places[key]
         if isinstance(places, np.ndarray) and np.may_share_memory(places, self._places):
             return Lattice(self._core, self._shape, places)
-        types = self._all_types()[places]
+        self._require_shape()
+        types = self._core.sites().ravel()[places]
         return types if isinstance(places, np.ndarray) else int(types)
 
     def __setitem__(self, key, value):
@@ -100,8 +101,9 @@ class Lattice(np.lib.mixins.NDArrayOperatorsMixin):
 
     def copy(self) -> np.ndarray:
         """The pixel types as a contiguous array of uint8 of its own."""
-        types = self._all_types()
-        return types.reshape(self._shape) if self._is_whole() else np.ascontiguousarray(types[self._places])
+        self._require_shape()
+        types = self._core.sites()
+        return types if self._is_whole() else np.ascontiguousarray(types.ravel()[self._places])
 
     def __array__(self, dtype=None, copy=None):
         if copy is False:
@@ -134,7 +136,3 @@ class Lattice(np.lib.mixins.NDArrayOperatorsMixin):
     def _require_shape(self):
         if self._core.shape() != self._shape:
             raise ValueError("the lattice was remade with other sides; take model.lattice again")
-
-    def _all_types(self) -> np.ndarray:
-        self._require_shape()
-        return self._core.sites().ravel()
