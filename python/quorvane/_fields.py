@@ -6,6 +6,8 @@ import operator
 from collections.abc import Sequence
 from typing import Generic, TypeVar, Union
 
+import numpy as np
+
 from . import _native
 
 TypeLike = Union[int, str, "PixelType"]
@@ -38,27 +40,29 @@ def type_names(core) -> list[str]:
     return [core.type_name(index) for index in range(core.num_types())]
 
 
-def type_index(core, key: TypeLike) -> int:
-    """The index of the pixel type that an argument stands for. ValueError if there is none."""
+def named_type(key: TypeLike, names: list[str], core=None) -> int:
+    """The index of the pixel type of a model, if there is one yet, that an argument stands for. ValueError if none."""
     if isinstance(key, PixelType):
+        if key._core is not core:
+            raise ValueError(f"{key!r} is of another model")
         key = key.index
-    return _index_of(key, core.num_types(), lambda: type_names(core), "pixel type", ValueError)
+    return _index_of(key, len(names), lambda: names, "pixel type", ValueError)
 
 
 def _type_or_none(core, key: TypeLike | None) -> int:
     """The same; None, which stands for any type or for none, is -1 in the engine."""
-    return -1 if key is None else type_index(core, key)
+    return -1 if key is None else named_type(key, type_names(core), core)
 
 
 def _real(value, field: str) -> float:
     try:
         return float(value)
-    except (TypeError, ValueError):
+    except (TypeError, ValueError, OverflowError):
         raise ValueError(f"{field}: {value!r} is not a number") from None
 
 
 def _flag(value, field: str) -> bool:
-    if value in (0, 1):
+    if isinstance(value, (int, np.integer, np.bool_)) and value in (0, 1):
         return bool(value)
     raise ValueError(f"{field}: {value!r} is neither True nor False")
 
@@ -72,7 +76,7 @@ def _text(value, field: str) -> str:
 def _color(value, field: str):
     try:
         parts = [float(part) for part in value]
-    except (TypeError, ValueError):
+    except (TypeError, ValueError, OverflowError):
         parts = []
     if len(parts) != 3:
         raise ValueError(f"{field}: {value!r} is not (red, green, blue), each from 0 to 1")

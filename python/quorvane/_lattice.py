@@ -14,6 +14,12 @@ _READERS = frozenset(
 )
 
 
+def _is_site(key, shape: tuple[int, int]) -> bool:
+    """True for the index (i, j) of one site, also from the end."""
+    return (type(key) is tuple and len(key) == 2 and type(key[0]) is int and type(key[1]) is int
+            and -shape[0] <= key[0] < shape[0] and -shape[1] <= key[1] < shape[1])
+
+
 @functools.lru_cache(maxsize=8)
 def _all_places(shape: tuple[int, int]) -> np.ndarray:
     """The place i * Jmax + j of every site."""
@@ -22,9 +28,16 @@ def _all_places(shape: tuple[int, int]) -> np.ndarray:
     return places
 
 
-def _checked_types(values, num_types: int) -> np.ndarray:
+def as_array(values) -> np.ndarray:
+    """Values for sites as an array. ValueError if they are none."""
+    try:
+        return np.asarray(values)
+    except OverflowError as error:
+        raise ValueError(f"sites are indices of pixel types: {error}") from None
+
+
+def checked_types(array: np.ndarray, num_types: int) -> np.ndarray:
     """Types of sites as uint8. ValueError unless they are whole numbers of existing types."""
-    array = np.asarray(values)
     if array.dtype.kind not in "biu":
         raise ValueError(f"sites are indices of pixel types, whole numbers, not {array.dtype}")
     if array.size and (array.min() < 0 or array.max() >= num_types):
@@ -83,7 +96,7 @@ class Lattice(np.lib.mixins.NDArrayOperatorsMixin):
         return (self[k] for k in range(len(self)))
 
     def __getitem__(self, key):
-        if type(key) is tuple and len(key) == 2 and type(key[0]) is int and type(key[1]) is int and self._is_whole():
+        if self._is_whole() and _is_site(key, self._shape):
             self._require_shape()
             return self._core.site(*key)
         places = self._places[key]
@@ -95,7 +108,10 @@ class Lattice(np.lib.mixins.NDArrayOperatorsMixin):
 
     def __setitem__(self, key, value):
         places = np.asarray(self._places[key])
-        types = _checked_types(value, self._core.num_types())
+        array = as_array(value)
+        if np.broadcast_shapes(array.shape, places.shape) != places.shape:
+            raise ValueError(f"values of shape {array.shape} do not fit sites of shape {places.shape}")
+        types = checked_types(array, self._core.num_types())
         self._require_shape()
         self._core.paint(places.ravel(), np.broadcast_to(types, places.shape).ravel())
 
@@ -111,13 +127,22 @@ class Lattice(np.lib.mixins.NDArrayOperatorsMixin):
         return self.copy() if dtype is None else self.copy().astype(dtype)
 
     def __array_ufunc__(self, ufunc, method, *inputs, out=None, **kwargs):
-        plain = [each.copy() if isinstance(each, Lattice) else each for each in inputs]
+        def plain(value):
+            return value.copy() if isinstance(value, Lattice) else value
+
+        arrays = [plain(each) for each in inputs]
+        # What is to be written into a lattice is computed beside it and then painted.
+        targets = inputs[:1] if method == "at" else out or ()
+        results = arrays[:1] if method == "at" else [plain(each) for each in targets]
+        if out is not None:
+            kwargs["out"] = tuple(results)
+        value = getattr(ufunc, method)(*arrays, **{name: plain(each) for name, each in kwargs.items()})
+        for target, result in zip(targets, results):
+            if isinstance(target, Lattice):
+                target[...] = result
         if out is None:
-            return getattr(ufunc, method)(*plain, **kwargs)
-        if len(out) != 1 or not isinstance(out[0], Lattice):
-            return getattr(ufunc, method)(*plain, out=out, **kwargs)
-        out[0][...] = getattr(ufunc, method)(*plain, **kwargs)
-        return out[0]
+            return value
+        return out[0] if len(out) == 1 else out
 
     def __getattr__(self, name):
         if name in _READERS:
@@ -126,6 +151,12 @@ class Lattice(np.lib.mixins.NDArrayOperatorsMixin):
 
     def __dir__(self):
         return sorted(_READERS.union(super().__dir__()))
+
+    def __bool__(self) -> bool:
+        return bool(self.copy())
+
+    def __int__(self) -> int:
+        return int(self.copy())
 
     def __contains__(self, value) -> bool:
         return value in self.copy()

@@ -10,8 +10,8 @@ from collections.abc import Mapping
 import numpy as np
 
 from . import _native
-from ._fields import PixelTypes, Rules, type_index
-from ._lattice import Lattice, _checked_types
+from ._fields import PixelTypes, Rules, named_type, type_names
+from ._lattice import Lattice, as_array, checked_types
 from ._measure import Observation
 
 
@@ -34,6 +34,52 @@ def _sides(sides) -> tuple[int, int]:
     if not (1 <= min(imax, jmax) and max(imax, jmax) <= _native.MAX_SIDE):
         raise ValueError(f"sides: {sides!r}; a lattice has sides from 1 to {_native.MAX_SIDE}")
     return imax, jmax
+
+
+def _names(types) -> tuple[list[str], bool]:
+    """The names of new pixel types from their number or their names, and whether they were given."""
+    try:
+        # The name that the engine gives to all.
+        names, are_given = ["Pixel"] * max(0, min(operator.index(types), _native.MAX_TYPES + 1)), False
+    except TypeError:
+        try:
+            names, are_given = [types] if isinstance(types, str) else list(types), True
+        except TypeError:
+            raise ValueError(f"types: {types!r} is neither a number of pixel types nor their names") from None
+    if not 1 <= len(names) <= _native.MAX_TYPES:
+        raise ValueError(f"types: a model has 1 to {_native.MAX_TYPES} pixel types")
+    for name in names:
+        if not isinstance(name, str):
+            raise ValueError(f"types: a name is a str, not {type(name).__name__}")
+        _native.Core.require_name(name)
+    return names, are_given
+
+
+def _shares(density, names: list[str], core=None) -> list[tuple[int, float]]:
+    """The index and the share of each pixel type that has one."""
+    if isinstance(density, Mapping):
+        pairs = []
+        for key, share in density.items():
+            try:
+                pairs.append((named_type(key, names, core), share))
+            except (TypeError, ValueError) as error:
+                raise ValueError(f"density: {error}") from None
+    else:
+        try:
+            pairs = list(enumerate(density))
+        except TypeError:
+            raise ValueError(f"density: {density!r} is neither a list of shares nor a dict") from None
+        if len(pairs) != len(names):
+            raise ValueError(f"density: there are {len(names)} pixel types, not {len(pairs)}")
+    for index, _ in pairs:
+        if [other for other, _ in pairs].count(index) > 1:
+            raise ValueError(f'density: two shares are of the pixel type {index} "{names[index]}"')
+    try:
+        shares = [(index, float(share)) for index, share in pairs]
+    except (TypeError, ValueError, OverflowError):
+        raise ValueError(f"density: {density!r} has a share that is no number") from None
+    _native.Core.require_density(shares)
+    return shares
 
 
 class Model:
@@ -92,19 +138,17 @@ class Model:
         black; with densities one more number for each site. Raises ValueError.
         """
         imax, jmax = _sides(sides)
-        names = None
-        if not isinstance(types, (int, np.integer)):
-            names = list(types) if not isinstance(types, str) else [types]
-            types = len(names)
-        if not 1 <= types <= _native.MAX_TYPES:
-            raise ValueError(f"types: a model has 1 to {_native.MAX_TYPES} pixel types, not {types}")
+        names, are_given = _names(types)
+        # Everything is checked before anything is drawn.
+        shares = None if density is None else _shares(density, names)
         core = _native.Core()
-        core.initialise(int(types), imax, jmax)
+        core.initialise(len(names), imax, jmax)
         model = cls._of(core)
-        for index, name in enumerate(names or []):
-            model.types[index].name = name
-        if density is not None:
-            model.fill(density)
+        if are_given:
+            for each, name in zip(model.types, names):
+                each.name = name
+        if shares is not None:
+            core.fill(shares)
         return model
 
     def text(self) -> str:
@@ -154,10 +198,10 @@ class Model:
 
     @lattice.setter
     def lattice(self, values) -> None:
-        types = _checked_types(values, self._core.num_types())
-        if types.shape != self.shape:
-            raise ValueError(f"the lattice has the shape {self.shape}, not {types.shape}")
-        self.lattice[...] = types
+        array = as_array(values)
+        if array.shape != self.shape:
+            raise ValueError(f"the lattice has the shape {self.shape}, not {array.shape}")
+        self.lattice[...] = checked_types(array, self._core.num_types())
 
     @property
     def types(self) -> PixelTypes:
@@ -196,20 +240,7 @@ class Model:
         by name or index, where types that are left out get none. The shares add up to 1 within 1e-9. One draw for each
         site, i outer and j inner. Raises ValueError, and then nothing has changed.
         """
-        if isinstance(density, Mapping):
-            pairs = [(type_index(self._core, key), share) for key, share in density.items()]
-        else:
-            try:
-                pairs = list(enumerate(density))
-            except TypeError:
-                raise ValueError(f"density: {density!r} is neither a list of shares nor a dict") from None
-            if len(pairs) != len(self.types):
-                raise ValueError(f"density: there are {len(self.types)} pixel types, not {len(pairs)}")
-        try:
-            shares = [(index, float(share)) for index, share in pairs]
-        except (TypeError, ValueError):
-            raise ValueError(f"density: {density!r} has a share that is no number") from None
-        self._core.fill(shares)
+        self._core.fill(_shares(density, type_names(self._core), self._core))
 
     def observe(self, *names: str) -> Observation:
         """Observables to be measured again and again, with the present lattice as their start."""

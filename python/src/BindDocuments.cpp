@@ -28,10 +28,7 @@ namespace py = pybind11;
 py::bytes fileContent(const std::string& path) {
   std::string text;
   std::error_code error;
-  {
-    const py::gil_scoped_release unlocked;
-    error = readDocumentFile(path, DocumentSource::kFile, text);
-  }
+  withoutLock([&] { error = readDocumentFile(path, DocumentSource::kFile, text); });
   if (error) throwOsError(error, error.message(), path);
   return text;
 }
@@ -49,10 +46,7 @@ std::string readText(Core& core, const std::string& text) {
 std::string save(Core& core, const std::string& path) {
   const std::string text = writeDocument(core.use());
   SaveResult result;
-  {
-    const py::gil_scoped_release unlocked;
-    result = saveDocument(text, path);
-  }
+  withoutLock([&] { result = saveDocument(text, path); });
   if (result.saved) return result.note;
   throwOsError(result.error, result.reason, path);
 }

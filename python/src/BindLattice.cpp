@@ -73,14 +73,25 @@ void initialise(Core& core, int numTypes, int imax, int jmax) {
   model.initializeLatticeModel(numTypes, imax, jmax);
 }
 
-void fillWith(Core& core, const std::vector<std::pair<int, double>>& density) {
-  LatticeModel& model = core.useWithSource();
+/// Index and share of pixel types.
+using Density = std::vector<std::pair<int, double>>;
+
+std::vector<Share> sharesOf(const Density& density) {
   std::vector<Share> shares;
   shares.reserve(density.size());
   for (const auto& [type, share] : density)
     shares.push_back({std::string("#").append(std::to_string(type)), share});
-  requireShares(shares);
-  fill(model, shares);
+  return shares;
+}
+
+void requireDensity(const Density& density) {
+  forField("density", [&] { requireShares(sharesOf(density)); });
+}
+
+void fillWith(Core& core, const Density& density) {
+  LatticeModel& model = core.useWithSource();
+  requireDensity(density);
+  fill(model, sharesOf(density));
 }
 
 Image drawn(Core& core, int scale) {
@@ -120,6 +131,7 @@ void bindLattice(CoreClass& core) {
   core.def("paint", paint);
   core.def("initialise", initialise);
   core.def("fill", fillWith);
+  core.def_static("require_density", requireDensity);
   core.def("picture", picture);
   core.def("png", [](Core& self, int scale) { return py::bytes(encodePng(drawn(self, scale))); });
   core.def("pair_energies", pairEnergies);

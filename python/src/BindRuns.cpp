@@ -5,11 +5,6 @@ namespace {
 
 namespace py = pybind11;
 
-void withoutLock(const std::function<void()>& work) {
-  const py::gil_scoped_release unlocked;
-  work();
-}
-
 /// Lets Python's signal handlers run, so that Ctrl-C ends a run after a whole sweep.
 void handleSignals() {
   if (PyErr_CheckSignals() != 0) throw py::error_already_set();

@@ -4,6 +4,7 @@
 #include <pybind11/pybind11.h>
 #include <pybind11/stl.h>
 
+#include <functional>
 #include <string>
 
 #include "Core.h"
@@ -23,6 +24,10 @@ void forField(const char* field, const Work& work) {
     throw SettingError(std::string(field).append(": ").append(error.what()));
   }
 }
+
+/// Calls work without the interpreter's lock. Taking the lock again ends the thread where the interpreter has
+/// ended meanwhile, which a destructor must not do: pybind11's own guard would end the process with an error.
+void withoutLock(const std::function<void()>& work);
 
 using CoreClass = pybind11::class_<Core>;
 

@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "Bindings.h"
 #include "Sweeping.h"
 #include "checkpoint/CheckpointError.h"
@@ -14,7 +16,7 @@ PYBIND11_MODULE(_native, module) {
 
   pybind11::register_local_exception_translator([](std::exception_ptr thrown) {
     try {
-      std::rethrow_exception(thrown);
+      std::rethrow_exception(std::move(thrown));
     } catch (const SettingError& error) {
       PyErr_SetString(PyExc_ValueError, error.what());
     } catch (const MeasureError& error) {

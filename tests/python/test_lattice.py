@@ -190,13 +190,53 @@ def test_densities_fill_a_lattice():
     before = model.text()
     for density, why in [
         ([0.5, 0.5], "density: there are 3 pixel types, not 2"),
-        ([0.5, 0.5, 0.5], "the shares add up to 1.5, not to 1"),
-        ([2, -1, 0], 'the share of "#0" is not from 0 to 1'),
-        ([float("nan"), 0, 1], 'the share of "#0" is not from 0 to 1'),
-        ({"Fish": 1, 1: 0}, 'two shares are of the pixel type "Fish"'),
-        ({"Whale": 1}, 'no pixel type is called "Whale"; there are 0 "Empty", 1 "Fish", 2 "Shark"'),
+        ([0.5, 0.5, 0.5], "density: the shares add up to 1.5, not to 1"),
+        ([2, -1, 0], 'density: the share of "#0" is not from 0 to 1'),
+        ([float("nan"), 0, 1], 'density: the share of "#0" is not from 0 to 1'),
+        ([10**400, 0, 0], f"density: [{10**400}, 0, 0] has a share that is no number"),
+        ({"Fish": 1, 1: 0}, 'density: two shares are of the pixel type 1 "Fish"'),
+        ({quorvane.Model.new(2).types[0]: 1}, 'density: <PixelType 0 "Pixel"> is of another model'),
+        ({"Whale": 1}, 'density: no pixel type is called "Whale"; there are 0 "Empty", 1 "Fish", 2 "Shark"'),
         (0.5, "density: 0.5 is neither a list of shares nor a dict"),
         (["a", 0, 1], "density: ['a', 0, 1] has a share that is no number"),
     ]:
         assert refused(ValueError, lambda: model.fill(density)) == why
     assert model.text() == before
+
+
+def test_a_model_that_is_refused_draws_no_numbers():
+    state = quorvane.getstate()
+    for arguments in (dict(sides=0), dict(types=11), dict(types=["ok", "\t"]), dict(types=[1]), dict(types=2.0),
+                      dict(types=None), dict(types=10**12), dict(density=[0.5, 0.6]), dict(density={"c": 1})):
+        refused(ValueError, lambda: quorvane.Model.new(**arguments))
+    assert quorvane.getstate() == state
+
+
+def test_functions_that_write_write_into_the_model(numbered):
+    plain = numbered.lattice.copy()
+    np.minimum(numbered.lattice, 5, out=numbered.lattice)
+    assert np.array_equal(numbered.lattice, np.minimum(plain, 5))
+    mask = numbered.lattice.copy() == 5
+    np.subtract(numbered.lattice, 1, out=numbered.lattice, where=mask)
+    assert np.array_equal(numbered.lattice, np.where(mask, 4, np.minimum(plain, 5)))
+    np.add.at(numbered.lattice, ([0, 0, 1], [0, 0, 1]), 1)
+    assert (numbered.lattice[0, 0], numbered.lattice[1, 1]) == (2, 5)
+    rest = np.zeros((4, 3), np.uint8)
+    np.divmod(numbered.lattice, 2, out=(numbered.lattice, rest))
+    assert (numbered.lattice[1, 1], rest[1, 1]) == (2, 1)
+    with pytest.raises(TypeError):
+        numbered.lattice *= 1.5
+
+
+def test_odd_values_have_the_errors_of_arrays(numbered):
+    with pytest.raises(ValueError, match="ambiguous"):
+        bool(numbered.lattice)
+    assert bool(numbered.lattice[0:1, 1:2]) and int(numbered.lattice[1, 1, ...]) == 4
+    for key in ((10**30, 0), (0, -10**30), "a", 1.0):
+        refused(IndexError, lambda: numbered.lattice[key])
+    for values in (10**30, [[10**30] * 3] * 4, np.ones((4, 3), object), np.ones((4, 3, 2), int)):
+        refused(ValueError, lambda: numbered.lattice.__setitem__(slice(None), values))
+    # Refused by its shape, before anything looks at its values.
+    endless = np.broadcast_to(np.uint8(1), (10**9, 10**3))
+    refused(ValueError, lambda: setattr(numbered, "lattice", endless))
+    refused(ValueError, lambda: numbered.lattice.__setitem__(slice(None), endless))

@@ -234,6 +234,20 @@ def test_an_error_in_a_signal_handler_ends_the_run():
     assert model.sweeps == before + 1
 
 
+def test_the_interpreter_may_end_during_a_sweep():
+    program = """
+import quorvane, sys, threading, time
+model = quorvane.Model.open(sys.argv[1])
+threading.Thread(target=lambda: model.%s, daemon=True).start()
+while model.sweeps < 3 and "sweep" in "%s":
+    time.sleep(0.001)
+time.sleep(0.05)
+print("end")
+"""
+    for statement in ("sweep(10**12)", "step(10**15)"):
+        assert python(program % (statement, statement), example("voters")) == "end\n"
+
+
 def test_importing_twice_is_importing_once():
     print_both = ("import sys, importlib; import quorvane; m = quorvane.Model.new(4); "
                   "a = quorvane.random(); b = importlib.reload(quorvane); "

@@ -66,6 +66,9 @@ def test_have_fields_that_are_read_and_written_in_the_document(mixture):
     ("persistence", float("nan"), "persistence: nan is not from 0 to 1"),
     ("opacity", 2, "opacity: 2 is not from 0 to 1"),
     ("opacity", None, "opacity: None is not a number"),
+    ("opacity", 10**400, f"opacity: {10**400} is not a number"),
+    ("color", (10**400, 0, 0), f"color: ({10**400}, 0, 0) is not (red, green, blue), each from 0 to 1"),
+    ("immobile", 1.0, "immobile: 1.0 is neither True nor False"),
     ("immobile", 2, "immobile: 2 is neither True nor False"),
     ("immobile", "yes", "immobile: 'yes' is neither True nor False"),
     ("masquerade", 1, "masquerade: a type cannot masquerade as itself"),
@@ -80,6 +83,14 @@ def test_refuse_values_that_do_not_fit(mixture, field, value, why):
     before = mixture.text()
     assert refused(ValueError, lambda: setattr(mixture.types["Oil"], field, value)) == why
     assert mixture.text() == before
+
+
+def test_of_another_model_are_refused(mixture):
+    other = quorvane.Model.new(2, 3).types[2]
+    assert refused(ValueError, lambda: setattr(mixture.types[0], "masquerade", other)) == (
+        'masquerade: <PixelType 2 "Pixel"> is of another model')
+    assert refused(ValueError, lambda: mixture.rules.add("swap", other, 0)).startswith("a: ")
+    mixture.types[0].masquerade = mixture.copy().types[1].index
 
 
 def test_have_no_other_fields(mixture):
