@@ -4,6 +4,7 @@ Times of one run of this program are compared with each other only, and the shor
 """
 
 import os
+import resource
 import subprocess
 import sys
 import tempfile
@@ -41,15 +42,23 @@ def single_sweeps(name, traces, sweeps=20_000):
     return 1e6 * min(together) / sweeps, 1e6 * min(alone) / sweeps
 
 
+def processor_seconds(words):
+    """The processor time of a program, which others disturb less than its duration."""
+    before = resource.getrusage(resource.RUSAGE_CHILDREN)
+    subprocess.run(words, check=True)
+    after = resource.getrusage(resource.RUSAGE_CHILDREN)
+    return after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime
+
+
 def whole_runs(name, sweeps, traces):
-    """Seconds of the runner and of Python for the same run, each a process of its own."""
+    """Processor seconds of the runner and of Python for the same run, each a process of its own."""
     document = EXAMPLES / f"{name}.quorvane"
     with tempfile.TemporaryDirectory() as folder:
         of_runner, of_python = Path(folder, "runner"), Path(folder, "python")
         runner = [os.environ["QUORVANE_BATCH"], document, "--sweeps", str(sweeps), "--output", of_runner]
         runner += ["--picture", Path(folder, "picture")] if traces else []
         python = [sys.executable, "-c", RUN, document, str(sweeps), "traces" if traces else "none", of_python]
-        times = [[seconds(lambda: subprocess.run(words, check=True)) for words in (runner, python)] for _ in range(5)]
+        times = [[processor_seconds(words) for words in (runner, python)] for _ in range(7)]
         assert of_runner.read_bytes() == of_python.read_bytes()
     return [min(column) for column in zip(*times)]
 
@@ -61,7 +70,7 @@ def main():
             together, alone = single_sweeps(name, traces)
             what = name + (", with traces" if traces else "")
             print(f"| {what} | {together:.2f} | {alone:.2f} | {alone - together:.2f} |", flush=True)
-    print("\n| whole run, seconds | runner | Python | ratio |\n|---|---|---|---|")
+    print("\n| whole run, processor seconds | runner | Python | ratio |\n|---|---|---|---|")
     for name, sweeps in (("ising-at-critical", 8000), ("three-phases", 15000)):
         for traces in (False, True):
             runner, python = whole_runs(name, sweeps, traces)

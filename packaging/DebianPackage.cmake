@@ -66,6 +66,8 @@ math(EXPR next_minor "${minor} + 1")
 set(CPACK_DEBIAN_PYTHON3-QUORVANE_PACKAGE_DEPENDS
   "python3 (>= ${QUORVANE_PYTHON_VERSION}), python3 (<< 3.${next_minor}), python3-numpy")
 # Example documents, and studies to be read.
+set(CPACK_DEBIAN_PYTHON3-QUORVANE_PACKAGE_CONTROL_EXTRA
+  "${CMAKE_CURRENT_SOURCE_DIR}/debian/python/postinst;${CMAKE_CURRENT_SOURCE_DIR}/debian/python/prerm")
 set(CPACK_DEBIAN_PYTHON3-QUORVANE_PACKAGE_RECOMMENDS "quorvane")
 set(CPACK_DEBIAN_PYTHON3-QUORVANE_PACKAGE_SUGGESTS "python3-matplotlib, python3-pandas")
 include(CPack)

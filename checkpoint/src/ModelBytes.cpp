@@ -75,7 +75,8 @@ void transferState(Bytes& bytes, State& state) {
     bytes.value(needed[0]);
     bytes.within(needed[1], kAnyPixelType, kHighestType);
   }
-  for (auto& row : rows) bytes.within(row, 0, kHighestRule);
+  // -1 is the entry behind the end of a row that lost one.
+  for (auto& row : rows) bytes.within(row, -1, kHighestRule);
   bytes.within(rowLengths, 0, kMaxRules);
 
   bytes.within(imax, 0, kMaxSide);

@@ -6,9 +6,7 @@ import operator
 from collections.abc import Sequence
 from typing import Generic, TypeVar, Union
 
-import numpy as np
-
-from . import _native
+from . import _native, _values
 
 TypeLike = Union[int, str, "PixelType"]
 _T = TypeVar("_T")
@@ -32,7 +30,7 @@ def _index_of(key, count: int, all_names, what: str, error: type[Exception]) -> 
     except TypeError:
         raise TypeError(f"a {what} is chosen by its index or name, not by {type(key).__name__}") from None
     if not -count <= index < count:
-        raise error(f"there is no {what} {index}; there are {_listed(all_names())}")
+        raise error(f"there is no {what} {_values.shown(index)}; there are {_listed(all_names())}")
     return index % count
 
 
@@ -40,57 +38,23 @@ def type_names(core) -> list[str]:
     return [core.type_name(index) for index in range(core.num_types())]
 
 
-def named_type(key: TypeLike, names: list[str], core=None) -> int:
-    """The index of the pixel type of a model, if there is one yet, that an argument stands for. ValueError if none."""
-    if isinstance(key, PixelType):
-        if key._core is not core:
-            raise ValueError(f"{key!r} is of another model")
-        key = key.index
+def type_among(names: list[str], key: TypeLike, core=None) -> int:
+    """The index of the type among names that an argument stands for. ValueError if there is none.
+
+    A PixelType must be of the model with the core.
+    """
+    if isinstance(key, PixelType) and key._core is not core:
+        raise ValueError(f"{key!r} is of another model")
     return _index_of(key, len(names), lambda: names, "pixel type", ValueError)
 
 
 def _type_or_none(core, key: TypeLike | None) -> int:
-    """The same; None, which stands for any type or for none, is -1 in the engine."""
-    return -1 if key is None else named_type(key, type_names(core), core)
+    """The same for a model; None, which stands for any type or for none, is -1 in the engine."""
+    return -1 if key is None else type_among(type_names(core), key, core)
 
 
-def _real(value, field: str) -> float:
-    try:
-        return float(value)
-    except (TypeError, ValueError, OverflowError):
-        raise ValueError(f"{field}: {value!r} is not a number") from None
-
-
-def _flag(value, field: str) -> bool:
-    if isinstance(value, (int, np.integer, np.bool_)) and value in (0, 1):
-        return bool(value)
-    raise ValueError(f"{field}: {value!r} is neither True nor False")
-
-
-def _text(value, field: str) -> str:
-    if isinstance(value, str):
-        return value
-    raise ValueError(f"{field}: a name is a str, not {type(value).__name__}")
-
-
-def _color(value, field: str):
-    try:
-        parts = [float(part) for part in value]
-    except (TypeError, ValueError, OverflowError):
-        parts = []
-    if len(parts) != 3:
-        raise ValueError(f"{field}: {value!r} is not (red, green, blue), each from 0 to 1")
-    return parts
-
-
-def _whole(value, field: str) -> int:
-    try:
-        index = operator.index(value)
-    except TypeError:
-        raise ValueError(f"{field}: {value!r} is not a whole number") from None
-    if abs(index) >= 2**31:
-        raise ValueError(f"{field}: {value} is too large")
-    return index
+def _neighbours(value, field: str) -> int:
+    return _values.whole(value, f"{field}: the number of neighbours", 0, 8)
 
 
 def _other_type(core, value, field: str) -> int:
@@ -111,9 +75,10 @@ def _plain(convert):
 
 # How the value of a field is made what the engine takes. Each raises ValueError, which begins with the field.
 _CONVERSIONS = {
-    "name": _plain(_text), "color": _plain(_color), "persistence": _plain(_real), "opacity": _plain(_real),
-    "immobile": _plain(_flag), "masquerade": _other_type, "field": _plain(_real), "parameter": _plain(_real),
-    "disabled": _plain(_flag), "ignore_energy": _plain(_flag), "needs": _plain(_whole), "needs_type": _other_type,
+    "name": _plain(_values.name), "color": _plain(_values.color), "persistence": _plain(_values.real),
+    "opacity": _plain(_values.real), "immobile": _plain(_values.flag), "masquerade": _other_type,
+    "field": _plain(_values.real), "parameter": _plain(_values.real), "disabled": _plain(_values.flag),
+    "ignore_energy": _plain(_values.flag), "needs": _plain(_neighbours), "needs_type": _other_type,
 }
 
 
@@ -149,6 +114,9 @@ class _Item:
     @property
     def index(self) -> int:
         """Its place in the sequence, from 0."""
+        return self._index
+
+    def __index__(self) -> int:
         return self._index
 
     def __eq__(self, other) -> bool:
@@ -240,6 +208,18 @@ class _Items(Sequence, Generic[_T]):
             return [self._make(self._core, index) for index in range(len(self))[key]]
         return self._make(self._core, _index_of(key, len(self), lambda: self.names, self._what, IndexError))
 
+    def index(self, value, *within) -> int:
+        """The place of an item, also by its name. ValueError if there is none."""
+        if isinstance(value, str) and not within:
+            return _index_of(value, len(self), lambda: self.names, self._what, ValueError)
+        return super().index(value, *within)
+
+    def __eq__(self, other) -> bool:
+        return type(other) is type(self) and other._core is self._core
+
+    def __hash__(self) -> int:
+        return hash((type(self), id(self._core)))
+
     def __contains__(self, key) -> bool:
         return key in self.names if isinstance(key, str) else super().__contains__(key)
 
@@ -313,7 +293,8 @@ class Rules(_Items[Rule]):
         """
         kinds = [each.lower() for each in RULE_KINDS]
         if not isinstance(kind, str) or kind.lower() not in kinds:
-            raise ValueError(f"kind: {kind!r} is no kind of rule; there are {', '.join(map(repr, RULE_KINDS))}")
+            there = ", ".join(map(repr, RULE_KINDS))
+            raise ValueError(f"kind: {_values.shown(kind)} is no kind of rule; there are {there}")
         place = kinds.index(kind.lower())
         ends = _other_type(self._core, a, "a"), _other_type(self._core, b, "b")
         fields = dict(name=RULE_KINDS[place] if name is None else name, parameter=parameter, disabled=disabled,

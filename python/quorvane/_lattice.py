@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import functools
+import operator
 
 import numpy as np
 
@@ -28,10 +29,19 @@ def _all_places(shape: tuple[int, int]) -> np.ndarray:
     return places
 
 
+def _plain(value):
+    """What NumPy computes with: an array for a lattice, a number for a pixel type or whatever else is an index."""
+    if isinstance(value, Lattice):
+        return value.copy()
+    if hasattr(value, "__index__") and not isinstance(value, (int, np.ndarray, np.generic)):
+        return operator.index(value)
+    return value
+
+
 def as_array(values) -> np.ndarray:
     """Values for sites as an array. ValueError if they are none."""
     try:
-        return np.asarray(values)
+        return np.asarray(_plain(values))
     except OverflowError as error:
         raise ValueError(f"sites are indices of pixel types: {error}") from None
 
@@ -67,9 +77,13 @@ class Lattice(np.lib.mixins.NDArrayOperatorsMixin):
     dtype = np.dtype(np.uint8)
 
     def __init__(self, core, shape=None, places=None):
-        self._core = core
-        self._shape = core.shape() if shape is None else shape
-        self._places = _all_places(self._shape) if places is None else places
+        shape = core.shape() if shape is None else shape
+        places = _all_places(shape) if places is None else places
+        for name, value in zip(self.__slots__, (core, shape, places)):
+            object.__setattr__(self, name, value)
+
+    def __setattr__(self, name, value):
+        raise AttributeError(f"{name!r} of a lattice cannot be set; assign to its elements: lattice[...] = 0")
 
     def _is_whole(self) -> bool:
         return self._places is _all_places(self._shape)
@@ -100,11 +114,13 @@ class Lattice(np.lib.mixins.NDArrayOperatorsMixin):
             self._require_shape()
             return self._core.site(*key)
         places = self._places[key]
-        if isinstance(places, np.ndarray) and np.may_share_memory(places, self._places):
+        if not isinstance(places, np.ndarray):
+            self._require_shape()
+            return self._core.site(*divmod(int(places), self._shape[1]))
+        if np.may_share_memory(places, self._places):
             return Lattice(self._core, self._shape, places)
         self._require_shape()
-        types = self._core.sites().ravel()[places]
-        return types if isinstance(places, np.ndarray) else int(types)
+        return self._core.sites().ravel()[places]
 
     def __setitem__(self, key, value):
         places = np.asarray(self._places[key])
@@ -127,16 +143,13 @@ class Lattice(np.lib.mixins.NDArrayOperatorsMixin):
         return self.copy() if dtype is None else self.copy().astype(dtype)
 
     def __array_ufunc__(self, ufunc, method, *inputs, out=None, **kwargs):
-        def plain(value):
-            return value.copy() if isinstance(value, Lattice) else value
-
-        arrays = [plain(each) for each in inputs]
+        arrays = [_plain(each) for each in inputs]
         # What is to be written into a lattice is computed beside it and then painted.
         targets = inputs[:1] if method == "at" else out or ()
-        results = arrays[:1] if method == "at" else [plain(each) for each in targets]
+        results = arrays[:1] if method == "at" else [_plain(each) for each in targets]
         if out is not None:
             kwargs["out"] = tuple(results)
-        value = getattr(ufunc, method)(*arrays, **{name: plain(each) for name, each in kwargs.items()})
+        value = getattr(ufunc, method)(*arrays, **{name: _plain(each) for name, each in kwargs.items()})
         for target, result in zip(targets, results):
             if isinstance(target, Lattice):
                 target[...] = result

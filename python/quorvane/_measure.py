@@ -45,7 +45,8 @@ class Observation:
         if not names:
             raise ValueError("name at least one observable; quorvane.observables() tells what there is")
         self._core = core
-        self._measurements = _native.Measurements(",".join(names), core)
+        # Names of types are ASCII; what is not fits none of them.
+        self._measurements = _native.Measurements(",".join(names).encode("ascii", "replace"), core)
 
     @property
     def columns(self) -> list[str]:

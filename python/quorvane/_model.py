@@ -9,77 +9,60 @@ from collections.abc import Mapping
 
 import numpy as np
 
-from . import _native
-from ._fields import PixelTypes, Rules, named_type, type_names
+from . import _native, _values
+from ._fields import PixelTypes, Rules, type_among, type_names
 from ._lattice import Lattice, as_array, checked_types
 from ._measure import Observation
+from ._values import shown, whole
 
-
-def _count(value, what: str) -> int:
-    try:
-        count = operator.index(value)
-    except TypeError:
-        raise ValueError(f"the number of {what} is a whole number, not {value!r}") from None
-    if not 0 <= count < 2**63:
-        raise ValueError(f"the number of {what} is 0 or more and below 2**63, not {count}")
-    return count
+_LARGEST = 2**63 - 1
 
 
 def _sides(sides) -> tuple[int, int]:
     try:
-        imax, jmax = (sides, sides) if not hasattr(sides, "__len__") else sides
+        imax, jmax = sides if hasattr(sides, "__len__") else (sides, sides)
         imax, jmax = operator.index(imax), operator.index(jmax)
     except (TypeError, ValueError):
-        raise ValueError(f"sides: {sides!r} is neither a whole number nor (Imax, Jmax)") from None
+        raise ValueError(f"sides: {shown(sides)} is neither a whole number nor (Imax, Jmax)") from None
     if not (1 <= min(imax, jmax) and max(imax, jmax) <= _native.MAX_SIDE):
-        raise ValueError(f"sides: {sides!r}; a lattice has sides from 1 to {_native.MAX_SIDE}")
+        raise ValueError(f"sides: {shown(sides)}; a lattice has sides from 1 to {_native.MAX_SIDE}")
     return imax, jmax
 
 
-def _names(types) -> tuple[list[str], bool]:
-    """The names of new pixel types from their number or their names, and whether they were given."""
-    try:
-        # The name that the engine gives to all.
-        names, are_given = ["Pixel"] * max(0, min(operator.index(types), _native.MAX_TYPES + 1)), False
-    except TypeError:
-        try:
-            names, are_given = [types] if isinstance(types, str) else list(types), True
-        except TypeError:
-            raise ValueError(f"types: {types!r} is neither a number of pixel types nor their names") from None
-    if not 1 <= len(names) <= _native.MAX_TYPES:
-        raise ValueError(f"types: a model has 1 to {_native.MAX_TYPES} pixel types")
+def _names(types) -> list[str] | None:
+    """The names of pixel types from their names, checked; None if they are not names."""
+    if isinstance(types, str) or not hasattr(types, "__iter__"):
+        return None
+    names = list(types)
     for name in names:
-        if not isinstance(name, str):
-            raise ValueError(f"types: a name is a str, not {type(name).__name__}")
-        _native.Core.require_name(name)
-    return names, are_given
+        _native.Core.require_name(_values.name(name, "types"))
+    return names
 
 
 def _shares(density, names: list[str], core=None) -> list[tuple[int, float]]:
     """The index and the share of each pixel type that has one."""
     if isinstance(density, Mapping):
-        pairs = []
-        for key, share in density.items():
-            try:
-                pairs.append((named_type(key, names, core), share))
-            except (TypeError, ValueError) as error:
-                raise ValueError(f"density: {error}") from None
+        try:
+            pairs = [(type_among(names, key, core), share) for key, share in density.items()]
+        except (TypeError, ValueError) as error:
+            raise ValueError(f"density: {error}") from None
     else:
         try:
             pairs = list(enumerate(density))
         except TypeError:
-            raise ValueError(f"density: {density!r} is neither a list of shares nor a dict") from None
+            raise ValueError(f"density: {shown(density)} is neither a list of shares nor a dict") from None
         if len(pairs) != len(names):
             raise ValueError(f"density: there are {len(names)} pixel types, not {len(pairs)}")
-    for index, _ in pairs:
-        if [other for other, _ in pairs].count(index) > 1:
-            raise ValueError(f'density: two shares are of the pixel type {index} "{names[index]}"')
-    try:
-        shares = [(index, float(share)) for index, share in pairs]
-    except (TypeError, ValueError, OverflowError):
-        raise ValueError(f"density: {density!r} has a share that is no number") from None
-    _native.Core.require_density(shares)
-    return shares
+    shares: dict[int, float] = {}
+    for index, share in pairs:
+        what = f'density: the share of pixel type {index} "{names[index]}"'
+        if index in shares:
+            raise ValueError(f"{what} is given twice")
+        shares[index] = _values.real(share, what)
+        if not 0 <= shares[index] <= 1:
+            raise ValueError(f"{what} is from 0 to 1, not {shares[index]}")
+    _native.Core.require_density(list(shares.items()))
+    return list(shares.items())
 
 
 class Model:
@@ -111,16 +94,12 @@ class Model:
         Draws a random type for each site and then the colours of the types, as the window does, before it reads them.
         Raises OSError if the file cannot be read, and ValueError with the line if it is no whole document.
         """
-        is_text = isinstance(path_or_text, str) and "\n" in path_or_text
-        if is_text:
-            where, content = "document", path_or_text
+        if isinstance(path_or_text, (str, bytes)) and "\n" in os.fsdecode(path_or_text):
+            text = path_or_text
+            where, content = "document", text if isinstance(text, bytes) else text.encode("utf-8", "surrogatepass")
         else:
-            where = os.fspath(path_or_text)
-            if not isinstance(where, str):
-                where = os.fsdecode(where)
-            if "\0" in where:
-                raise ValueError("path: a path has no null character")
-            content = _native.Core.file_content(where)
+            path = _values.path(path_or_text)
+            where, content = os.fsdecode(path), _native.Core.file_content(path)
         core = _native.Core()
         refused = core.read_text(content)
         if refused:
@@ -138,29 +117,30 @@ class Model:
         black; with densities one more number for each site. Raises ValueError.
         """
         imax, jmax = _sides(sides)
-        names, are_given = _names(types)
         # Everything is checked before anything is drawn.
-        shares = None if density is None else _shares(density, names)
+        names = _names(types)
+        number = whole(types if names is None else len(names), "types: the number of pixel types", 1, _native.MAX_TYPES)
+        # Types without a name of their own are called as the engine calls all.
+        shares = None if density is None else _shares(density, names or ["Pixel"] * number)
         core = _native.Core()
-        core.initialise(len(names), imax, jmax)
+        core.initialise(number, imax, jmax)
         model = cls._of(core)
-        if are_given:
-            for each, name in zip(model.types, names):
-                each.name = name
+        for each, name in zip(model.types, names or []):
+            each.name = name
         if shares is not None:
             core.fill(shares)
         return model
 
     def text(self) -> str:
         """The document as text, the same that `save` writes."""
-        return self._core.text()
+        return self._core.text().decode("ascii")
 
     def save(self, path: str | os.PathLike) -> None:
         """Writes the document to a file, which is the whole old one until the new one is whole and on the disk.
 
         Raises OSError, and then the old file is unchanged.
         """
-        note = self._core.save(os.fsdecode(path))
+        note = self._core.save(_values.path(path))
         if note:
             warnings.warn(f"{os.fsdecode(path)} {note}", stacklevel=2)
 
@@ -171,11 +151,11 @@ class Model:
         `sweeps` tells how many were made. With traces=False it is faster, and pictures keep the traces of before; the
         lattice is the same.
         """
-        self._core.sweep(_count(n, "sweeps"), bool(traces))
+        self._core.sweep(whole(n, "the number of sweeps", 0, _LARGEST), bool(traces))
 
     def step(self, attempts: int = 1) -> None:
         """Makes single attempts like those of a sweep. Traces and the number of sweeps stay as they are."""
-        self._core.step(_count(attempts, "attempts"))
+        self._core.step(whole(attempts, "the number of attempts", 0, _LARGEST))
 
     @property
     def sweeps(self) -> int:
@@ -269,7 +249,13 @@ class Model:
         """A model of its own in the same state."""
         core = _native.Core()
         core.restore(self._core.state())
-        return self._of(core)
+        return self._with_attributes(self._of(core))
+
+    def _with_attributes(self, other: Model) -> Model:
+        """Gives another object the attributes that a derived class has added to this one."""
+        if hasattr(self, "__dict__"):
+            other.__dict__.update(self.__dict__)
+        return other
 
     def __copy__(self) -> Model:
         return self.copy()
@@ -278,7 +264,7 @@ class Model:
         return self.copy()
 
     def __reduce__(self):
-        return _unpickled, (self.text(), self._core.state())
+        return _unpickled, (type(self), self.text(), self._core.state()), getattr(self, "__dict__", None) or None
 
     def __repr__(self) -> str:
         try:
@@ -288,23 +274,24 @@ class Model:
         return (f"<quorvane.Model {imax} x {jmax}, {len(self.types)} types, {len(self.rules)} rules, "
                 f"{self.sweeps} sweeps>")
 
-    def _repr_png_(self) -> bytes:
-        return self.png(max(1, min(8, 512 // max(self.shape))))
+    def _repr_png_(self) -> bytes | None:
+        try:
+            return self.png(max(1, min(8, 512 // max(self.shape))))
+        except RuntimeError:
+            return None  # Another thread sweeps it; a notebook then shows the text.
 
     @staticmethod
     def _scale(scale) -> int:
-        if isinstance(scale, (int, np.integer)) and 1 <= scale <= _native.MAX_SCALE:
-            return int(scale)
-        raise ValueError(f"scale: a site has 1 to {_native.MAX_SCALE} pixels, not {scale!r}")
+        return whole(scale, "scale: the number of pixels for a site", 1, _native.MAX_SCALE)
 
 
-def _unpickled(text: str, state: bytes) -> Model:
+def _unpickled(cls: type[Model], text: str, state: bytes) -> Model:
     """The model of a pickle: its document, and all else that a checkpoint keeps of it."""
     core = _native.Core()
     try:
         core.restore(state)
     except ValueError as error:
         raise ValueError(f"the pickled model {error}") from None
-    if core.text() != text:
+    if core.text() != text.encode() or core.refusal(text):
         raise ValueError("the pickled model is damaged (its state is not that of its document)")
-    return Model._of(core)
+    return cls._of(core)

@@ -2,9 +2,8 @@
 
 from __future__ import annotations
 
-import operator
-
 from . import _native
+from ._values import whole
 
 
 def seed(s: int) -> None:
@@ -14,13 +13,7 @@ def seed(s: int) -> None:
     calls this starts with 10, like the window and quorvane-batch. To repeat a run, call it before the model is opened,
     since opening draws, too. Processes that were forked go on with the same numbers until each has its own seed.
     """
-    try:
-        number = operator.index(s)
-    except TypeError:
-        raise ValueError(f"a seed is a whole number, not {s!r}") from None
-    if not 1 <= number < 2**31:
-        raise ValueError(f"a seed is from 1 to {2**31 - 1}, not {number}")
-    _native.seed(number)
+    _native.seed(whole(s, "a seed", 1, 2**31 - 1))
 
 
 def random() -> float:
@@ -35,4 +28,9 @@ def getstate() -> bytes:
 
 def setstate(state: bytes) -> None:
     """Goes on with the random numbers where `getstate` was called. Raises ValueError for other bytes."""
-    _native.setstate(state)
+    if not isinstance(state, (bytes, bytearray)):
+        raise TypeError(f"a state is bytes, not {type(state).__name__}")
+    try:
+        _native.setstate(bytes(state))
+    except ValueError as error:
+        raise ValueError(f"the state {error}") from None

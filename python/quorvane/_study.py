@@ -57,20 +57,23 @@ class Study:
 def _table(path: Path) -> np.ndarray:
     with open(path, newline="", encoding="ascii") as file:
         rows = csv.reader(file)
-        columns = next(rows, None)
-        if not columns or len(set(columns)) != len(columns):
-            raise ValueError(f"{path}: line 1: the columns have no names of their own")
-        kinds = [int if name in _WHOLE else float for name in columns]
-        records = []
-        for row in rows:
-            try:
+        try:
+            columns = next(rows, None)
+            if not columns or len(set(columns)) != len(columns):
+                raise ValueError("the columns have no names of their own")
+            kinds = [int if name in _WHOLE else float for name in columns]
+            records = []
+            for row in rows:
                 if len(row) != len(columns):
                     raise ValueError(f"{len(row)} values, not {len(columns)}")
                 records.append(tuple(kind(cell) if cell or kind is int else np.nan for kind, cell in zip(kinds, row)))
-            except ValueError as error:
-                raise ValueError(f"{path}: line {rows.line_num}: {error}") from None
-    return np.array(records, dtype=[(name, np.int64 if kind is int else np.float64)
-                                    for name, kind in zip(columns, kinds)])
+        except (ValueError, csv.Error) as error:
+            raise ValueError(f"{path}: line {max(1, rows.line_num)}: {error}") from None
+    try:
+        return np.array(records, dtype=[(name, np.int64 if kind is int else np.float64)
+                                        for name, kind in zip(columns, kinds)])
+    except OverflowError as error:
+        raise ValueError(f"{path}: {error}") from None
 
 
 def read_study(folder: str | os.PathLike) -> Study:

@@ -12,15 +12,21 @@ namespace {
 
 namespace py = pybind11;
 
+/// As Python has names of files, which need not be UTF-8.
+py::object fileName(const std::string& path) {
+  return py::reinterpret_steal<py::object>(
+      PyUnicode_DecodeFSDefaultAndSize(path.data(), static_cast<Py_ssize_t>(path.size())));
+}
+
 /// As Python's own functions on files do, so that a missing file is a FileNotFoundError.
 [[noreturn]] void throwOsError(const std::error_code& error, const std::string& reason,
                                const std::string& path) {
   const bool isOfSystem =
       error.category() == std::system_category() || error.category() == std::generic_category();
   if (isOfSystem && error)
-    PyErr_SetObject(PyExc_OSError, py::make_tuple(error.value(), reason, path).ptr());
+    PyErr_SetObject(PyExc_OSError, py::make_tuple(error.value(), reason, fileName(path)).ptr());
   else
-    PyErr_SetString(PyExc_OSError, (path + ": " + reason).c_str());
+    PyErr_SetObject(PyExc_OSError, py::str("{}: {}").format(fileName(path), reason).ptr());
   throw py::error_already_set();
 }
 
@@ -33,12 +39,17 @@ py::bytes fileContent(const std::string& path) {
   return text;
 }
 
+/// Why the text would be refused by this model; empty if it would not be.
+std::string refusal(Core& core, const std::string& text) {
+  const OpenResult result = inspectDocument(core.use(), text).result;
+  return result.status == OpenStatus::kOpened ? std::string() : result.reason;
+}
+
 /// Why the text was refused; empty if the model was made of all of it. A text that ends early is refused,
 /// too.
 std::string readText(Core& core, const std::string& text) {
   LatticeModel& model = core.useWithSource();
-  const Inspection inspection = inspectDocument(model, text);
-  if (inspection.result.status != OpenStatus::kOpened) return inspection.result.reason;
+  if (const std::string reason = refusal(core, text); !reason.empty()) return reason;
   return readDocument(model, text).reason;
 }
 
@@ -56,7 +67,8 @@ std::string save(Core& core, const std::string& path) {
 void bindDocuments(CoreClass& core) {
   core.def_static("file_content", fileContent);
   core.def("read_text", readText);
-  core.def("text", [](Core& self) { return writeDocument(self.use()); });
+  core.def("refusal", refusal);
+  core.def("text", [](Core& self) { return py::bytes(writeDocument(self.use())); });
   core.def("save", save);
   core.def("state", [](Core& self) { return py::bytes(self.state()); });
   core.def("restore", &Core::restore);

@@ -74,7 +74,7 @@ void addType(Core& core, const std::optional<std::string>& name, const std::opti
 void bindTypes(CoreClass& core) {
   using Model = LatticeModel;
   core.def_static("require_name",
-                  [](const std::string& name) { forField("name", [&] { requireName(name); }); });
+                  [](const std::string& name) { forField("types", [&] { requireName(name); }); });
   core.def("num_types", [](Core& self) { return self.use().getNumPixelTypes(); });
   core.def("add_type", addType);
   core.def("type_name", read([](Model& m, int t) { return m.getPixelName(t); }));

@@ -27,7 +27,7 @@ Sweeping::State& Sweeping::state() {
   return *state;
 }
 
-Sweeping::Sweeping(const Core& core) {
+Sweeping::Sweeping(const Core& core) : core_(&core) {
   requireNotSwept(core);
   requireSource();
   State& now = state();
@@ -36,7 +36,11 @@ Sweeping::Sweeping(const Core& core) {
   now.process = ::getpid();
 }
 
-Sweeping::~Sweeping() { state().swept = outer_; }
+Sweeping::~Sweeping() {
+  state().swept = outer_;
+  // A signal handler may have forked: then this sweep went on in the new process, too, and is whole.
+  state().torn.erase(core_);
+}
 
 void requireNotSwept(const Core& core) {
   const Sweeping::State& now = Sweeping::state();

@@ -34,6 +34,7 @@ class Sweeping {
 
   static State& state();
 
+  const Core* core_;
   const Core* outer_;  ///< the model of a sweep in which this one was made, if any
 };
 

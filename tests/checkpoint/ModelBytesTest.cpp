@@ -131,6 +131,7 @@ TEST(ModelBytes, WithAnIndexOutsideAnArrayAreRefused) {
                             [](LatticeModel& m) { m.varRuleFacNumAndType[49][1] = kMaxPixelTypes; },
                             [](LatticeModel& m) { m.varSiteMasqueradeAs[9] = kMaxPixelTypes; },
                             [](LatticeModel& m) { m.varAccessibleRulesForSiteID[9][49] = kMaxRules; },
+                            [](LatticeModel& m) { m.varAccessibleRulesForSiteID[0][0] = -2; },
                             [](LatticeModel& m) { m.varAccessibleRulesForSiteIDCount[0] = kMaxRules + 1; },
                             [](LatticeModel& m) { m.varPaintbrushColor = kMaxPixelTypes; },
                             [](LatticeModel& m) { m.varMyState = 11; },
@@ -144,6 +145,23 @@ TEST(ModelBytes, WithAnIndexOutsideAnArrayAreRefused) {
     ASSERT_NO_THROW(restore(*freshModel(), bytesOf(*model)));
     change(*model);
     EXPECT_THROW(restore(*freshModel(), bytesOf(*model)), CheckpointError) << &change - changes;
+  }
+}
+
+TEST(ModelBytes, OfAModelThatLostRulesAreRead) {
+  for (int rule = 0; rule < 3; ++rule) {
+    const auto model = freshModel();
+    model->initializeLatticeModel(2, 8, 8);
+    model->makeNewRule("swap", kSwap, 0, 1);
+    model->makeNewRule("flip", kReversibleFlip, 0, kAnyPixelType);
+    model->makeNewRule("repel", kPixelPixelInteraction, 0, 1);
+    model->setRuleParam(0, 0.5);
+    model->delRule(rule);
+    const auto again = freshModel();
+    restore(*again, bytesOf(*model));
+    EXPECT_EQ(bytesOf(*again), bytesOf(*model));
+    EXPECT_EQ(again->getNumRules(), 2);
+    again->runSweeps(3);
   }
 }
 

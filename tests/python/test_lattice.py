@@ -141,6 +141,25 @@ def test_has_no_memory_that_could_be_written_past_the_checks(numbered):
             getattr(numbered.lattice, name)
 
 
+def test_has_no_attributes_that_could_be_set(numbered):
+    for name, value in (("flat", 0), ("T", 1), ("shape", (12,)), ("foo", 1), ("_core", None)):
+        with pytest.raises(AttributeError, match="assign to its elements"):
+            setattr(numbered.lattice, name, value)
+
+
+def test_takes_pixel_types_as_values(numbered):
+    numbered.types[9].name = "Last"
+    numbered.lattice[0] = numbered.types["Last"]
+    assert numbered.lattice[0].tolist() == [9, 9, 9]
+    assert (numbered.lattice == numbered.types["Last"]).sum() == 4
+
+
+def test_rows_give_single_sites_as_pairs_of_indices_do(numbered):
+    assert [[site for site in row] for row in numbered.lattice] == numbered.lattice.tolist()
+    part = numbered.lattice[::2, 1:]
+    assert [part[1][0], part[1, 1], part[-1][-1]] == [7, 8, 8]
+
+
 def test_outlives_its_model(numbered):
     row = numbered.lattice[1]
     del numbered
@@ -191,14 +210,16 @@ def test_densities_fill_a_lattice():
     for density, why in [
         ([0.5, 0.5], "density: there are 3 pixel types, not 2"),
         ([0.5, 0.5, 0.5], "density: the shares add up to 1.5, not to 1"),
-        ([2, -1, 0], 'density: the share of "#0" is not from 0 to 1'),
-        ([float("nan"), 0, 1], 'density: the share of "#0" is not from 0 to 1'),
-        ([10**400, 0, 0], f"density: [{10**400}, 0, 0] has a share that is no number"),
-        ({"Fish": 1, 1: 0}, 'density: two shares are of the pixel type 1 "Fish"'),
+        ([2, -1, 0], 'density: the share of pixel type 0 "Empty" is from 0 to 1, not 2.0'),
+        ([0, float("nan"), 1], 'density: the share of pixel type 1 "Fish" is from 0 to 1, not nan'),
+        ([10**400, 0, 0], 'density: the share of pixel type 0 "Empty": 100000000000000000...0000000000000000000 is '
+                          'not a number'),
+        ({"Fish": 1, 1: 0}, 'density: the share of pixel type 1 "Fish" is given twice'),
         ({quorvane.Model.new(2).types[0]: 1}, 'density: <PixelType 0 "Pixel"> is of another model'),
         ({"Whale": 1}, 'density: no pixel type is called "Whale"; there are 0 "Empty", 1 "Fish", 2 "Shark"'),
         (0.5, "density: 0.5 is neither a list of shares nor a dict"),
-        (["a", 0, 1], "density: ['a', 0, 1] has a share that is no number"),
+        (["a", 0, 1], """density: the share of pixel type 0 "Empty": 'a' is not a number"""),
+        ("100", """density: the share of pixel type 0 "Empty": '1' is not a number"""),
     ]:
         assert refused(ValueError, lambda: model.fill(density)) == why
     assert model.text() == before

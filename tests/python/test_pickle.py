@@ -71,7 +71,11 @@ def test_are_opened_in_another_process(faded, tmp_path):
 
 
 def test_that_are_damaged_are_refused(small):
-    make, (text, state) = small.__reduce__()
+    whole, (kind, text, state), _ = small.__reduce__()
+
+    def make(some_text, some_state):
+        return whole(kind, some_text, some_state)
+
     assert make(text, state).text() == text
     assert refused(ValueError, lambda: make(text, b"")) == "the pickled model is empty"
     assert refused(ValueError, lambda: make(text, text.encode())) == "the pickled model is no checkpoint"
@@ -82,6 +86,34 @@ def test_that_are_damaged_are_refused(small):
     assert refused(ValueError, lambda: make(text + "x", state)) == (
         "the pickled model is damaged (its state is not that of its document)")
     assert refused(ValueError, lambda: make(text, quorvane.getstate())).startswith("the pickled model is damaged")
+
+
+@pytest.mark.parametrize("place", [0, 2, 5])
+def test_of_a_model_that_lost_a_rule_are_whole(mixture, place):
+    """A row that loses a rule keeps an entry behind its end."""
+    del mixture.rules[place]
+    for other in copies(mixture):
+        assert other.text() == mixture.text()
+        assert len(other.rules) == 5
+
+
+def test_of_a_derived_class_are_of_that_class():
+    small = Named.new(5)
+    small.title = "Ising"
+    for other in copies(small):
+        assert (type(other), other.title, other.text()) == (Named, "Ising", small.text())
+
+
+class Named(quorvane.Model):
+    """A model with an attribute of its own."""
+
+
+def test_with_values_that_no_document_has_are_refused(small):
+    # A state of another model, forged to be the text's.
+    whole, (kind, text, state), _ = small.__reduce__()
+    other = quorvane.Model.new(4, 3).__reduce__()[1]
+    refused(ValueError, lambda: whole(kind, text, other[2]))
+    refused(ValueError, lambda: whole(kind, other[1], state))
 
 
 def test_of_parts_of_a_model_are_refused(small):

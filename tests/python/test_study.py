@@ -130,8 +130,15 @@ def test_runs_made_since_the_tables_give_a_warning(results):
     ("a,a\n1,2\n", "line 1: the columns have no names of their own"),
     ("run,x\n0,1\n1\n", "line 3: 1 values, not 2"),
     ("run,x\n0,y\n", "line 2: could not convert string to float: 'y'"),
+    ("run,x\n0,1\n1,\u00e9\n", "line 1: 'ascii' codec"),
+    (f"run,x\n0,{'1' * 200000}\n", "line 2: field larger than field limit (131072)"),
     ("run,x\n0.5,1\n", "line 2: invalid literal for int() with base 10: '0.5'"),
-])
+], ids=lambda value: value[:20])
 def test_a_table_that_is_none_is_refused_with_its_line(results, text, why):
-    (results / "runs.csv").write_text(text)
-    assert refused(ValueError, lambda: quorvane.read_study(results)) == f"{results / 'runs.csv'}: {why}"
+    (results / "runs.csv").write_text(text, encoding="utf-8")
+    assert refused(ValueError, lambda: quorvane.read_study(results)).startswith(f"{results / 'runs.csv'}: {why}")
+
+
+def test_a_number_beyond_64_bits_is_refused(results):
+    (results / "runs.csv").write_text(f"run,x\n{10**30},1\n")
+    assert refused(ValueError, lambda: quorvane.read_study(results)).startswith(str(results / "runs.csv"))

@@ -15,7 +15,10 @@ def test_are_found_by_index_and_name(mixture):
     assert [each.index for each in types] == [0, 1, 2]
     assert types[1:] == [types[1], types[2]] and types[::-1][0].name == "Resin"
     assert "Oil" in types and "Tar" not in types and types[0] in types
-    assert types.index(types["Resin"]) == 2
+    assert types.index(types["Resin"]) == types.index("Resin") == types["Resin"].__index__() == 2
+    assert types[types["Resin"]] == types[2]
+    assert types == mixture.types != mixture.copy().types and hash(types) == hash(mixture.types)
+    assert refused(ValueError, lambda: types.index("Tar")).startswith('no pixel type is called "Tar"; ')
     assert repr(types[1]) == '<PixelType 1 "Oil">'
 
 
@@ -66,8 +69,11 @@ def test_have_fields_that_are_read_and_written_in_the_document(mixture):
     ("persistence", float("nan"), "persistence: nan is not from 0 to 1"),
     ("opacity", 2, "opacity: 2 is not from 0 to 1"),
     ("opacity", None, "opacity: None is not a number"),
-    ("opacity", 10**400, f"opacity: {10**400} is not a number"),
-    ("color", (10**400, 0, 0), f"color: ({10**400}, 0, 0) is not (red, green, blue), each from 0 to 1"),
+    ("opacity", 10**400, "opacity: 100000000000000000...0000000000000000000 is not a number"),
+    ("opacity", "0.5", "opacity: '0.5' is not a number"),
+    ("color", (10**400, 0, 0), "color: (100000000000000000...0000000000000000000, 0, 0) is not (red, green, blue), "
+                               "each from 0 to 1"),
+    ("name", "\ud800", "name: a name has printable ASCII characters only"),
     ("immobile", 1.0, "immobile: 1.0 is neither True nor False"),
     ("immobile", 2, "immobile: 2 is neither True nor False"),
     ("immobile", "yes", "immobile: 'yes' is neither True nor False"),
@@ -136,6 +142,5 @@ def test_are_not_added_if_a_field_does_not_fit_or_there_are_ten(mixture):
 def test_of_a_new_model_have_the_given_names():
     assert quorvane.Model.new(3, ["A", "B", "C"]).types.names == ["A", "B", "C"]
     assert len(quorvane.Model.new(3, 10).types) == 10
-    for types in (0, 11, [], ["x"] * 11):
+    for types in (0, 11, [], ["x"] * 11, 2.0, None, "AB", ["\t"], [b"A"]):
         assert refused(ValueError, lambda: quorvane.Model.new(3, types)).startswith("types: ")
-    refused(ValueError, lambda: quorvane.Model.new(3, ["\t"]))

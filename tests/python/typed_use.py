@@ -11,6 +11,8 @@ model = quorvane.Model.new((3, np.int64(4)), ["A", "B"], {"A": 0.5, 1: 0.5})
 model.sweep(np.int32(3), traces=False)
 model.lattice = np.zeros(model.shape, int)
 model.lattice[model.lattice == 1] = 0
+model.lattice[0, 0] = model.types["A"].index
+place: int = model.rules.index("swap")
 total: int = int(model.lattice.copy().sum())
 model.types[0].color = (0, 0, 1)
 red: float = model.types["A"].color[0]
