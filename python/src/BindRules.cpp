@@ -1,4 +1,5 @@
 #include "Bindings.h"
+#include "FieldsOf.h"
 #include "engine/RuleKinds.h"
 #include "settings/Changes.h"
 
@@ -13,17 +14,7 @@ LatticeModel& withRule(Core& core, int rule) {
   return model;
 }
 
-/// An operation that reads a field of a rule: what a function of a model and a rule gives.
-template <typename Read>
-auto readRule(const Read& field) {
-  return [field](Core& core, int rule) { return field(withRule(core, rule), rule); };
-}
-
-/// An operation that changes a field of a rule: a function of a model, a rule and the new value.
-template <typename Value, typename Change>
-auto changeRule(const Change& field) {
-  return [field](Core& core, int rule, const Value& value) { field(withRule(core, rule), rule, value); };
-}
+using OfRule = FieldsOf<withRule>;
 
 void renameRule(LatticeModel& model, int rule, const std::string& name) {
   requireName(name);
@@ -70,23 +61,23 @@ void bindRules(CoreClass& core) {
   core.def("num_rules", [](Core& self) { return self.use().getNumRules(); });
   core.def("add_rule", addRule);
   core.def("delete_rule", [](Core& self, int rule) { withRule(self, rule).delRule(rule); });
-  core.def("rule_name", readRule([](Model& m, int r) { return m.getRuleName(r); }));
-  core.def("set_rule_name", changeRule<std::string>(renameRule));
-  core.def("rule_kind", readRule([](Model& m, int r) { return m.getRuleType(r); }));
-  core.def("rule_a", readRule([](Model& m, int r) { return m.getRulePixelA(r); }));
-  core.def("rule_b", readRule([](Model& m, int r) { return m.getRulePixelB(r); }));
-  core.def("rule_parameter", readRule([](Model& m, int r) { return m.getRuleParam(r); }));
-  core.def("set_rule_parameter", changeRule<double>(setParameter));
-  core.def("rule_disabled", readRule([](Model& m, int r) { return m.getRuleDisabled(r) != 0; }));
-  core.def("set_rule_disabled", changeRule<bool>(setDisabled));
-  core.def("rule_ignore_energy", readRule([](Model& m, int r) { return m.getRuleIgnoreEnergy(r) != 0; }));
-  core.def("set_rule_ignore_energy", changeRule<bool>([](Model& m, int r, bool ignores) {
+  core.def("rule_name", OfRule::read([](Model& m, int r) { return m.getRuleName(r); }));
+  core.def("set_rule_name", OfRule::change<std::string>(renameRule));
+  core.def("rule_kind", OfRule::read([](Model& m, int r) { return m.getRuleType(r); }));
+  core.def("rule_a", OfRule::read([](Model& m, int r) { return m.getRulePixelA(r); }));
+  core.def("rule_b", OfRule::read([](Model& m, int r) { return m.getRulePixelB(r); }));
+  core.def("rule_parameter", OfRule::read([](Model& m, int r) { return m.getRuleParam(r); }));
+  core.def("set_rule_parameter", OfRule::change<double>(setParameter));
+  core.def("rule_disabled", OfRule::read([](Model& m, int r) { return m.getRuleDisabled(r) != 0; }));
+  core.def("set_rule_disabled", OfRule::change<bool>(setDisabled));
+  core.def("rule_ignore_energy", OfRule::read([](Model& m, int r) { return m.getRuleIgnoreEnergy(r) != 0; }));
+  core.def("set_rule_ignore_energy", OfRule::change<bool>([](Model& m, int r, bool ignores) {
              m.setRuleIgnoreEnergy(r, ignores ? 1 : 0);
            }));
-  core.def("rule_needs", readRule([](Model& m, int r) { return m.getRuleFacNum(r); }));
-  core.def("set_rule_needs", changeRule<int>(setFacilitation));
-  core.def("rule_needs_type", readRule([](Model& m, int r) { return m.getRuleFacPixel(r); }));
-  core.def("set_rule_needs_type", changeRule<int>(setFacilitatingType));
+  core.def("rule_needs", OfRule::read([](Model& m, int r) { return m.getRuleFacNum(r); }));
+  core.def("set_rule_needs", OfRule::change<int>(setFacilitation));
+  core.def("rule_needs_type", OfRule::read([](Model& m, int r) { return m.getRuleFacPixel(r); }));
+  core.def("set_rule_needs_type", OfRule::change<int>(setFacilitatingType));
 }
 
 }  // namespace quorvane

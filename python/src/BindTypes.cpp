@@ -1,4 +1,5 @@
 #include "Bindings.h"
+#include "FieldsOf.h"
 #include "engine/Limits.h"
 #include "settings/Changes.h"
 
@@ -13,18 +14,7 @@ LatticeModel& withType(Core& core, int type) {
   return model;
 }
 
-/// An operation that reads a field of a type: what a function of a model and a type gives.
-template <typename Read>
-auto read(const Read& field) {
-  return [field](Core& core, int type) { return field(withType(core, type), type); };
-}
-
-/// An operation that changes a field of a type: a function of a model, a type and the new value.
-template <typename Value, typename Change>
-auto change(const Change& field) {
-  return [field](Core& core, int type, const Value& value) { field(withType(core, type), type, value); };
-}
-
+using OfType = FieldsOf<withType>;
 using Color = std::array<double, 3>;
 
 Color colorOf(const LatticeModel& model, int type) {
@@ -77,20 +67,20 @@ void bindTypes(CoreClass& core) {
                   [](const std::string& name) { forField("types", [&] { requireName(name); }); });
   core.def("num_types", [](Core& self) { return self.use().getNumPixelTypes(); });
   core.def("add_type", addType);
-  core.def("type_name", read([](Model& m, int t) { return m.getPixelName(t); }));
-  core.def("set_type_name", change<std::string>(rename));
-  core.def("type_color", read(colorOf));
-  core.def("set_type_color", change<Color>(setColor));
-  core.def("type_persistence", read([](Model& m, int t) { return m.getPixelPersistence(t); }));
-  core.def("set_type_persistence", change<double>(setPersistence));
-  core.def("type_opacity", read([](Model& m, int t) { return m.getPixelAlpha(t); }));
-  core.def("set_type_opacity", change<double>(setOpacity));
-  core.def("type_immobile", read([](Model& m, int t) { return m.getPixelImmobile(t) != 0; }));
-  core.def("set_type_immobile", change<bool>(setImmobile));
-  core.def("type_masquerade", read([](Model& m, int t) { return m.getPixelMasqueradeAs(t); }));
-  core.def("set_type_masquerade", change<int>(setMasquerade));
-  core.def("type_field", read([](Model& m, int t) { return m.getPixelField(t); }));
-  core.def("set_type_field", change<double>(setField));
+  core.def("type_name", OfType::read([](Model& m, int t) { return m.getPixelName(t); }));
+  core.def("set_type_name", OfType::change<std::string>(rename));
+  core.def("type_color", OfType::read(colorOf));
+  core.def("set_type_color", OfType::change<Color>(setColor));
+  core.def("type_persistence", OfType::read([](Model& m, int t) { return m.getPixelPersistence(t); }));
+  core.def("set_type_persistence", OfType::change<double>(setPersistence));
+  core.def("type_opacity", OfType::read([](Model& m, int t) { return m.getPixelAlpha(t); }));
+  core.def("set_type_opacity", OfType::change<double>(setOpacity));
+  core.def("type_immobile", OfType::read([](Model& m, int t) { return m.getPixelImmobile(t) != 0; }));
+  core.def("set_type_immobile", OfType::change<bool>(setImmobile));
+  core.def("type_masquerade", OfType::read([](Model& m, int t) { return m.getPixelMasqueradeAs(t); }));
+  core.def("set_type_masquerade", OfType::change<int>(setMasquerade));
+  core.def("type_field", OfType::read([](Model& m, int t) { return m.getPixelField(t); }));
+  core.def("set_type_field", OfType::change<double>(setField));
 }
 
 }  // namespace quorvane
