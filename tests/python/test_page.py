@@ -7,6 +7,7 @@ import re
 import shutil
 import subprocess
 import sys
+import textwrap
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
@@ -56,3 +57,15 @@ def test_figures_and_files_of_the_page_exist():
     assert len(links) > 5
     for link in links:
         assert (PAGE.parent / link).exists(), link
+
+
+def test_the_blocks_of_the_readmes_run(tmp_path):
+    (tmp_path / "examples").mkdir()
+    for document in EXAMPLES.glob("*.quorvane"):
+        shutil.copy(document, tmp_path / "examples")
+    for page in (ROOT / "README.md", ROOT / "python" / "README.md"):
+        lines = page.read_text(encoding="utf-8").splitlines()
+        first = lines.index("    import quorvane")
+        length = next(k for k, line in enumerate(lines[first:]) if line and not line.startswith("    "))
+        result = run(textwrap.dedent("\n".join(lines[first:first + length])), tmp_path)
+        assert result.returncode == 0, f"{page}: {result.stdout}"
