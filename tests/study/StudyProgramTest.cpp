@@ -376,7 +376,12 @@ TEST_F(StudyProgram, RefusesAFolderWithOtherFiles) {
 TEST_F(StudyProgram, MakesDamagedAndDeletedRecordsAgain) {
   ASSERT_EQ(makeAll({"-j", "2"}).status, 0);
   const std::string expected = tables();
-  const fs::path shard = shards().at(0);
+  // One worker may have made nearly all runs, and damage in the last record of a shard looks like an
+  // unfinished one.
+  const auto made = shards();
+  const fs::path shard = *std::max_element(made.begin(), made.end(), [](const auto& a, const auto& b) {
+    return fs::file_size(a) < fs::file_size(b);
+  });
   std::string bytes = contentOf(shard);
   bytes[bytes.size() / 2] = static_cast<char>(bytes[bytes.size() / 2] ^ 1);
   put(shard, bytes);
@@ -388,7 +393,7 @@ TEST_F(StudyProgram, MakesDamagedAndDeletedRecordsAgain) {
   EXPECT_EQ(again.status, 0);
   EXPECT_THAT(again.err, HasSubstr(damage));
   EXPECT_EQ(tables(), expected);
-  fs::remove(shards().at(1));
+  fs::remove(shards().back());
   EXPECT_EQ(makeAll().status, 0);
   EXPECT_EQ(tables(), expected);
 }
