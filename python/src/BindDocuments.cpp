@@ -49,7 +49,7 @@ std::string refusal(Core& core, const std::string& text) {
 /// too.
 std::string readText(Core& core, const std::string& text) {
   LatticeModel& model = core.useWithSource();
-  if (const std::string reason = refusal(core, text); !reason.empty()) return reason;
+  if (std::string reason = refusal(core, text); !reason.empty()) return reason;
   return readDocument(model, text).reason;
 }
 
