@@ -46,7 +46,7 @@ def as_array(values) -> np.ndarray:
         raise ValueError(f"sites are indices of pixel types: {error}") from None
 
 
-def checked_types(array: np.ndarray, num_types: int) -> np.ndarray:
+def _checked_types(array: np.ndarray, num_types: int) -> np.ndarray:
     """Types of sites as uint8. ValueError unless they are whole numbers of existing types."""
     if array.dtype.kind not in "biu":
         raise ValueError(f"sites are indices of pixel types, whole numbers, not {array.dtype}")
@@ -127,7 +127,7 @@ class Lattice(np.lib.mixins.NDArrayOperatorsMixin):
         array = as_array(value)
         if np.broadcast_shapes(array.shape, places.shape) != places.shape:
             raise ValueError(f"values of shape {array.shape} do not fit sites of shape {places.shape}")
-        types = checked_types(array, self._core.num_types())
+        types = _checked_types(array, self._core.num_types())
         self._require_shape()
         self._core.paint(places.ravel(), np.broadcast_to(types, places.shape).ravel())
 

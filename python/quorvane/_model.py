@@ -11,7 +11,7 @@ import numpy as np
 
 from . import _native, _values
 from ._fields import PixelTypes, Rules, type_among, type_names
-from ._lattice import Lattice, as_array, checked_types
+from ._lattice import Lattice, as_array
 from ._measure import Observation
 from ._values import shown, whole
 
@@ -181,7 +181,7 @@ class Model:
         array = as_array(values)
         if array.shape != self.shape:
             raise ValueError(f"the lattice has the shape {self.shape}, not {array.shape}")
-        self.lattice[...] = checked_types(array, self._core.num_types())
+        self.lattice[...] = array
 
     @property
     def types(self) -> PixelTypes:
@@ -292,6 +292,6 @@ def _unpickled(cls: type[Model], text: str, state: bytes) -> Model:
         core.restore(state)
     except ValueError as error:
         raise ValueError(f"the pickled model {error}") from None
-    if core.text() != text.encode() or core.refusal(text):
+    if core.text() != text.encode():
         raise ValueError("the pickled model is damaged (its state is not that of its document)")
     return cls._of(core)

@@ -1,5 +1,5 @@
-#include <filesystem>
 #include <system_error>
+#include <utility>
 
 #include "Bindings.h"
 #include "document/DocumentFile.h"
@@ -39,17 +39,12 @@ py::bytes fileContent(const std::string& path) {
   return text;
 }
 
-/// Why the text would be refused by this model; empty if it would not be.
-std::string refusal(Core& core, const std::string& text) {
-  const OpenResult result = inspectDocument(core.use(), text).result;
-  return result.status == OpenStatus::kOpened ? std::string() : result.reason;
-}
-
 /// Why the text was refused; empty if the model was made of all of it. A text that ends early is refused,
 /// too.
 std::string readText(Core& core, const std::string& text) {
   LatticeModel& model = core.useWithSource();
-  if (std::string reason = refusal(core, text); !reason.empty()) return reason;
+  OpenResult inspected = inspectDocument(model, text).result;
+  if (inspected.status != OpenStatus::kOpened) return std::move(inspected.reason);
   return readDocument(model, text).reason;
 }
 
@@ -67,7 +62,6 @@ std::string save(Core& core, const std::string& path) {
 void bindDocuments(CoreClass& core) {
   core.def_static("file_content", fileContent);
   core.def("read_text", readText);
-  core.def("refusal", refusal);
   core.def("text", [](Core& self) { return py::bytes(writeDocument(self.use())); });
   core.def("save", save);
   core.def("state", [](Core& self) { return py::bytes(self.state()); });

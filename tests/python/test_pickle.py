@@ -108,8 +108,16 @@ class Named(quorvane.Model):
     """A model with an attribute of its own."""
 
 
-def test_with_values_that_no_document_has_are_refused(small):
-    # A state of another model, forged to be the text's.
+def test_of_a_model_with_full_rows_are_whole():
+    """Its rules fill more than half of a row, so they would not fit beside themselves."""
+    model = quorvane.Model.new(4, 2)
+    for _ in range(50):
+        model.rules.add("swap", 0, 1, 0.5)
+    for other in copies(model):
+        assert other.text() == model.text()
+
+
+def test_with_the_state_of_another_model_are_refused(small):
     whole, (kind, text, state), _ = small.__reduce__()
     other = quorvane.Model.new(4, 3).__reduce__()[1]
     refused(ValueError, lambda: whole(kind, text, other[2]))
