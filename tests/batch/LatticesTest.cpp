@@ -28,12 +28,8 @@ TEST_F(Lattices, AreTheSitesOfEveryRecord) {
 TEST_F(Lattices, HaveTheRightHeaderAfterAStop) {
   BatchProcess run(
       {kExample, "--sweeps", kForever, "--every", "5", "--remake", "16x8", "--lattices", array_});
-  const auto partial = folder_ / (".lattices.npy.quorvane-" + std::to_string(run.id()) + ".partial");
-  std::error_code error;
-  ASSERT_TRUE(waitUntil([&] {
-    const auto size = std::filesystem::file_size(partial, error);
-    return !error && size > 10'000;
-  }));
+  const auto partial = partialFileOf(run.id(), "lattices.npy");
+  ASSERT_TRUE(waitUntil([&] { return sizeOf(partial) > 10'000; }));
   run.signal(SIGTERM);
   EXPECT_EQ(run.wait().status, -SIGTERM);
   const std::string content = contentOf(array_);

@@ -77,8 +77,8 @@ TEST_F(Results, EndTheRunIfAllHaveFailed) {
 TEST_F(Results, OfKilledRunsStayUntilASuccessfulRunToTheSameTarget) {
   const auto endless = [&] {
     BatchProcess process({document_, "--sweeps", "9000000000000000000", "--populations", populations_});
-    const fs::path partial = folder_ / (".out.csv.quorvane-" + std::to_string(process.id()) + ".partial");
-    EXPECT_TRUE(waitUntil([&] { return fs::exists(partial) && fs::file_size(partial) > 10'000; }));
+    const fs::path partial = partialFileOf(process.id());
+    EXPECT_TRUE(waitUntil([&] { return sizeOf(partial) > 10'000; }));
     process.signal(SIGKILL);
     process.wait();
     return partial;

@@ -23,17 +23,7 @@ using testing::StartsWith;
 using Clock = std::chrono::steady_clock;
 
 /// The partial table of a run.
-class Rows : public Runner {
- protected:
-  fs::path partialOf(const BatchProcess& process) const {
-    return folder_ / (".out.csv.quorvane-" + std::to_string(process.id()) + ".partial");
-  }
-  static std::uintmax_t sizeOf(const fs::path& file) {
-    std::error_code error;
-    const auto size = fs::file_size(file, error);
-    return error ? 0 : size;
-  }
-};
+class Rows : public Runner {};
 
 /// The complete lines of a table.
 std::string wholeLines(const std::string& csv) { return csv.substr(0, csv.rfind('\n') + 1); }
@@ -57,7 +47,7 @@ TEST_F(Rows, OlderThanTwoSecondsSurviveAKill) {
   };
   ASSERT_TRUE(waitUntil([&] { return fs::exists(film / "frame-000050.png"); }));
   const long last = lastFrame();
-  const fs::path partial = partialOf(process);
+  const fs::path partial = partialFileOf(process.id());
   std::this_thread::sleep_for(std::chrono::seconds(2));
   process.signal(SIGKILL);
   EXPECT_EQ(process.wait().status, -SIGKILL);
@@ -71,7 +61,7 @@ TEST_F(Rows, GrowBesideTheirTargetAndReplaceItAtTheEndOrAStop) {
   put(populations_, "old");
   for (const int signal : {SIGINT, SIGTERM}) {
     BatchProcess process({document_, "--sweeps", kForever, "--every", "100", "--populations", populations_});
-    const fs::path partial = partialOf(process);
+    const fs::path partial = partialFileOf(process.id());
     ASSERT_TRUE(waitUntil([&] { return sizeOf(partial) > 10'000; }));
     process.signal(signal);
     EXPECT_EQ(process.wait().status, -signal);
@@ -97,7 +87,7 @@ TEST_F(Rows, UseNoMoreMemoryInALongRunThanInAShortOne) {
   GTEST_SKIP() << "the thread sanitizer has memory of its own, and takes minutes for so many rows";
 #endif
   BatchProcess process({document_, "--sweeps", kForever, "--populations", populations_});
-  const fs::path partial = partialOf(process);
+  const fs::path partial = partialFileOf(process.id());
   constexpr std::uintmax_t megabyte = 1 << 20;
   ASSERT_TRUE(waitUntil([&] { return sizeOf(partial) > megabyte; }));
   const long before = residentKilobytes(process.id());
@@ -112,7 +102,7 @@ TEST_F(Rows, StayInTheirPartialFileIfASecondSignalEndsTheRun) {
   const fs::path fifo = folder_ / "fifo";
   ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
   BatchProcess process({document_, "--sweeps", kForever, "--populations", populations_, "--output", fifo});
-  const fs::path partial = partialOf(process);
+  const fs::path partial = partialFileOf(process.id());
   ASSERT_TRUE(waitUntil([&] { return sizeOf(partial) > 100'000; }));
   process.signal(SIGINT);
   std::this_thread::sleep_for(kSecondSignalCounts);
@@ -130,7 +120,7 @@ TEST_F(Rows, OfARunThatFailsAreKeptAndReported) {
   const FileSizeLimit limit(500'000);
   std::signal(SIGXFSZ, SIG_DFL);  // as a shell starts it
   BatchProcess process({document_, "--sweeps", kForever, "--populations", populations_});
-  const fs::path partial = partialOf(process);
+  const fs::path partial = partialFileOf(process.id());
   const Finished finished = process.wait();
   EXPECT_EQ(finished.status, 1);
   EXPECT_EQ(finished.err, "quorvane-batch: " + named(populations_) +

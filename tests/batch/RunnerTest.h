@@ -38,6 +38,12 @@ class Runner : public testing::Test {
     EXPECT_EQ(finished.err, "quorvane-batch: " + line + "\n");
   }
 
+  /// Where the rows of a run gather. At the start it is made and removed once, to see if the folder can be
+  /// written to.
+  std::filesystem::path partialFileOf(pid_t process, const std::string& target = "out.csv") const {
+    return folder_ / ("." + target + ".quorvane-" + std::to_string(process) + ".partial");
+  }
+
   TemporaryFolder folder_;
   const std::string document_ = (folder_ / "in.quorvane").string();
   const std::string output_ = (folder_ / "out.quorvane").string();

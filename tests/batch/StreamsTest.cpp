@@ -118,8 +118,8 @@ TEST_F(Streams, ThatAreClosedAtTheStartAreReplacedByDevNull) {
                               " <&- >&- 2>&- & } ; echo $! > " + pidFile;
   ASSERT_EQ(std::system(command.c_str()), 0);
   const pid_t process = std::stoi(contentOf(pidFile));
-  const fs::path partial = folder_ / (".out.csv.quorvane-" + std::to_string(process) + ".partial");
-  EXPECT_TRUE(waitUntil([&] { return fs::exists(partial) && fs::file_size(partial) > 1000; }));
+  const fs::path partial = partialFileOf(process);
+  EXPECT_TRUE(waitUntil([&] { return sizeOf(partial) > 1000; }));
   for (const char* file : {"0", "1", "2"})
     EXPECT_EQ(fs::read_symlink("/proc/" + std::to_string(process) + "/fd/" + file), "/dev/null");
   ::kill(process, SIGKILL);

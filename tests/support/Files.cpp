@@ -5,6 +5,7 @@
 #include <fstream>
 #include <iterator>
 #include <stdexcept>
+#include <system_error>
 
 namespace quorvane {
 
@@ -17,6 +18,12 @@ std::string contentOf(const fs::path& file) {
 
 void put(const fs::path& file, const std::string& content) {
   std::ofstream(file, std::ios::binary) << content;
+}
+
+std::uintmax_t sizeOf(const fs::path& file) {
+  std::error_code error;
+  const auto size = fs::file_size(file, error);
+  return error ? 0 : size;
 }
 
 mode_t permissionsOf(const fs::path& file) { return static_cast<mode_t>(fs::status(file).permissions()); }

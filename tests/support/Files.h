@@ -2,6 +2,7 @@
 
 #include <sys/types.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -10,6 +11,8 @@ namespace quorvane {
 
 std::string contentOf(const std::filesystem::path& file);
 void put(const std::filesystem::path& file, const std::string& content);
+/// In bytes; 0 while the file does not exist.
+std::uintmax_t sizeOf(const std::filesystem::path& file);
 /// Including the set-id and sticky bits.
 mode_t permissionsOf(const std::filesystem::path& file);
 /// Sorted.
