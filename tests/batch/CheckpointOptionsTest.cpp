@@ -80,7 +80,7 @@ TEST_F(Checkpoint, IsContinuedWithoutOtherOptions) {
 }
 
 TEST_F(Checkpoint, IsInUseWhileARunHasIt) {
-  BatchProcess process(withCheckpoints(runIn(work_, "900000")));
+  BatchProcess process(withCheckpoints(runIn(work_, kEndlessFilm)));
   ASSERT_TRUE(waitUntil([&] { return fs::exists(checkpoint_); }));
   const std::string line =
       "quorvane-batch: " + named(checkpoint_) + ": is in use by another run at this moment\n";

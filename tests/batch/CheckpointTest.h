@@ -17,12 +17,16 @@ class CheckpointTest : public Runner {
 
   CheckpointTest() { std::filesystem::create_directory(work_); }
 
+  /// The sweeps between two records of a run.
+  static constexpr std::size_t kEvery = 7;
+
   /// A run of the sample with every result in a folder.
   Words runIn(const std::filesystem::path& folder, const std::string& sweeps) const {
-    return {document_,       "--sweeps",      sweeps,       "--every",   "7",          "--output",
-            folder / "o",    "--populations", folder / "p", "--measure", folder / "m", "--observables",
-            "kept,energy",   "--lattices",    folder / "l", "--picture", folder / "x", "--frames",
-            folder / "film", "--scale",       "1",          "--trace"};
+    return {document_,    "--sweeps",      sweeps,          "--every",       std::to_string(kEvery),
+            "--output",   folder / "o",    "--populations", folder / "p",    "--measure",
+            folder / "m", "--observables", "kept,energy",   "--lattices",    folder / "l",
+            "--picture",  folder / "x",    "--frames",      folder / "film", "--scale",
+            "1",          "--trace"};
   }
   Words withCheckpoints(Words words) const {
     words.insert(words.end(), {"--checkpoint", checkpoint_, "--checkpoint-every", "0.001"});

@@ -26,6 +26,7 @@ class Continue : public CheckpointTest {
     process.signal(signal);
     return process.wait().status;
   }
+  std::size_t framesMade() const { return namesIn(work_ / "film").size(); }
 };
 
 TEST_F(Continue, LeavesTheBytesOfOneGoFromAnyNumberOfSweepsToAnyOther) {
@@ -53,20 +54,21 @@ TEST_F(Continue, AfterASignalLeavesTheBytesOfOneGo) {
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
     fs::remove_all(work_);
     fs::create_directory(work_);
-    EXPECT_EQ(stopAtFrame(withCheckpoints(runIn(work_, "5000")), "frame-000020.png", signal), -signal);
-    EXPECT_EQ(stopAtFrame(continuation(), "frame-000090.png", signal), -signal);
-    expectDone(continuation());
-    EXPECT_EQ(contentsOf(work_), inOneGo("5000"));
+    EXPECT_EQ(stopAtFrame(withCheckpoints(runIn(work_, kEndlessFilm)), frameName(3), signal), -signal);
+    EXPECT_EQ(stopAtFrame(continuation(), frameName(framesMade() + 10), signal), -signal);
+    const std::string sweeps = std::to_string(kEvery * framesMade() + 100);
+    expectDone(continuation(sweeps));
+    EXPECT_EQ(contentsOf(work_), inOneGo(sweeps));
   }
 }
 
 TEST_F(Continue, OfAStoppedRunIsToldInItsLine) {
-  BatchProcess process(withCheckpoints(runIn(work_, "900000")));
+  BatchProcess process(withCheckpoints(runIn(work_, kEndlessFilm)));
   ASSERT_TRUE(waitUntil([&] { return fs::exists(work_ / "film/frame-000003.png"); }));
   process.signal(SIGTERM);
-  EXPECT_THAT(process.wait().err,
-              AllOf(StartsWith("quorvane-batch: stopped after "),
-                    EndsWith(" of 900000 sweeps, --continue " + named(checkpoint_) + " goes on\n")));
+  EXPECT_THAT(process.wait().err, AllOf(StartsWith("quorvane-batch: stopped after "),
+                                        EndsWith(" of " + kEndlessFilm + " sweeps, --continue " +
+                                                 named(checkpoint_) + " goes on\n")));
 }
 
 TEST_F(Continue, KeepsTheOptionsOfTheStart) {
@@ -120,9 +122,9 @@ TEST_F(Continue, GivesFramesTheNamesOfTheNewNumberOfSweeps) {
 
 TEST_F(Continue, MakesFewerSweepsThanAKilledRunHadMadeBehindItsCheckpoint) {
   // Only the checkpoint of the start is written.
-  Words words = runIn(work_, "900000");
+  Words words = runIn(work_, kEndlessFilm);
   words.insert(words.end(), {"--checkpoint", checkpoint_});
-  EXPECT_EQ(stopAtFrame(words, "frame-000030.png", SIGKILL), -SIGKILL);
+  EXPECT_EQ(stopAtFrame(words, frameName(30), SIGKILL), -SIGKILL);
   expectDone(continuation("50"));
   auto left = contentsOf(work_);
   EXPECT_EQ(left, inOneGo("50"));
@@ -171,8 +173,8 @@ TEST_F(Continue, IsRefusedIfAnOutputWasChangedOrIsMissing) {
 }
 
 TEST_F(Continue, IsRefusedIfTheGrowingRowsWereChanged) {
-  Words words = runIn(work_, "900000");
-  EXPECT_EQ(stopAtFrame(withCheckpoints(words), "frame-000030.png", SIGKILL), -SIGKILL);
+  Words words = runIn(work_, kEndlessFilm);
+  EXPECT_EQ(stopAtFrame(withCheckpoints(words), frameName(30), SIGKILL), -SIGKILL);
   fs::path partial;
   for (const std::string& name : namesIn(work_))
     if (name.starts_with(".p.")) partial = work_ / name;

@@ -39,19 +39,22 @@ TEST_F(Results, AreAllWrittenIfTheOutputOrThePictureFails) {
 
 TEST_F(Results, AreAllWrittenIfAFrameFails) {
   const fs::path film = folder_ / "film";
-  // It exists long before the frame is written.
+  // More frames than are made before the run is held.
   BatchProcess process(
-      {document_, "--sweeps", "2000", "--frames", film, "--output", output_, "--populations", populations_});
+      {document_, "--sweeps", "20000", "--frames", film, "--output", output_, "--populations", populations_});
   ASSERT_TRUE(waitUntil([&] { return fs::exists(film / "frame-000001.png"); }));
-  const fs::path inTheWay = film / "frame-001500.png";
+  process.hold();
+  const std::size_t number = namesIn(film).size() + 50;
+  const fs::path inTheWay = film / frameName(number);
   fs::create_directory(inTheWay);
+  process.signal(SIGCONT);
   const Finished finished = process.wait();
   EXPECT_EQ(finished.status, 1);
   EXPECT_EQ(finished.err, "quorvane-batch: " + named(inTheWay) + ": Is a directory\n");
-  EXPECT_TRUE(fs::exists(film / "frame-001499.png"));
-  EXPECT_FALSE(fs::exists(film / "frame-001501.png"));
+  EXPECT_TRUE(fs::exists(film / frameName(number - 1)));
+  EXPECT_FALSE(fs::exists(film / frameName(number + 1)));
   EXPECT_TRUE(fs::exists(output_));
-  EXPECT_EQ(rowsOf(contentOf(populations_)).size(), 2001u);
+  EXPECT_EQ(rowsOf(contentOf(populations_)).size(), 20001u);
 }
 
 TEST_F(Results, ThatFailAreEachReportedInALine) {
@@ -93,7 +96,7 @@ TEST_F(Results, OfKilledRunsStayUntilASuccessfulRunToTheSameTarget) {
 
 TEST_F(Results, OfTwoRunsDoNotShareAFolderOfFrames) {
   const fs::path film = folder_ / "film";
-  BatchProcess first({document_, "--sweeps", "900000", "--frames", film});
+  BatchProcess first({document_, "--sweeps", kEndlessFilm, "--frames", film});
   ASSERT_TRUE(waitUntil([&] { return fs::exists(film / "frame-000000.png"); }));
   expectFailure({document_, "--sweeps", "3", "--frames", film},
                 named(film) + ": gets frames of another run at this moment");

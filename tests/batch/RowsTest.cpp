@@ -41,7 +41,8 @@ TEST_F(Rows, OlderThanTwoSecondsSurviveAKill) {
   put(populations_, "old");
   const fs::path film = folder_ / "film";
   // A frame is on the disk before the row of its sweep is written.
-  BatchProcess process({document_, "--sweeps", "900000", "--populations", populations_, "--frames", film});
+  BatchProcess process(
+      {document_, "--sweeps", kEndlessFilm, "--populations", populations_, "--frames", film});
   const auto lastFrame = [&] {
     return static_cast<long>(std::distance(fs::directory_iterator(film), fs::directory_iterator())) - 2;
   };
@@ -160,7 +161,7 @@ TEST_F(Rows, OfTwoRunsForOneTargetGrowSeparatelyAndTheLastOneWins) {
 TEST_F(Rows, GoToAPipeAtOnceAndOnlyOnce) {
   const fs::path fifo = folder_ / "fifo";
   ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
-  BatchProcess process({document_, "--sweeps", "900000", "--every", "100", "--populations", fifo});
+  BatchProcess process({document_, "--sweeps", kEndlessFilm, "--every", "100", "--populations", fifo});
   const int reader = ::open(fifo.c_str(), O_RDONLY | O_CLOEXEC);
   ASSERT_GE(reader, 0);
   std::string csv;

@@ -20,6 +20,8 @@ inline const std::filesystem::path kExample =
 
 /// More sweeps than any test can wait for.
 inline const std::string kForever = "9000000000000000000";
+/// The same with frames, whose names have six digits.
+inline const std::string kEndlessFilm = "900000";
 
 /// The time after a first signal from which a second one counts.
 inline constexpr std::chrono::milliseconds kSecondSignalCounts{1100};
@@ -38,6 +40,11 @@ class Runner : public testing::Test {
     EXPECT_EQ(finished.err, "quorvane-batch: " + line + "\n");
   }
 
+  /// The frame of a film with six digits.
+  static std::string frameName(std::size_t number) {
+    const std::string digits = std::to_string(number);
+    return "frame-" + std::string(6 - digits.size(), '0') + digits + ".png";
+  }
   /// Where the rows of a run gather. At the start it is made and removed once, to see if the folder can be
   /// written to.
   std::filesystem::path partialFileOf(pid_t process, const std::string& target = "out.csv") const {

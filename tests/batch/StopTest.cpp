@@ -17,9 +17,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-/// More sweeps than any test can wait for, with six digits for frames.
-const std::string kEndlessFilm = "900000";
-
 /// A pipe without a reader.
 class FullPipe {
  public:
@@ -43,6 +40,16 @@ class FullPipe {
   int ends_[2] = {-1, -1};
 };
 
+/// True once a program has a function of its own for a signal.
+bool handles(pid_t process, int signal) {
+  const std::string status = contentOf("/proc/" + std::to_string(process) + "/status");
+  const std::string key = "\nSigCgt:\t";
+  const auto caught = status.find(key);
+  if (caught == std::string::npos) return false;
+  const unsigned long long mask = std::stoull(status.substr(caught + key.size()), nullptr, 16);
+  return (mask >> (signal - 1) & 1) != 0;
+}
+
 /// True while a single-threaded process is blocked, which a run is only when it waits for a reader.
 bool isWaiting(pid_t process) {
   const std::string status = contentOf("/proc/" + std::to_string(process) + "/stat");
@@ -56,8 +63,8 @@ class Stop : public Runner {
   std::vector<std::string> endlessRun() const {
     return {kExample, "--sweeps", kEndlessFilm, "--every", "20", "--frames", film_};
   }
-  bool waitForFrame(int number) const {
-    return waitUntil([&] { return fs::exists(film_ / ("frame-00000" + std::to_string(number) + ".png")); });
+  bool waitForFrame(std::size_t number) const {
+    return waitUntil([&] { return fs::exists(film_ / frameName(number)); });
   }
   /// The number of sweeps that a stopped run reports, -1 if it does not report it in one line.
   static long sweepsSaid(const std::string& err) {
@@ -137,7 +144,7 @@ TEST_F(Stop, IsNotCausedByASignalThatWasIgnoredAtTheStart) {
   for (const int signal : {SIGHUP, SIGINT}) std::signal(signal, SIG_DFL);
   ASSERT_TRUE(waitForFrame(1));
   for (const int signal : {SIGHUP, SIGINT}) process.signal(signal);
-  ASSERT_TRUE(waitForFrame(static_cast<int>(namesIn(film_).size()) + 2));
+  ASSERT_TRUE(waitForFrame(namesIn(film_).size() + 2));
   process.signal(SIGTERM);
   EXPECT_EQ(process.wait().status, -SIGTERM);
 }
@@ -146,7 +153,7 @@ TEST_F(Stop, OnceEndsAWaitForAReaderAndTheOtherResultsAreWritten) {
   const fs::path fifo = folder_ / "fifo";
   ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
   BatchProcess process({document_, "--sweeps", "3", "--output", fifo, "--picture", folder_ / "out.png"});
-  std::this_thread::sleep_for(std::chrono::milliseconds(500));
+  ASSERT_TRUE(waitUntil([&] { return handles(process.id(), SIGTERM) && isWaiting(process.id()); }));
   process.signal(SIGTERM);
   const Finished finished = process.wait();
   EXPECT_EQ(finished.status, 1);

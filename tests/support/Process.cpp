@@ -51,6 +51,12 @@ void Process::signal(int number) const {
 
 void Process::kill() const { signal(SIGKILL); }
 
+void Process::hold() const {
+  signal(SIGSTOP);
+  siginfo_t ignored = {};
+  ::waitid(P_PID, static_cast<id_t>(process_), &ignored, WSTOPPED | WEXITED | WNOWAIT);
+}
+
 bool Process::waitFor(std::chrono::microseconds time) const {
   constexpr long million = 1'000'000;
   const timespec limit = {time.count() / million, time.count() % million * 1000};

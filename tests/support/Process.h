@@ -32,6 +32,8 @@ class Process {
   pid_t id() const { return process_; }
   void signal(int number) const;
   void kill() const;
+  /// Returns once it does nothing more until SIGCONT.
+  void hold() const;
   /// True if it ends within the time.
   bool waitFor(std::chrono::microseconds time) const;
   Finished wait();
