@@ -150,7 +150,6 @@ TEST_F(Checkpoint, CountsSweepsUpToTheLargestNumber) {
   const RunSoFar read = runSoFarIn(bytesOf(run, *model, *source.state()), *other, random);
   EXPECT_EQ(read.sweepsDone, most);
   EXPECT_EQ(read.records, run.records);
-  const TemporaryFolder folder;
   expectDone({document_, "--sweeps", "3", "--every", "9223372036854775807", "--populations", populations_,
               "--checkpoint", checkpoint_});
   expectDone(continuation("4"));

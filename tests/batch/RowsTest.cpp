@@ -50,6 +50,9 @@ TEST_F(Rows, OlderThanTwoSecondsSurviveAKill) {
   const long last = lastFrame();
   const fs::path partial = partialFileOf(process.id());
   std::this_thread::sleep_for(std::chrono::seconds(2));
+  // It may have stood still meanwhile.
+  const long then = lastFrame();
+  ASSERT_TRUE(waitUntil([&] { return lastFrame() > then + 1; }));
   process.signal(SIGKILL);
   EXPECT_EQ(process.wait().status, -SIGKILL);
   EXPECT_EQ(contentOf(populations_), "old");
@@ -106,8 +109,7 @@ TEST_F(Rows, StayInTheirPartialFileIfASecondSignalEndsTheRun) {
   const fs::path partial = partialFileOf(process.id());
   ASSERT_TRUE(waitUntil([&] { return sizeOf(partial) > 100'000; }));
   process.signal(SIGINT);
-  std::this_thread::sleep_for(kSecondSignalCounts);
-  process.signal(SIGTERM);
+  signalUntilItEnds(process, SIGTERM);
   EXPECT_EQ(process.wait().status, -SIGTERM);
   EXPECT_FALSE(fs::exists(populations_));
   const std::string csv = contentOf(partial);
@@ -161,7 +163,7 @@ TEST_F(Rows, OfTwoRunsForOneTargetGrowSeparatelyAndTheLastOneWins) {
 TEST_F(Rows, GoToAPipeAtOnceAndOnlyOnce) {
   const fs::path fifo = folder_ / "fifo";
   ASSERT_EQ(::mkfifo(fifo.c_str(), 0600), 0);
-  BatchProcess process({document_, "--sweeps", kEndlessFilm, "--every", "100", "--populations", fifo});
+  BatchProcess process({document_, "--sweeps", kForever, "--every", "100", "--populations", fifo});
   const int reader = ::open(fifo.c_str(), O_RDONLY | O_CLOEXEC);
   ASSERT_GE(reader, 0);
   std::string csv;

@@ -23,8 +23,11 @@ inline const std::string kForever = "9000000000000000000";
 /// The same with frames, whose names have six digits.
 inline const std::string kEndlessFilm = "900000";
 
-/// The time after a first signal from which a second one counts.
-inline constexpr std::chrono::milliseconds kSecondSignalCounts{1100};
+/// Ends a run that had a first signal. Signals within a second of that one count as the same.
+inline void signalUntilItEnds(const Process& process, int signal) {
+  constexpr std::chrono::milliseconds between{100};
+  while (!process.waitFor(between)) process.signal(signal);
+}
 
 /// A folder with the sample document.
 class Runner : public testing::Test {

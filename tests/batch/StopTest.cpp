@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <thread>
 
 #include "RunnerTest.h"
 
@@ -120,7 +119,7 @@ TEST_F(Stop, BySignalsThatComeTogetherWritesTheResults) {
     arguments.insert(arguments.end(), {"--output", output_});
     BatchProcess process(arguments);
     ASSERT_TRUE(waitForFrame(0));
-    for (const int signal : {SIGTERM, SIGTERM, SIGINT}) process.signal(signal);
+    process.signalTogether({SIGTERM, SIGTERM, SIGINT});
     EXPECT_THAT(process.wait().status, AnyOf(-SIGTERM, -SIGINT));
     EXPECT_TRUE(fs::exists(output_));
   }
@@ -182,8 +181,7 @@ TEST_F(Stop, ASecondTimeEndsAtOnceAndWritesNothing) {
   // Further writes block.
   ASSERT_TRUE(waitUntil([&] { return pipe.isFull() && isWaiting(process.id()); }));
   process.signal(SIGINT);
-  std::this_thread::sleep_for(kSecondSignalCounts);
-  process.signal(SIGTERM);
+  signalUntilItEnds(process, SIGTERM);
   const Finished finished = process.wait();
   EXPECT_EQ(finished.status, -SIGTERM);
   EXPECT_THAT(finished.err, IsEmpty());
@@ -197,8 +195,7 @@ TEST_F(Stop, AtAnyMomentLeavesNoTemporaryAndNoIncompleteFile) {
     // A frame per sweep, so that a file is being written most of the time.
     BatchProcess process({document_, "--sweeps", kEndlessFilm, "--frames", film_, "--scale", "32"});
     ASSERT_TRUE(waitForFrame(round % 10));
-    process.signal(SIGINT);
-    process.signal(SIGTERM);
+    process.signalTogether({SIGINT, SIGTERM});
     EXPECT_THAT(process.wait().status, AnyOf(-SIGINT, -SIGTERM));
     for (const std::string& name : namesIn(film_)) {
       ASSERT_THAT(name, StartsWith("frame-"));

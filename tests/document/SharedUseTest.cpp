@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "DocumentSupport.h"
+#include "Waiting.h"
 
 // Also run under the thread sanitizer, which must report nothing.
 namespace quorvane {
@@ -25,6 +26,7 @@ class SharedUseOfDocuments : public testing::Test {
 TEST_F(SharedUseOfDocuments, SavingDuringARunGivesAValidDocument) {
   ASSERT_EQ(readDocument(*model_, example("phase-separation")).status, OpenStatus::kOpened);
   model_->runLatticeModelInBackground();
+  ASSERT_TRUE(waitUntil([&] { return model_->sweepsDone() > 0; }));
   const auto other = freshModel();
   const TemporaryFolder folder;
   for (int round = 0; round < 20; ++round) {
@@ -43,11 +45,15 @@ TEST_F(SharedUseOfDocuments, OpeningDuringARunStopsItAndKeepsTheModelWhole) {
     model->makeNewRule("swap", kSwap, kAnyPixelType, kAnyPixelType);
     model->setRuleParam(0, 1.0);
     model->runLatticeModelInBackground();
+    ASSERT_TRUE(waitUntil([&] { return model->sweepsDone() > 0; }));
     ASSERT_EQ(readDocument(*model, example("phase-separation")).status, OpenStatus::kOpened);
     EXPECT_EQ(model->varMyState, kStopped);
     model->endRunLoops();
     for (int i = 0; i < model->getIMax(); ++i)
-      for (int j = 0; j < model->getJMax(); ++j) ASSERT_LT(model->getSiteValue(i, j), kMaxPixelTypes);
+      for (int j = 0; j < model->getJMax(); ++j) {
+        ASSERT_GE(model->getSiteValue(i, j), 0);
+        ASSERT_LT(model->getSiteValue(i, j), kMaxPixelTypes);
+      }
   }
 }
 

@@ -13,6 +13,12 @@
 namespace quorvane {
 namespace {
 
+/// Programs that a background job of a shell starts ignore some signals from the beginning.
+[[maybe_unused]] const bool kSignalsAreTheUsual = [] {
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, SIG_DFL);
+  return true;
+}();
+
 void redirectToFile(int stream, const std::filesystem::path& file) {
   ::dup2(::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600), stream);
 }
@@ -57,6 +63,12 @@ void Process::hold() const {
   ::waitid(P_PID, static_cast<id_t>(process_), &ignored, WSTOPPED | WEXITED | WNOWAIT);
 }
 
+void Process::signalTogether(std::initializer_list<int> numbers) const {
+  hold();
+  for (const int number : numbers) signal(number);
+  signal(SIGCONT);
+}
+
 bool Process::waitFor(std::chrono::microseconds time) const {
   constexpr long million = 1'000'000;
   const timespec limit = {time.count() / million, time.count() % million * 1000};
@@ -82,7 +94,7 @@ void become(const std::string& program, const std::vector<std::string>& argument
   for (const std::string& argument : arguments) argv.push_back(const_cast<char*>(argument.c_str()));
   argv.push_back(nullptr);
   // A program that never ends must not outlive a failed test.
-  constexpr unsigned longestSeconds = 120;
+  constexpr unsigned longestSeconds = 250;
   ::alarm(longestSeconds);
   ::execv(program.c_str(), argv.data());
   constexpr int notFound = 127;

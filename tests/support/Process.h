@@ -3,6 +3,7 @@
 #include <sys/types.h>
 
 #include <chrono>
+#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -18,7 +19,7 @@ struct Finished {
 };
 
 /// A running program. Standard output and error are files; standard input is a file with the given bytes. A
-/// signal ends it after two minutes.
+/// signal ends it after four minutes.
 class Process {
  public:
   /// output: a descriptor for standard output instead of a file.
@@ -34,6 +35,8 @@ class Process {
   void kill() const;
   /// Returns once it does nothing more until SIGCONT.
   void hold() const;
+  /// All arrive before it does anything else.
+  void signalTogether(std::initializer_list<int> numbers) const;
   /// True if it ends within the time.
   bool waitFor(std::chrono::microseconds time) const;
   Finished wait();

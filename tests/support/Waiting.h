@@ -8,7 +8,7 @@ namespace quorvane {
 
 /// Waits until a condition holds; false if it does not within the deadline.
 template <class Condition>
-bool waitUntil(Condition&& holds, std::chrono::seconds deadline = std::chrono::seconds(30)) {
+bool waitUntil(Condition&& holds, std::chrono::seconds deadline = std::chrono::seconds(100)) {
   const auto end = std::chrono::steady_clock::now() + deadline;
   while (!holds()) {
     if (std::chrono::steady_clock::now() > end) return false;

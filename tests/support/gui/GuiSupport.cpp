@@ -17,11 +17,12 @@ void processEvents() {
 }
 
 ::testing::AssertionResult showAndActivate(QWidget& window) {
+  constexpr int deadline = static_cast<int>(kDeadline.count());
   window.show();
-  if (!QTest::qWaitForWindowExposed(&window))
+  if (!QTest::qWaitForWindowExposed(&window, deadline))
     return ::testing::AssertionFailure() << "the window does not show";
   window.activateWindow();
-  if (!QTest::qWaitForWindowActive(&window))
+  if (!QTest::qWaitForWindowActive(&window, deadline))
     return ::testing::AssertionFailure() << "the window does not take the keyboard";
   return ::testing::AssertionSuccess();
 }
