@@ -6,6 +6,7 @@ import subprocess
 import sys
 import threading
 import time
+import weakref
 
 import numpy as np
 import pytest
@@ -106,14 +107,20 @@ def test_other_threads_run_during_a_sweep():
             ticks.append(time.monotonic())
             time.sleep(0.001)
 
+    def ticks_in_a_sweep():
+        begin = time.monotonic()
+        model.sweep(300)
+        end = time.monotonic()
+        return len([t for t in ticks if begin < t < end])
+
     thread = threading.Thread(target=tick)
     thread.start()
-    begin = time.monotonic()
-    model.sweep(300)
-    end = time.monotonic()
-    stop.set()
-    thread.join()
-    assert len([t for t in ticks if begin < t < end]) > 10
+    try:
+        # On a busy machine a sweep may end before the other thread has its turn.
+        assert any(ticks_in_a_sweep() > 10 for _ in range(50))
+    finally:
+        stop.set()
+        thread.join()
 
 
 def test_threads_may_use_one_model_in_turn(small):
@@ -207,7 +214,8 @@ def test_ctrl_c_ends_a_run_after_a_whole_sweep():
 
 def test_ctrl_c_ends_single_attempts_soon():
     status, out, seconds = interrupted("step(10**15)")
-    assert status == 0 and seconds < 30
+    assert (status, out) == (0, "False False\n"), "no whole sweep, and other sites than at the start"
+    assert seconds < 30
 
 
 def test_a_signal_handler_may_use_the_model():
@@ -218,7 +226,8 @@ def test_a_signal_handler_may_use_the_model():
         model.lattice[0, 0] = 1
         model.sweep(1)
         seen.append((model.sweeps, quorvane.random(), model.measure("counts")["count"].sum()))
-        signal.setitimer(signal.ITIMER_REAL, 0.02)
+        if len(seen) < 3:
+            signal.setitimer(signal.ITIMER_REAL, 0.02)
 
     former = signal.signal(signal.SIGALRM, handler)
     signal.setitimer(signal.ITIMER_REAL, 0.02)
@@ -226,7 +235,6 @@ def test_a_signal_handler_may_use_the_model():
         while len(seen) < 3:
             model.sweep(100)
     finally:
-        signal.setitimer(signal.ITIMER_REAL, 0)
         signal.signal(signal.SIGALRM, former)
     assert all(count == model.lattice.size for _, _, count in seen)
 
@@ -237,7 +245,9 @@ import os, quorvane, signal, sys
 model = quorvane.Model.open(sys.argv[1])
 pids = []
 def handler(number, frame):
-    if not pids:
+    if model.sweeps == 0:
+        signal.setitimer(signal.ITIMER_REAL, 0.02)
+    elif not pids:
         pids.append(os.fork())
         if pids[0] == 0:
             quorvane.seed(3)
@@ -260,9 +270,9 @@ def test_an_error_in_a_signal_handler_ends_the_run():
         raise ZeroDivisionError("alarm")
 
     former = signal.signal(signal.SIGALRM, handler)
-    signal.setitimer(signal.ITIMER_REAL, 0.05)
     try:
         with pytest.raises(ZeroDivisionError, match="alarm"):
+            signal.setitimer(signal.ITIMER_REAL, 0.05)
             model.sweep(10**12)
     finally:
         signal.signal(signal.SIGALRM, former)
@@ -275,14 +285,18 @@ def test_the_interpreter_may_end_during_a_sweep():
     program = """
 import quorvane, sys, threading, time
 model = quorvane.Model.open(sys.argv[1])
+def is_in_use():
+    try:
+        return model.lattice[0, 0] < 0
+    except RuntimeError:
+        return True
 threading.Thread(target=lambda: model.%s, daemon=True).start()
-while model.sweeps < 3 and "sweep" in "%s":
+while not is_in_use():
     time.sleep(0.001)
-time.sleep(0.05)
 print("end")
 """
     for statement in ("sweep(10**12)", "step(10**15)"):
-        assert python(program % (statement, statement), example("voters")) == "end\n"
+        assert python(program % statement, example("voters")) == "end\n"
 
 
 def test_importing_twice_is_importing_once():
@@ -386,15 +400,14 @@ if __name__ == "__main__":
 
 
 def test_a_model_dropped_while_it_is_swept_lives_until_the_end():
-    started = threading.Event()
-
-    def work():
-        model = quorvane.Model.open(example("voters"))
-        started.set()
-        quorvane.Model.sweep(model, 100)
-
-    thread = threading.Thread(target=work)
+    models, ends = [quorvane.Model.open(example("voters"))], []
+    models[0].remake(256)
+    dropped = weakref.ref(models[0])
+    # The frames of this call hold the only other references.
+    thread = threading.Thread(target=lambda: ends.append(models[0].sweep(300)))
     thread.start()
-    started.wait()
+    while dropped().sweeps == 0:
+        time.sleep(0.001)
+    models.clear()
     thread.join()
-    assert refused(ValueError, lambda: quorvane.Model.new(0)).startswith("sides")
+    assert ends == [None] and dropped() is None
