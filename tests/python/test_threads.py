@@ -10,7 +10,7 @@ import weakref
 
 import numpy as np
 import pytest
-from conftest import example, python, refused
+from conftest import example, python
 
 import quorvane
 
