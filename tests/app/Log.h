@@ -10,8 +10,8 @@ class Log {
  public:
   Log() {
     collecting = this;
-    former_ = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& line) {
-      if (!line.startsWith("qt.")) collecting->lines_ += line;
+    former_ = qInstallMessageHandler([](QtMsgType, const QMessageLogContext& context, const QString& line) {
+      if (qstrncmp(context.category, "qt.", 3) != 0) collecting->lines_ += line;
     });
   }
   ~Log() { qInstallMessageHandler(former_); }

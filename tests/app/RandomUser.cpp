@@ -232,7 +232,7 @@ QString RandomUser::visitFullScreen() {
 bool RandomUser::comeBack() {
   // A window manager may refuse the request while the view, as it knows it, still fills the screen. A person
   // would click the window again.
-  constexpr int tries = 5;
+  constexpr int tries = 30;
   for (int k = 0; k < tries; ++k) {
     window_.activateWindow();
     if (gui::waitUntil([&] { return window_.isActiveWindow(); }, gui::kDeadline / tries)) return true;

@@ -161,7 +161,10 @@ class WholeSystem : public WindowTest {
     gui::press(model(), middleOf({3, row}));
     EXPECT_EQ(model().varMyState, stateMeanwhile);
     for (int i = 3; i < 12; ++i) paint({i, row});
-    if (stateMeanwhile == kRunning) waitForSweeps(3);
+    if (stateMeanwhile == kRunning)
+      waitForSweeps(3);
+    else
+      ASSERT_TRUE(loops_.waitForEnd()) << "the last attempt of a sweep may still write a site";
     for (int i = 11; i >= 3; --i) paint({i, row});
     EXPECT_EQ(model().varMyState, stateMeanwhile);
     loops_.during([&] { gui::release(model(), middleOf({3, row})); });

@@ -43,12 +43,13 @@ class Session {
   bool save(const QString& path) { return gui::choosePath(button("buttonSaveSystem"), path); }
   QStringList report() { return reportSystem(window_); }
 
-  /// At the slowest speed the wait after a sweep is long enough for a stop, so that each run makes one sweep.
+  /// At speed 0 the wait after a sweep has no end but the stop, so that each run makes one sweep.
   bool sweepByRunLoop(int count) {
     for (int sweeps = 1; sweeps <= count; ++sweeps) {
       RunLoopThreads loop;
       setSpeed(Qt::Key_Home);
       loop.during([this] { click("buttonRunModel"); });
+      model().setSimulationSpeed(0);
       if (loop.numStarted() != 1 || !gui::waitUntil([&] { return model().sweepsDone() == sweeps; }))
         return false;
       click("buttonStopModel");

@@ -77,7 +77,7 @@ TEST(OneSweep, IsMadeOnlyWhileTheModelIsStopped) {
 
 TEST(OneSweep, DoesNotRestartALoopThatIsStillInItsWait) {
   auto model = makeModel(2, 64, 64);
-  model->setSimulationSpeed(kSlowest);
+  model->setSimulationSpeed(kEndlessWait);
   std::atomic<bool> ended = false;
   std::thread loop([&] {
     model->runLatticeModel();

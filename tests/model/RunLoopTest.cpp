@@ -149,11 +149,11 @@ TEST(RunLoop, StoppingDuringASweepLeavesTheRestButStillUpdatesTheTrace) {
   EXPECT_TRUE(waitUntil([&] {
     model->setSimulationSpeed(kFastest);
     const auto before = model->sweepsDone();
-    ForeseenDraws draws;
+    const auto drawnBefore = processRandomSource.drawsMade();
     model->runLatticeModelInBackground();
     EXPECT_TRUE(waitUntil([&] { return model->sweepsDone() > before; }));
     model->endRunLoops();
-    const int drawn = draws.sinceLast();
+    const auto drawn = processRandomSource.drawsMade() - drawnBefore;
     const auto sweeps = model->sweepsDone() - before;
     const auto begun = (drawn + drawsOfASweep - 1) / drawsOfASweep;
     EXPECT_GE(sweeps, begun) << "a sweep that was left counts";
@@ -222,7 +222,7 @@ TEST(RunLoop, TwoLoopsAtOnceBothSweepAndBothEnd) {
 
 TEST(RunLoop, AnOldLoopGoesOnWhenTheStateIsRunningAgainBeforeItLooked) {
   auto model = std::make_unique<ThreadedModel>();
-  model->setSimulationSpeed(kSlowest);
+  model->setSimulationSpeed(kEndlessWait);
   model->runLatticeModelInBackground();
   ASSERT_TRUE(waitUntil([&] { return model->sweepsDone() == 1; })) << "now in its wait";
   model->varMyState = kPausedForPainting;
@@ -233,26 +233,23 @@ TEST(RunLoop, AnOldLoopGoesOnWhenTheStateIsRunningAgainBeforeItLooked) {
   EXPECT_TRUE(waitUntil([&] { return model->numLoopsSeen() == 2; }));
 }
 
-TEST(RunLoop, QuittingAtTheSlowestSpeedTakesNoLongerThanASweep) {
-  for (const int speed : {kSlowest, 1, 4, 0}) {
+// That these two end is what they show.
+TEST(RunLoop, QuittingEndsAWaitThatNothingElseEnds) {
+  for (const int speed : {1, kEndlessWait, 0}) {
     auto model = makeModel(2, 16, 16);
     model->setSimulationSpeed(speed);
     model->runLatticeModelInBackground();
     ASSERT_TRUE(waitUntil([&] { return model->sweepsDone() == 1; }));
-    const ProcessorTime used;
     model.reset();
-    EXPECT_LT(used.seconds(), 2.0) << "speed " << speed;
   }
 }
 
-TEST(RunLoop, QuittingRightAfterTheStartEndsWithoutTheWaitOfTheSlowestSpeed) {
+TEST(RunLoop, QuittingRightAfterTheStartEndsWithoutAWait) {
   for (int round = 0; round < 100; ++round) {
     auto model = makeModel(1, 2, 2);
-    model->setSimulationSpeed(kSlowest);
-    const ProcessorTime used;
+    model->setSimulationSpeed(kEndlessWait);
     model->runLatticeModelInBackground();
     model->endRunLoops();
-    ASSERT_LT(used.seconds(), 0.3) << "two thousand million passes take longer on any processor";
     ASSERT_LE(model->sweepsDone(), 1);
     ASSERT_EQ(model->varMyState, kStopped);
   }
@@ -260,7 +257,7 @@ TEST(RunLoop, QuittingRightAfterTheStartEndsWithoutTheWaitOfTheSlowestSpeed) {
 
 TEST(RunLoop, ANewSpeedTakesEffectWithinTheWait) {
   auto model = makeModel(1, 2, 2);
-  model->setSimulationSpeed(kSlowest);
+  model->setSimulationSpeed(kEndlessWait);
   model->runLatticeModelInBackground();
   ASSERT_TRUE(waitUntil([&] { return model->sweepsDone() == 1; }));
   model->setSimulationSpeed(kFastest);
@@ -269,7 +266,7 @@ TEST(RunLoop, ANewSpeedTakesEffectWithinTheWait) {
 
 TEST(RunLoop, ASpeedBelowFiveWaitsUntilTheSpeedChanges) {
   auto model = makeModel(1, 1, 1);
-  model->setSimulationSpeed(4);
+  model->setSimulationSpeed(kEndlessWait);
   model->runLatticeModelInBackground();
   ASSERT_TRUE(waitUntil([&] { return model->sweepsDone() == 1; }));
   EXPECT_FALSE(waitUntil([&] { return model->sweepsDone() > 1; }, std::chrono::seconds(1)));
@@ -277,7 +274,7 @@ TEST(RunLoop, ASpeedBelowFiveWaitsUntilTheSpeedChanges) {
   EXPECT_TRUE(waitUntil([&] { return model->sweepsDone() > 5; })) << "a negative speed gives no wait";
 }
 
-/// Measures the CPU time of its loop, which other load does not increase.
+/// Measures the CPU time of the first sweeps and waits of its loop, which other load does not increase.
 class TimedModel : public LatticeModel {
  public:
   TimedModel() {
@@ -285,10 +282,12 @@ class TimedModel : public LatticeModel {
     initializeLatticeModel(1, 1, 1);
   }
   ~TimedModel() override { endRunLoops(); }
+  static constexpr int kMeasured = 11;
   Relaxed<double> secondsUsed;
 
  protected:
   void requestRedrawFromRunLoop() override {
+    if (sweepsDone() > kMeasured) return;
     timespec used;
     ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &used);
     secondsUsed = static_cast<double>(used.tv_sec) + 1e-9 * static_cast<double>(used.tv_nsec);
@@ -301,7 +300,7 @@ TEST(RunLoop, TheWaitIsARealCountThatShrinksWithTheSpeed) {
     auto model = std::make_unique<TimedModel>();
     model->setSimulationSpeed(speed);
     model->runLatticeModelInBackground();
-    EXPECT_TRUE(waitUntil([&] { return model->sweepsDone() > 10; }));
+    EXPECT_TRUE(waitUntil([&] { return model->sweepsDone() >= TimedModel::kMeasured; }));
     model->endRunLoops();
     return model->secondsUsed.load();
   };
@@ -369,7 +368,7 @@ TEST(RunLoop, SweepsWithoutTracesObeyAStop) {
 TEST(RunLoop, RunningSweepsEqualsTheLoopsOwn) {
   // Both make the same number of draws per sweep, so a loop stopped in its wait has the state of runSweeps.
   auto model = makeModel(2, 30, 30);
-  model->setSimulationSpeed(kSlowest);
+  model->setSimulationSpeed(kEndlessWait);
   ForeseenDraws draws;
   model->runLatticeModelInBackground();
   ASSERT_TRUE(waitUntil([&] { return model->redrawsFromRunLoop == 1; }));

@@ -144,10 +144,13 @@ TEST(SharedUse, PaintingDuringSwapsOfFewTypesKeepsTheModelValid) {
     model->runLatticeModelInBackground();
     std::mt19937 random(5);
     const auto below = [&random](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
-    for (int stroke = 0; stroke < 3'000'000; ++stroke)
-      model->setSiteValue(below(32), below(32), below(stroke % 16 == 0 ? kMaxPixelTypes : numTypes));
+    // The loop may get its first turn late.
+    EXPECT_TRUE(waitUntil([&] {
+      for (int stroke = 0; stroke < 3'000'000; ++stroke)
+        model->setSiteValue(below(32), below(32), below(stroke % 16 == 0 ? kMaxPixelTypes : numTypes));
+      return model->sweepsDone() > 0;
+    }));
     model->endRunLoops();
-    EXPECT_GT(model->sweepsDone(), 0);
     expectTypesBelow(kMaxPixelTypes, *model);
   }
 }
@@ -161,7 +164,9 @@ TEST(SharedUse, RemakingAtOtherSizesDuringARunKeepsTheModelValid) {
   model->setInteractionParams(1, 1.0);
   std::mt19937 random(2);
   for (int round = 0; round < 200; ++round) {
+    const auto before = model->sweepsDone();
     model->runLatticeModelInBackground();
+    ASSERT_TRUE(waitUntil([&] { return model->sweepsDone() > before; }));
     const int imax = 1 + static_cast<int>(random() % 40);
     const int jmax = 1 + static_cast<int>(random() % 40);
     model->initializeLatticeModel(-1, imax, jmax);
@@ -178,7 +183,9 @@ TEST(SharedUse, RemakingWithOtherTypesDuringARunKeepsTheModelValid) {
   model->setRuleParam(0, 1.0);
   std::mt19937 random(3);
   for (int round = 0; round < 200; ++round) {
+    const auto before = model->sweepsDone();
     model->runLatticeModelInBackground();
+    ASSERT_TRUE(waitUntil([&] { return model->sweepsDone() > before; }));
     const int numTypes = 1 + static_cast<int>(random() % kMaxPixelTypes);
     model->initializeLatticeModel(numTypes, 16, 16);
     EXPECT_EQ(model->varMyState, kStopped);

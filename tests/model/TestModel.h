@@ -11,9 +11,10 @@ namespace quorvane {
 
 inline constexpr int kAny = kAnyPixelType;
 
-/// Speeds without and with a wait of seconds behind a sweep.
+/// Without a wait behind a sweep.
 inline constexpr int kFastest = 1'000'000'000;
-inline constexpr int kSlowest = 5;
+/// Counts to more than an int can hold: only a stop or another speed ends the wait.
+inline constexpr int kEndlessWait = 4;
 
 /// A model that counts redraw requests.
 class TestModel : public LatticeModel {

@@ -13,9 +13,10 @@
 
 namespace quorvane {
 
-/// Speeds without and with a wait of seconds behind a sweep.
+/// Without a wait behind a sweep.
 inline constexpr int kFastest = std::numeric_limits<int>::max();
-inline constexpr int kSlowest = 5;
+/// Counts to more than an int can hold: only a stop or another speed ends the wait.
+inline constexpr int kEndlessWait = 4;
 
 using SiteType = std::function<int(int i, int j)>;
 

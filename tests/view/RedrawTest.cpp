@@ -77,12 +77,13 @@ TEST(Redraw, ShowsWhatTheLastSweepOfARunLeft) {
   view->setSimulationSpeed(kFastest);
   view->makeNewRule("to red", kIrreversibleFlip, 0, 1);
   view->setRuleParam(0, 1.0);
+  view->makeNewRule("back", kIrreversibleFlip, 1, 0);
+  view->setRuleParam(1, 0.5);
   view->runLatticeModelInBackground();
-  ASSERT_TRUE(gui::waitUntil([&] {
-    const QColor shown = gui::screenOf(*view).pixelColor(55, 100 - 55);
-    return view->sweepsDone() > 50 && shown == QColor(Qt::red);
-  }));
-  view->stopLatticeModel();
+  ASSERT_TRUE(gui::waitUntil([&] { return view->sweepsDone() > 50; }));
+  view->endRunLoops();
+  const QImage last = gui::frameOf(*view);
+  EXPECT_TRUE(gui::waitUntil([&] { return bool(gui::samePixels(gui::screenOf(*view), last)); }));
 }
 
 TEST(Redraw, MergesTheRequestsOfALoopThatOutrunsTheScreen) {
@@ -125,23 +126,20 @@ TEST(Redraw, RequestedFromAViewThatIsGoneIsHarmless) {
   EXPECT_EQ(frames.count(), 0);
 }
 
-TEST(Redraw, RightAfterTheStartOfARunAtTheSlowestSpeedTheViewIsDestroyedQuickly) {
+// That these two end is what they show.
+TEST(Redraw, RightAfterTheStartOfARunWithoutAnEndOfItsWaitTheViewIsDestroyed) {
   auto view = settledView();
-  view->setSimulationSpeed(kSlowest);
+  view->setSimulationSpeed(kEndlessWait);
   view->runLatticeModelInBackground();
-  const ProcessorTime used;
   view.reset();
-  EXPECT_LT(used.seconds(), 1.0) << "the wait at this speed takes more";
 }
 
-TEST(Redraw, DuringTheWaitAtTheSlowestSpeedTheViewIsDestroyedQuickly) {
+TEST(Redraw, DuringAWaitWithoutAnEndTheViewIsDestroyed) {
   auto view = settledView();
-  view->setSimulationSpeed(kSlowest);
+  view->setSimulationSpeed(kEndlessWait);
   view->runLatticeModelInBackground();
   ASSERT_TRUE(waitBusyForSweeps(*view, 1));
-  const ProcessorTime used;
   view.reset();
-  EXPECT_LT(used.seconds(), 1.0) << "the wait at this speed takes more";
 }
 
 TEST(Drawing, WithoutAContextDoesNothing) {

@@ -13,7 +13,7 @@
 /// creates the application object with the surface format of the lattice view and runs GoogleTest.
 namespace quorvane::gui {
 
-inline constexpr std::chrono::milliseconds kDeadline{30'000};
+inline constexpr std::chrono::milliseconds kDeadline{60'000};
 
 /// Runs the event loop until the condition holds or the deadline passes; returns the last result of the
 /// condition.
