@@ -202,7 +202,7 @@ TEST_F(StudyProgram, KilledAtRandomMomentsGivesTheSameTables) {
   const std::string expected = expectedTables();
   const Orphans orphans;
   std::mt19937 source(3);
-  constexpr int kills = kSanitized ? 30 : 100;
+  constexpr int kills = kSanitized ? 20 : 100;
   constexpr unsigned shortest = 1000;
   unsigned longest = shortest;
   int killed = 0, finishedAfterKills = 0;
@@ -250,7 +250,7 @@ TEST_F(StudyProgram, AKilledWorkerCostsItsRunOnly) {
   const std::string expected = expectedTables();
   std::mt19937 source(8);
   int killed = 0;
-  for (int tries = 0; killed <= kMostKilledWorkers && tries < 100; ++tries) {
+  for (int tries = 0; killed <= kMostKilledWorkers && tries < 1000; ++tries) {
     results_ = folder_ / ("results-" + std::to_string(tries));
     Process process(QUORVANE_STUDY, runWords({"-j", "2"}));
     int killedHere = 0;
