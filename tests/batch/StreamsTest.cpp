@@ -46,18 +46,18 @@ TEST_F(Streams, ShowRowsDuringTheRun) {
   int ends[2];
   ASSERT_EQ(::pipe2(ends, O_CLOEXEC), 0);
   BatchProcess process(
-      // So few rows that a late reader, too, finds less than a block.
-      {document_, "--sweeps", kForever, "--every", "100000", "--populations", "-"}, "", ends[1]);
+      // So few rows that a late reader, too, finds less than a pipe takes.
+      {document_, "--sweeps", kForever, "--every", "5000", "--populations", "-"}, "", ends[1]);
   ::close(ends[1]);
   std::string rows;
-  char block[4096];
-  while (rows.find("\n300000,") == std::string::npos) {
+  char block[65536];
+  while (rows.find("\n15000,") == std::string::npos) {
     const ssize_t size = ::read(ends[0], block, sizeof block);
     ASSERT_GT(size, 0);
     rows.append(block, static_cast<std::size_t>(size));
     EXPECT_EQ(rows.back(), '\n');
   }
-  EXPECT_THAT(rows, StartsWith("sweep,\"Empty space\",\"Particle\"\n0,3,3\n100000,"));
+  EXPECT_THAT(rows, StartsWith("sweep,\"Empty space\",\"Particle\"\n0,3,3\n5000,"));
   // The reader closes the pipe.
   ::close(ends[0]);
   const Finished finished = process.wait();
