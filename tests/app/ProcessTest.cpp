@@ -6,6 +6,7 @@
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QTcpServer>
+#include <algorithm>
 
 #include "GuiSupport.h"
 #include "PrintText.h"
@@ -63,7 +64,15 @@ class ApplicationProcess : public ::testing::Test {
   void closeAndExpectASuccessfulEnd() {
     press("alt+F4");
     clock_.restart();
-    EXPECT_TRUE(gui::waitUntil([this] { return process_.state() == QProcess::NotRunning; }));
+    // A run that waits keeps a processor busy, so its time shows if the end of the wait was waited for.
+    // Unlike the clock it does not grow while others have the processors.
+    const double before = processorTime();
+    double used = 0.0;
+    EXPECT_TRUE(gui::waitUntil([&] {
+      used = std::max(used, processorTime() - before);
+      return process_.state() == QProcess::NotRunning;
+    }));
+    EXPECT_LT(used, 5.0);
     RecordProperty("milliseconds_to_exit", static_cast<int>(clock_.elapsed()));
     EXPECT_EQ(process_.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(process_.exitCode(), 0);
@@ -76,12 +85,15 @@ class ApplicationProcess : public ::testing::Test {
 };
 
 /// The messages of the application on standard error in an environment in which it cannot open its window. It
-/// must end by itself with status 1.
+/// must end by itself within ten seconds with status 1.
 QStringList linesOfAFailedStart(const QProcessEnvironment& environment) {
   QProcess process;
   process.setProcessEnvironment(environment);
+  QElapsedTimer clock;
+  clock.start();
   process.start(APPLICATION, {});
   EXPECT_TRUE(process.waitForFinished(30'000));
+  EXPECT_LT(clock.elapsed(), 10'000) << "a server that does not answer is given four seconds";
   EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
   EXPECT_EQ(process.exitCode(), 1);
   EXPECT_EQ(process.readAllStandardOutput(), QByteArray());
@@ -153,11 +165,11 @@ TEST(ApplicationStart, SaysInOneLineThatTheServerDoesNotAnswer) {
             QStringList("Quorvane needs a display: the X server of DISPLAY does not answer"));
 }
 
-TEST_F(ApplicationProcess, ShowsItsWindow) {
+TEST_F(ApplicationProcess, ShowsItsWindowSoonAfterItsStart) {
   std::printf("from the start of the process to its window: %lld ms\n",
               static_cast<long long>(millisecondsToWindow_));
   RecordProperty("milliseconds_to_window", static_cast<int>(millisecondsToWindow_));
-  EXPECT_EQ(process_.state(), QProcess::Running);
+  EXPECT_LT(millisecondsToWindow_, 10'000);
 }
 
 TEST_F(ApplicationProcess, EndsWithSuccessWhenItsWindowIsClosed) {

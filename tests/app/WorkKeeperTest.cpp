@@ -7,7 +7,6 @@
 #include "FilePanel.h"
 #include "KeptFolderSupport.h"
 #include "ProgramRun.h"
-#include "Waiting.h"
 #include "WindowTest.h"
 #include "app/DocumentPreview.h"
 #include "app/KeptFolder.h"
@@ -246,23 +245,20 @@ TEST_F(WorkKeeperTest, KeepingTheLargestLatticeTakesLessThanHalfASecond) {
   open(largest);
   window_->model().initializeLatticeModel(10, kMaxSide, kMaxSide);
   std::vector<qint64> microseconds;
-  double leastProcessorTime = 1e9;
   for (int i = 0; i < 10; ++i) {
     paintALine();
     model().setPixelField(0, i);
     QElapsedTimer clock;
     clock.start();
-    const ProcessorTime used;
     ASSERT_TRUE(keep());
     microseconds.push_back(clock.nsecsElapsed() / 1000);
-    leastProcessorTime = std::min(leastProcessorTime, used.seconds());
   }
   std::sort(microseconds.begin(), microseconds.end());
   std::printf("256 x 256 sites are kept in %lld us, the slowest time of ten in %lld us\n",
               static_cast<long long>(microseconds[5]), static_cast<long long>(microseconds[9]));
   RecordProperty("microseconds_to_keep", static_cast<int>(microseconds[5]));
-  // A frame takes 17 ms. Busy disks and processors are not what is tested.
-  EXPECT_LT(leastProcessorTime, 0.5);
+  // A frame takes 17 ms; busy disks need longer.
+  EXPECT_LT(microseconds[0], 500'000);
 }
 
 TEST_F(WorkKeeperTest, TheNextStartReportsTheCopyAndOpenBeginsThere) {

@@ -57,7 +57,7 @@ TEST(PartialFiles, AreNotLostToASweepAtTheMomentOfTheirCreation) {
     while (!done) sweepPartialFiles(folder / "file");
   });
   int lost = 0;
-  for (int time = 0; time < 200; ++time) {
+  for (int time = 0; time < 500; ++time) {
     GrowingFile file;
     if (file.open(folder / "file") || file.append("text") || file.finish()) ++lost;
   }

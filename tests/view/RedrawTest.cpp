@@ -48,6 +48,16 @@ std::unique_ptr<GraphicalLatticeModelGL> settledView() {
   return view;
 }
 
+/// Looks at the screen alone: to ask the view for a frame would draw one.
+bool showsItsSites(GraphicalLatticeModelGL& view) {
+  const QImage shown = gui::screenOf(view);
+  for (int i = 0; i < 10; ++i)
+    for (int j = 0; j < 10; ++j)
+      if (shown.pixelColor(10 * i + 5, 100 - (10 * j + 5)) != paletteColor(view.getSiteValue(i, j)))
+        return false;
+  return true;
+}
+
 TEST(Redraw, FollowsAChangeOfColour) {
   auto view = settledView();
   QSignalSpy frames(view.get(), &GraphicalLatticeModelGL::frameDrawn);
@@ -82,8 +92,7 @@ TEST(Redraw, ShowsWhatTheLastSweepOfARunLeft) {
   view->runLatticeModelInBackground();
   ASSERT_TRUE(gui::waitUntil([&] { return view->sweepsDone() > 50; }));
   view->endRunLoops();
-  const QImage last = gui::frameOf(*view);
-  EXPECT_TRUE(gui::waitUntil([&] { return bool(gui::samePixels(gui::screenOf(*view), last)); }));
+  EXPECT_TRUE(gui::waitUntil([&] { return showsItsSites(*view); }));
 }
 
 TEST(Redraw, MergesTheRequestsOfALoopThatOutrunsTheScreen) {
